@@ -1,0 +1,32 @@
+// Which classes there are and where their libraries lie. The loader asks it; tools list it.
+// Implementations answer on any thread and may throw std::bad_alloc.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/com/guid.h"
+
+namespace hx {
+
+struct ClassEntry {
+    CLSID clsid{};
+    std::wstring prog_id;                      // with version
+    std::wstring version_independent_prog_id;  // empty if it has none
+    std::wstring threading_model;              // empty if it does not say
+    std::wstring library;                      // absolute path
+};
+
+class IClassLookup {
+public:
+    virtual ~IClassLookup() = default;
+
+    virtual std::optional<ClassEntry> ByClsid(const CLSID& clsid) const = 0;
+    // Either form of the ProgID, in any case.
+    virtual std::optional<CLSID> ByProgId(std::wstring_view prog_id) const = 0;
+    virtual std::vector<ClassEntry> All() const = 0;
+};
+
+}  // namespace hx

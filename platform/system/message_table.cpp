@@ -1,0 +1,75 @@
+#include "platform/system/message_table.h"
+
+#include <atomic>
+
+namespace hx {
+namespace {
+
+struct Message {
+    HRESULT result;
+    const wchar_t* text;
+};
+
+constexpr Message messages[] = {
+    {S_OK, L"The operation completed successfully."},
+    {S_FALSE, L"Incorrect function."},
+    {E_UNEXPECTED, L"Catastrophic failure"},
+    {E_NOTIMPL, L"Not implemented"},
+    {E_NOINTERFACE, L"No such interface supported"},
+    {E_POINTER, L"Invalid pointer"},
+    {E_ABORT, L"Operation aborted"},
+    {E_FAIL, L"Unspecified error"},
+    {E_ACCESSDENIED, L"Access is denied."},
+    {E_HANDLE, L"The handle is invalid."},
+    {E_OUTOFMEMORY, L"Not enough memory resources are available to complete this operation."},
+    {E_INVALIDARG, L"The parameter is incorrect."},
+    {CLASS_E_NOAGGREGATION, L"Class does not support aggregation (or class object is remote)"},
+    {CLASS_E_CLASSNOTAVAILABLE, L"ClassFactory cannot supply requested class"},
+    {REGDB_E_CLASSNOTREG, L"Class not registered"},
+    {CO_E_CLASSSTRING, L"Invalid class string"},
+    {CO_E_DLLNOTFOUND, L"DLL for class not found"},
+    {CO_E_ERRORINDLL, L"Error in the DLL"},
+    {DISP_E_UNKNOWNINTERFACE, L"Unknown interface."},
+    {DISP_E_MEMBERNOTFOUND, L"Member not found."},
+    {DISP_E_PARAMNOTFOUND, L"Parameter not found."},
+    {DISP_E_TYPEMISMATCH, L"Type mismatch."},
+    {DISP_E_UNKNOWNNAME, L"Unknown name."},
+    {DISP_E_NONAMEDARGS, L"No named arguments."},
+    {DISP_E_BADVARTYPE, L"Bad variable type."},
+    {DISP_E_EXCEPTION, L"Exception occurred."},
+    {DISP_E_OVERFLOW, L"Out of present range."},
+    {DISP_E_BADINDEX, L"Invalid index."},
+    {DISP_E_UNKNOWNLCID, L"Unknown language."},
+    {DISP_E_ARRAYISLOCKED, L"Memory is locked."},
+    {DISP_E_BADPARAMCOUNT, L"Invalid number of parameters."},
+    {DISP_E_PARAMNOTOPTIONAL, L"Parameter not optional."},
+    {DISP_E_BADCALLEE, L"Invalid callee."},
+    {DISP_E_NOTACOLLECTION, L"Does not support a collection."},
+    {DISP_E_DIVBYZERO, L"Division by zero."},
+    {TYPE_E_REGISTRYACCESS, L"Error accessing the OLE registry."},
+    {TYPE_E_LIBNOTREGISTERED, L"Library not registered."},
+    {TYPE_E_ELEMENTNOTFOUND, L"Element not found."},
+    {TYPE_E_CANTLOADLIBRARY, L"Error loading type library/DLL."},
+};
+
+std::optional<std::wstring> FromTable(HRESULT result) {
+    for (const Message& message : messages) {
+        if (message.result == result) return message.text + std::wstring(L"\r\n");
+    }
+    return std::nullopt;
+}
+
+std::atomic<SystemMessageSource> g_source{nullptr};
+
+}  // namespace
+
+std::optional<std::wstring> SystemMessage(HRESULT result) {
+    const SystemMessageSource source = g_source.load();
+    return source ? source(result) : FromTable(result);
+}
+
+SystemMessageSource SetSystemMessageSource(SystemMessageSource source) {
+    return g_source.exchange(source);
+}
+
+}  // namespace hx

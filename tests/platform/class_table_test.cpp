@@ -1,0 +1,165 @@
+#include "platform/com/class_table.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <thread>
+
+HX_IID(IAnswer, "B0000000-0000-0000-0000-000000000001")
+struct IAnswer : IUnknown {
+    virtual int Value() = 0;
+};
+
+namespace {
+
+class Answer final : public hx::Implements<Answer, hx::FreeThreaded, IAnswer> {
+public:
+    int Value() override { return 42; }
+
+private:
+    hx::ModuleLock m_lock;
+};
+
+constexpr CLSID CLSID_Answer = hx::MakeGuid("B0000000-0000-0000-0000-0000000000A1");
+constexpr CLSID CLSID_Throwing = hx::MakeGuid("B0000000-0000-0000-0000-0000000000A2");
+constexpr CLSID CLSID_Missing = hx::MakeGuid("B0000000-0000-0000-0000-0000000000A3");
+
+HRESULT CreateThrowing(REFIID, void**) {
+    throw std::bad_alloc();
+}
+
+constexpr hx::ClassRow rows[] = {
+    {CLSID_Answer, L"Hx.Answer.1", L"Hx.Answer", L"Answer", L"Answers", L"Both", &hx::CreateObject<Answer>},
+    {CLSID_Throwing, L"Hx.Throwing.1", L"", L"Throwing", L"", L"Both", &CreateThrowing},
+};
+
+class ClassTable : public testing::Test {
+protected:
+    hx::ComPtr<IClassFactory> Factory(REFCLSID clsid) {
+        hx::ComPtr<IClassFactory> factory;
+        EXPECT_EQ(m_classes.GetClassObject(clsid, IID_IClassFactory, factory.put_void()), S_OK);
+        return factory;
+    }
+    // Every test leaves the module idle.
+    void TearDown() override { EXPECT_EQ(m_classes.CanUnloadNow(), S_OK); }
+
+    hx::ModuleClasses m_classes{rows};
+};
+
+TEST_F(ClassTable, CreatesObjects) {
+    hx::ComPtr<IAnswer> answer;
+    EXPECT_EQ(Factory(CLSID_Answer)->CreateInstance(nullptr, IID_IAnswer, answer.put_void()), S_OK);
+    EXPECT_EQ(answer->Value(), 42);
+}
+
+TEST_F(ClassTable, AnswersWithFixedCodes) {
+    struct Row {
+        const char* what;
+        const CLSID& clsid;
+        const IID& iid;
+        HRESULT result;
+    };
+    const Row cases[] = {
+        {"factory", CLSID_Answer, IID_IClassFactory, S_OK},
+        {"factory's identity", CLSID_Answer, IID_IUnknown, S_OK},
+        {"unknown class", CLSID_Missing, IID_IClassFactory, CLASS_E_CLASSNOTAVAILABLE},
+        {"interface that only the object has", CLSID_Answer, IID_IAnswer, CLASS_E_CLASSNOTAVAILABLE},
+    };
+    for (const Row& row : cases) {
+        void* out = &m_classes;
+        EXPECT_EQ(m_classes.GetClassObject(row.clsid, row.iid, &out), row.result) << row.what;
+        EXPECT_EQ(out != nullptr, SUCCEEDED(row.result)) << row.what;
+        hx::ComPtr<IUnknown> owner;
+        owner.attach(static_cast<IUnknown*>(out));
+    }
+    EXPECT_EQ(m_classes.GetClassObject(CLSID_Answer, IID_IClassFactory, nullptr), E_POINTER);
+}
+
+TEST_F(ClassTable, CreationFailsCleanly) {
+    const auto factory = Factory(CLSID_Answer);
+    const auto throwing = Factory(CLSID_Throwing);
+    struct Row {
+        const char* what;
+        IClassFactory* factory;
+        IUnknown* outer;
+        const IID& iid;
+        HRESULT result;
+    };
+    const Row cases[] = {
+        {"aggregation", factory.get(), factory.get(), IID_IUnknown, CLASS_E_NOAGGREGATION},
+        {"missing interface", factory.get(), nullptr, IID_IClassFactory, E_NOINTERFACE},
+        {"exception", throwing.get(), nullptr, IID_IUnknown, E_OUTOFMEMORY},
+    };
+    for (const Row& row : cases) {
+        void* out = &m_classes;
+        EXPECT_EQ(row.factory->CreateInstance(row.outer, row.iid, &out), row.result) << row.what;
+        EXPECT_EQ(out, nullptr) << row.what;
+    }
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IAnswer, nullptr), E_POINTER);
+    EXPECT_EQ(factory->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
+}
+
+TEST_F(ClassTable, KeepsOneFactoryPerClass) {
+    EXPECT_EQ(Factory(CLSID_Answer), Factory(CLSID_Answer));
+    EXPECT_FALSE(Factory(CLSID_Answer) == Factory(CLSID_Throwing));
+    const auto factory = Factory(CLSID_Answer);
+    EXPECT_EQ(factory.as<IUnknown>().as<IClassFactory>(), factory);
+    EXPECT_FALSE(factory.as<IAnswer>());
+}
+
+TEST_F(ClassTable, IsBusyWhileAnythingOfItIsHeld) {
+    EXPECT_EQ(m_classes.CanUnloadNow(), S_OK);
+    hx::ComPtr<IClassFactory> factory = Factory(CLSID_Answer);
+    EXPECT_EQ(m_classes.CanUnloadNow(), S_FALSE) << "a factory is held";
+    hx::ComPtr<IAnswer> answer;
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IAnswer, answer.put_void()), S_OK);
+    factory.reset();
+    EXPECT_EQ(m_classes.CanUnloadNow(), S_FALSE) << "an object is held";
+    answer.reset();
+    EXPECT_EQ(m_classes.CanUnloadNow(), S_OK) << "the table's own factory does not count";
+}
+
+TEST_F(ClassTable, ServerLocksComeInPairs) {
+    const auto lock = [this](BOOL on) { return Factory(CLSID_Answer)->LockServer(on); };
+    EXPECT_EQ(lock(FALSE), E_UNEXPECTED);
+    EXPECT_EQ(lock(TRUE), S_OK);
+    EXPECT_EQ(lock(TRUE), S_OK);
+    EXPECT_EQ(lock(FALSE), S_OK);
+    EXPECT_EQ(m_classes.CanUnloadNow(), S_FALSE);
+    EXPECT_EQ(lock(FALSE), S_OK);
+    EXPECT_EQ(m_classes.CanUnloadNow(), S_OK);
+}
+
+TEST_F(ClassTable, ALockCopiedIsALockMore) {
+    auto first = std::make_unique<hx::ModuleLock>();
+    auto second = std::make_unique<hx::ModuleLock>(*first);
+    *second = *first;
+    first.reset();
+    EXPECT_EQ(m_classes.CanUnloadNow(), S_FALSE);
+    second.reset();
+    EXPECT_EQ(m_classes.CanUnloadNow(), S_OK);
+}
+
+TEST_F(ClassTable, AFactoryHeldOutlivesTheTable) {
+    auto classes = std::make_unique<hx::ModuleClasses>(rows);
+    hx::ComPtr<IClassFactory> factory;
+    EXPECT_EQ(classes->GetClassObject(CLSID_Answer, IID_IClassFactory, factory.put_void()), S_OK);
+    classes.reset();
+    hx::ComPtr<IAnswer> answer;
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IAnswer, answer.put_void()), S_OK);
+}
+
+TEST_F(ClassTable, ServesThreadsAtOnce) {
+    const auto churn = [this] {
+        for (int i = 0; i < 2000; ++i) {
+            hx::ComPtr<IUnknown> object;
+            const auto factory = Factory(CLSID_Answer);
+            EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, object.put_void()), S_OK);
+        }
+    };
+    std::thread other(churn);
+    churn();
+    other.join();
+}
+
+}  // namespace
