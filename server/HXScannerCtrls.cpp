@@ -1,0 +1,34 @@
+// The library's entry points and its class table: one row per component class, from which the class objects,
+// the listing and the tests of all classes follow.
+#include "hxapi/HXScannerCtrlsClasses.h"
+#include "platform/com/class_table.h"
+#include "server/CCoMHXConnSettings.h"
+#include "server/CCoMHXSettingsFactory.h"
+
+namespace {
+
+constexpr hx::ClassRow kClasses[] = {
+    {CLSID_CoMHXSettingsFactory, kProgIdHXSettingsFactory, L"Orvel.HXScannerCtrls.HXSettingsFactory",
+     L"CoMHXSettingsFactory", L"CoMHXSettingsFactory Class", L"Both",
+     &hx::CreateObject<hx::CCoMHXSettingsFactory>},
+    {CLSID_CoMHXConnSettings, kProgIdHXConnSettings, L"Orvel.HXScannerCtrls.HXConnSettings",
+     L"CoMHXConnSettings", L"CoMHXConnSettings Class", L"", &hx::CreateObject<hx::CCoMHXConnSettings>},
+};
+
+hx::ModuleClasses& Classes() {
+    static hx::ModuleClasses classes(kClasses);
+    return classes;
+}
+
+}  // namespace
+
+// A class factory of this library, [caller owns]. Any thread. CLASS_E_CLASSNOTAVAILABLE for a class that is
+// not here or an interface that its factory lacks; E_POINTER.
+STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
+    return Classes().GetClassObject(clsid, iid, object);
+}
+
+// S_OK when nothing of this library is alive any more, else S_FALSE. Any thread.
+STDAPI DllCanUnloadNow() {
+    return Classes().CanUnloadNow();
+}

@@ -1,0 +1,85 @@
+// The order in which interfaces list their operations: modules that were compiled years apart rely on it.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "core/errors/MErrorCom.h"
+#include "core/filer/IInFilerTagged.h"
+#include "core/filer/IOutFilerTagged.h"
+#include "hxapi/ICoMHXConnSettings.h"
+#include "hxapi/IProfileSettingsFactory.h"
+#include "settings/MHXConnectionSettings.h"
+
+namespace {
+
+// Index of a virtual method in its vtable. A pointer to a virtual member holds its offset, plus one.
+template <class Method>
+size_t SlotOf(Method method) {
+    size_t offset = 0;
+    std::memcpy(&offset, &method, sizeof offset);
+    return (offset - 1) / sizeof(void*);
+}
+
+// A destructor fills two slots here, so that what it is listed as slot 1 stands in slots 0 and 1.
+constexpr size_t kBehindDestructor = 2;
+
+template <class Value, class Fallback = Value>
+size_t ReadSlot() {
+    using Read = bool (hx::IInFilerTagged::*)(std::wstring_view, Value&, Fallback);
+    return SlotOf(static_cast<Read>(&hx::IInFilerTagged::Read));
+}
+
+template <class Value>
+size_t WriteSlot() {
+    using Write = bool (hx::IOutFilerTagged::*)(std::wstring_view, Value);
+    return SlotOf(static_cast<Write>(&hx::IOutFilerTagged::Write));
+}
+
+void ExpectConsecutive(const std::vector<size_t>& slots, size_t first) {
+    for (size_t i = 0; i < slots.size(); ++i) EXPECT_EQ(slots[i], first + i) << "operation " << i;
+}
+
+TEST(InterfaceOrder, InputFiler) {
+    ExpectConsecutive({ReadSlot<std::wstring, const std::wstring&>(), ReadSlot<char>(), ReadSlot<double>(),
+                       ReadSlot<float>(), ReadSlot<bool>(), ReadSlot<uint8_t>(), ReadSlot<uint16_t>(),
+                       ReadSlot<int16_t>(), ReadSlot<uint64_t>(), ReadSlot<uint32_t>(), ReadSlot<int32_t>(),
+                       SlotOf(&hx::IInFilerTagged::BeginGroup), SlotOf(&hx::IInFilerTagged::EndGroup),
+                       SlotOf(&hx::IInFilerTagged::ExtractGroup)},
+                      kBehindDestructor);
+}
+
+TEST(InterfaceOrder, OutputFiler) {
+    ExpectConsecutive(
+        {WriteSlot<char>(), WriteSlot<std::wstring_view>(), WriteSlot<double>(), WriteSlot<float>(),
+         WriteSlot<bool>(), WriteSlot<uint8_t>(), WriteSlot<uint16_t>(), WriteSlot<int16_t>(),
+         WriteSlot<uint64_t>(), WriteSlot<uint32_t>(), WriteSlot<int32_t>(),
+         SlotOf(&hx::IOutFilerTagged::AddComment), SlotOf(&hx::IOutFilerTagged::BeginGroup),
+         SlotOf(&hx::IOutFilerTagged::EndGroup), SlotOf(&hx::IOutFilerTagged::InsertDocument)},
+        kBehindDestructor);
+}
+
+TEST(InterfaceOrder, Errors) {
+    ExpectConsecutive(
+        {SlotOf(&hx::MDynObject::GetDynClass), SlotOf(&hx::MDynObject::OnDynObject),
+         SlotOf(&hx::MDynObject::Clone), SlotOf(&hx::MDynObject::CreateNew), SlotOf(&hx::MError::Read),
+         SlotOf(&hx::MError::Write), SlotOf(&hx::MError::GetMessage), SlotOf(&hx::MError::GetDescription)},
+        kBehindDestructor);
+}
+
+TEST(InterfaceOrder, RecordsAndComponentInterfaces) {
+    using hx::MHXConnectionSettings;
+    ExpectConsecutive(
+        {SlotOf(&MHXConnectionSettings::ReadTagged), SlotOf(&MHXConnectionSettings::WriteTagged)}, 0);
+    constexpr size_t kBehindUnknown = 3;
+    ExpectConsecutive(
+        {SlotOf(&IXmlBstrSerializable::ReadXmlBstr), SlotOf(&IXmlBstrSerializable::WriteXmlBstr)},
+        kBehindUnknown);
+    EXPECT_EQ(SlotOf(&IProfileSettingsFactory::CreateSettingsObject), kBehindUnknown);
+    static_assert(sizeof(ICoMHXConnSettings) == sizeof(void*) &&
+                  sizeof(IXmlBstrSerializable) == sizeof(void*));
+    static_assert(!std::has_virtual_destructor_v<IXmlBstrSerializable> &&
+                  !std::has_virtual_destructor_v<IProfileSettingsFactory> &&
+                  !std::has_virtual_destructor_v<MHXConnectionSettings>);
+}
+
+}  // namespace
