@@ -1,0 +1,59 @@
+// What every command of hxctl is made of: it is given its arguments, and answers with an outcome that main
+// prints.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/com/hresult.h"
+
+namespace hxctl {
+
+// Exit codes of the tool.
+enum Exit : int { kDone = 0, kRefused = 1, kUsage = 2 };
+
+struct Outcome {
+    int exit = kDone;
+    std::string output;  // to standard output, as it is
+    std::string reason;  // to standard error; why the exit is not kDone
+};
+
+inline Outcome Refused(std::string reason, std::string output = {}) {
+    return {kRefused, std::move(output), std::move(reason)};
+}
+
+// A text file as wide text. "-" is standard input. Without a value `reason` says why.
+std::optional<std::wstring> ReadTextFile(const std::string& path, std::string& reason);
+
+// "0x80004005".
+std::string HexResult(HRESULT result);
+// "E_FAIL (0x80004005)".
+std::string NamedResult(HRESULT result);
+
+// hxctl xml FILE [--tree]
+Outcome RunXml(const std::string& file, bool tree, bool json);
+
+// hxctl settings new|check|convert --type N [FILE]; without a file the text is a null string.
+struct SettingsRequest {
+    int type = 0;
+    std::optional<std::string> file;
+    bool read = false;   // check, convert
+    bool write = false;  // new, convert
+};
+Outcome RunSettings(const SettingsRequest& request, bool json);
+
+// hxctl exception FILE
+Outcome RunException(const std::string& file, bool json);
+
+// hxctl inspect FILE [--record CLASS] [--element NAME] [--rewrite] [--defaults FILE]
+struct InspectRequest {
+    std::string file;
+    std::string record = "MHXConnectionSettings";
+    std::string element;   // empty: the record's own
+    std::string defaults;  // empty: the record's own defaults
+    bool rewrite = false;
+};
+Outcome RunInspect(const InspectRequest& request, bool json);
+
+}  // namespace hxctl

@@ -1,0 +1,113 @@
+// hxctl: everything that the library does, from a terminal. Exit 0 done, 1 refused or failed (the reason goes
+// to standard error), 2 usage.
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "apps/hxctl/command.h"
+
+namespace {
+
+using hxctl::Outcome;
+
+// The sub-commands; each leaves in `run` what is to be done.
+class Commands {
+public:
+    explicit Commands(CLI::App& app) {
+        app.require_subcommand(1);
+        AddXml(app);
+        AddSettings(app);
+        AddInspect(app);
+        AddException(app);
+        for (CLI::App* command : app.get_subcommands({})) AddJson(*command);
+    }
+
+    Outcome Run() const { return m_run(); }
+
+private:
+    static constexpr const char* kFileHelp = "a text file, UTF-8 or UTF-16; - is standard input";
+
+    void AddJson(CLI::App& command) {
+        command.add_flag("--json", m_json, "one JSON document");
+        for (CLI::App* inner : command.get_subcommands({})) AddJson(*inner);
+    }
+
+    void AddXml(CLI::App& app) {
+        CLI::App* xml = app.add_subcommand("xml", "well-formed, or what is wrong; the element tree");
+        xml->add_option("FILE", m_inspect.file, kFileHelp)->required();
+        xml->add_flag("--tree", m_tree, "every element: depth, name, attributes, text");
+        xml->callback([this] { m_run = [this] { return hxctl::RunXml(m_inspect.file, m_tree, m_json); }; });
+    }
+
+    void AddSettings(CLI::App& app) {
+        CLI::App* settings =
+            app.add_subcommand("settings", "a settings object, through the component library");
+        settings->require_subcommand(1);
+        AddSettingsAction(*settings, "new", "the text of a new object", false, true);
+        AddSettingsAction(*settings, "check", "reads a text and tells the result code", true, false);
+        AddSettingsAction(*settings, "convert", "reads a text and writes it again", true, true);
+    }
+
+    void AddSettingsAction(CLI::App& settings, const char* name, const char* help, bool read, bool write) {
+        CLI::App* action = settings.add_subcommand(name, help);
+        action->add_option("--type", m_settings.type, "257 connection settings, 258 measurement settings")
+            ->required();
+        if (read)
+            action->add_option("FILE", m_settings.file,
+                               "as above; left out: a null string, that is, defaults");
+        action->callback([this, read, write] {
+            m_settings.read = read;
+            m_settings.write = write;
+            m_run = [this] { return hxctl::RunSettings(m_settings, m_json); };
+        });
+    }
+
+    void AddInspect(CLI::App& app) {
+        CLI::App* inspect = app.add_subcommand("inspect", "one record of a document: all fields, as JSON");
+        inspect->add_option("FILE", m_inspect.file, kFileHelp)->required();
+        inspect->add_option("--record", m_inspect.record, "the record's class")->capture_default_str();
+        inspect->add_option("--element", m_inspect.element,
+                            "the element that holds it; left out: the class's own");
+        inspect->add_flag("--rewrite", m_inspect.rewrite, "prints the document that the record writes");
+        inspect->add_option("--defaults", m_inspect.defaults,
+                            "a document with the record that defaults come from");
+        inspect->callback([this] { m_run = [this] { return hxctl::RunInspect(m_inspect, m_json); }; });
+    }
+
+    void AddException(CLI::App& app) {
+        CLI::App* exception = app.add_subcommand("exception", "the error codes of a chain document");
+        exception->add_option("FILE", m_inspect.file, kFileHelp)->required();
+        exception->callback(
+            [this] { m_run = [this] { return hxctl::RunException(m_inspect.file, m_json); }; });
+    }
+
+    std::function<Outcome()> m_run;
+    hxctl::SettingsRequest m_settings;
+    hxctl::InspectRequest m_inspect;
+    bool m_tree = false;
+    bool m_json = false;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("Settings, documents and pages of HXScannerCtrls", "hxctl");
+    Commands commands(app);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        return app.exit(success);
+    } catch (const CLI::ParseError& error) {
+        app.exit(error);
+        return hxctl::kUsage;
+    }
+    try {
+        const Outcome outcome = commands.Run();
+        std::cout << outcome.output << std::flush;
+        if (!outcome.reason.empty()) std::cerr << "hxctl: " << outcome.reason << '\n';
+        if (std::cout) return outcome.exit;
+        std::cerr << "hxctl: standard output cannot be written\n";
+    } catch (const std::exception& error) {
+        std::cerr << "hxctl: " << error.what() << '\n';
+    }
+    return hxctl::kRefused;
+}

@@ -1,0 +1,70 @@
+// hxctl settings: a settings object as the scanner API uses it, created through the component library.
+#include <nlohmann/json.hpp>
+
+#include "apps/hxctl/command.h"
+#include "hxapi/HXScannerCtrlsClasses.h"
+#include "hxapi/IProfileSettingsFactory.h"
+#include "platform/com/comptr.h"
+#include "platform/com/loader.h"
+#include "platform/system/utf8.h"
+
+namespace hxctl {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+struct Answer {
+    const char* operation;
+    HRESULT result;
+};
+
+Answer Exchange(const SettingsRequest& request, const hx::Bstr& text, hx::Bstr& written) {
+    CLSID clsid;
+    Answer answer{"CLSIDFromProgID", CLSIDFromProgID(kProgIdHXSettingsFactory, &clsid)};
+    if (FAILED(answer.result)) return answer;
+    hx::ComPtr<IProfileSettingsFactory> factory;
+    answer = {"CoCreateInstance",
+              CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, hx::uuid_of<IProfileSettingsFactory>(),
+                               factory.put_void())};
+    if (FAILED(answer.result)) return answer;
+    hx::ComPtr<IXmlBstrSerializable> settings;
+    answer = {"CreateSettingsObject",
+              factory->CreateSettingsObject(static_cast<ProfileSettingsType>(request.type), settings.put())};
+    if (FAILED(answer.result)) return answer;
+    if (request.read) answer = {"ReadXmlBstr", settings->ReadXmlBstr(text.get())};
+    if (FAILED(answer.result) || !request.write) return answer;
+    return {"WriteXmlBstr", settings->WriteXmlBstr(written.put())};
+}
+
+}  // namespace
+
+Outcome RunSettings(const SettingsRequest& request, bool json) {
+    Outcome outcome;
+    hx::Bstr text;
+    if (request.file) {
+        const auto read = ReadTextFile(*request.file, outcome.reason);
+        if (!read) return Refused(outcome.reason);
+        text = hx::Bstr(*read);
+    }
+    hx::Bstr written;
+    const Answer answer = Exchange(request, text, written);
+    CoFreeUnusedLibraries();
+
+    if (FAILED(answer.result)) {
+        outcome = Refused(std::string(answer.operation) + " answered " + NamedResult(answer.result));
+    }
+    if (json) {
+        Json document = {{"operation", answer.operation},
+                         {"hresult", HexResult(answer.result)},
+                         {"name", std::string(hx::HresultName(answer.result))}};
+        if (!written.is_null()) document["document"] = hx::ToUtf8(written.view());
+        outcome.output = document.dump() + "\n";
+    } else if (request.write) {
+        outcome.output = hx::ToUtf8(written.view());
+    } else {
+        outcome.output = HexResult(answer.result) + " " + std::string(hx::HresultName(answer.result)) + "\n";
+    }
+    return outcome;
+}
+
+}  // namespace hxctl

@@ -1,0 +1,134 @@
+#!/usr/bin/env bash
+# The one script of this tree. On a bare Debian 12 it installs what is missing, configures, builds and runs.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+usage() {
+    cat <<'TEXT'
+usage: ./hx COMMAND
+  demo                     the main job, end to end
+  test [PRESET...]         builds and runs all tests; PRESET: release (if left out), debug, asan, tsan
+  bench [ARGS...]          compares speed with other libraries and prints ratios; --markdown FILE writes the tables
+  fuzz TARGET [SECONDS]    feeds a target with arbitrary input (600 s if left out); TARGET: xml_document,
+                           tagged_reader, tagged_optional_reader
+  lint                     clang-format and clang-tidy over the whole tree
+  ctl ARGS...              runs hxctl
+TEXT
+}
+
+TOOLS=(g++ cmake ninja-build)
+LIBRARIES=(libcli11-dev nlohmann-json3-dev)
+TESTING=(libgtest-dev librapidcheck-dev binutils)
+BENCHING=(libpugixml-dev libtinyxml2-dev libexpat1-dev libxml2-dev libcereal-dev libboost-dev)
+FUZZING=(clang libclang-rt-14-dev)
+LINTING=(clang-format clang-tidy git)
+
+# Installs those of the given packages that are missing, and says so.
+need() {
+    local missing=() package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || { echo "hx: missing: ${missing[*]}; install them, or sudo" >&2; exit 1; }
+        as_root=(sudo)
+    fi
+    echo "hx: installing ${missing[*]}" >&2
+    "${as_root[@]}" apt-get update -q >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -qy --no-install-recommends "${missing[@]}" >&2
+}
+
+# build PRESET [TARGET...]; what the build prints goes to standard error, and nothing if nothing is to be done.
+build() {
+    local folder=build/$1
+    [ -f "$folder/build.ninja" ] || cmake --preset "$1" >&2
+    shift
+    ninja -C "$folder" -n "$@" | grep -q 'no work to do' || ninja -C "$folder" "$@" >&2
+}
+
+hxctl() { build/release/bin/hxctl "$@"; }
+
+run_demo() {
+    need "${TOOLS[@]}" "${LIBRARIES[@]}"
+    configure_without_tests release
+    build release hxctl HXScannerCtrls
+    local examples=docs/examples step=0
+    say() { step=$((step + 1)); printf '\n%s. %s\n' "$step" "$1"; }
+    say "A new connection settings object, created through HXScannerCtrls.so, and its text:"
+    hxctl settings new --type 257
+    local version
+    for version in 0 1 2; do
+        say "A document of version $version ($examples/connection_version_$version.xml), read and written again:"
+        hxctl settings convert --type 257 "$examples/connection_version_$version.xml"
+    done
+    local refused
+    for refused in bad_server_ip newer_version not_xml; do
+        say "A document that is refused ($examples/refused_$refused.xml):"
+        hxctl settings check --type 257 "$examples/refused_$refused.xml" && exit 1
+        hxctl xml "$examples/refused_$refused.xml" || true
+    done
+    say "A null text resets the object:"
+    hxctl settings check --type 257
+    say "What a chain of errors says, newest first:"
+    hxctl exception "$examples/exception_chain.xml"
+}
+
+# The demo alone needs no test framework; a tree that was configured with it keeps it.
+configure_without_tests() {
+    [ -f "build/$1/build.ninja" ] || cmake --preset "$1" -DHX_TESTS=OFF >&2
+}
+
+run_tests() {
+    need "${TOOLS[@]}" "${LIBRARIES[@]}" "${TESTING[@]}"
+    [ $# -gt 0 ] || set -- release
+    local preset
+    for preset in "$@"; do
+        cmake --preset "$preset" -DHX_TESTS=ON >&2
+        build "$preset"
+        ctest --test-dir "build/$preset" --output-on-failure -j "$(nproc)"
+    done
+}
+
+run_fuzz() {
+    [ $# -ge 1 ] || { usage >&2; exit 2; }
+    need "${TOOLS[@]}" "${LIBRARIES[@]}" "${FUZZING[@]}"
+    build fuzz "fuzz_$1"
+    mkdir -p "build/fuzz/corpus/$1"
+    "build/fuzz/bin/fuzz_$1" -max_total_time="${2:-600}" -timeout=20 -dict=fuzz/xml.dict \
+        -artifact_prefix="build/fuzz/$1-" "build/fuzz/corpus/$1" "fuzz/inputs/$1"
+}
+
+run_lint() {
+    need "${TOOLS[@]}" "${LIBRARIES[@]}" "${FUZZING[@]}" "${LINTING[@]}"
+    git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror
+    # The preset that builds with clang knows no flag that clang-tidy does not.
+    cmake --preset fuzz >&2
+    git ls-files '*.cpp' | grep -vE '^(bench|fuzz|tests)/' | xargs -P "$(nproc)" -n 1 clang-tidy --quiet -p build/fuzz
+}
+
+command=${1:-}
+[ $# -eq 0 ] || shift
+case "$command" in
+    demo) run_demo ;;
+    test) run_tests "$@" ;;
+    bench)
+        need "${TOOLS[@]}" "${LIBRARIES[@]}" "${BENCHING[@]}"
+        build bench hxbench
+        build/bench/bin/hxbench "$@"
+        ;;
+    fuzz) run_fuzz "$@" ;;
+    lint) run_lint ;;
+    ctl)
+        need "${TOOLS[@]}" "${LIBRARIES[@]}"
+        configure_without_tests release
+        build release hxctl HXScannerCtrls
+        hxctl "$@"
+        ;;
+    help | --help | -h) usage ;;
+    *)
+        usage >&2
+        exit 2
+        ;;
+esac

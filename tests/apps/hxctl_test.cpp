@@ -1,0 +1,225 @@
+// The tool as a person runs it: arguments and input in, output, reason and exit code out.
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace {
+
+using namespace std::string_literals;
+
+class Hxctl : public testing::Test {
+protected:
+    struct Answer {
+        int exit;
+        std::string out;
+        std::string err;
+    };
+
+    void SetUp() override {
+        std::string pattern = (std::filesystem::temp_directory_path() / "hxctl_XXXXXX").string();
+        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+        m_folder = pattern;
+    }
+    void TearDown() override { std::filesystem::remove_all(m_folder); }
+
+    void Write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(m_folder / name, std::ios::binary) << bytes;
+    }
+    std::string Read(const std::string& name) const {
+        std::ifstream file(m_folder / name, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+
+    // Runs the tool in the folder, with `input` as its standard input.
+    Answer Run(const std::string& arguments, const std::string& input = {}) const {
+        Write("stdin", input);
+        const std::string command = "cd '" + m_folder.string() + "' && '" + HX_BIN_DIR + "/hxctl' " +
+                                    arguments + " <stdin >stdout 2>stderr";
+        const int status = std::system(command.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Read("stdout"), Read("stderr")};
+    }
+
+    struct Row {
+        const char* arguments;
+        std::string input;
+        int exit;
+        std::string out;
+        std::string err;
+    };
+    template <size_t N>
+    void Check(const Row (&rows)[N]) const {
+        for (const Row& row : rows) {
+            SCOPED_TRACE(row.arguments + " < "s + row.input);
+            const Answer answer = Run(row.arguments, row.input);
+            EXPECT_EQ(answer.exit, row.exit);
+            EXPECT_EQ(answer.out, row.out);
+            EXPECT_EQ(answer.err, row.err);
+        }
+    }
+
+    std::filesystem::path m_folder;
+};
+
+std::string Document(const std::string& server, char proxy, char wifi) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<MFilerTaggedXml>\n<HXConnectionSettings>\n"
+           "<Version type=\"int\">2</Version>\n<ServerIP type=\"string\">" +
+           server + "</ServerIP>\n<IsProxy type=\"bool\">" + proxy +
+           "</IsProxy>\n<WiFiConnection type=\"bool\">" + wifi +
+           "</WiFiConnection>\n</HXConnectionSettings>\n</MFilerTaggedXml>\n";
+}
+
+const std::string kDefaults = Document("192.168.178.10", '1', '0');
+const std::string kVersion1 =
+    "<MFilerTaggedXml><HXConnectionSettings><Version type='int'>1</Version><ServerIP "
+    "type='string'>\xC3\xA4</ServerIP>"
+    "</HXConnectionSettings></MFilerTaggedXml>";
+
+TEST_F(Hxctl, SaysWhetherADocumentIsWellFormed) {
+    Write("good.xml", "\xEF\xBB\xBF<a/>");
+    Write("utf16.xml", "\xFF\xFE<\0a\0/\0>\0"s);
+    Write("bytes.xml", "<a>\xFF</a>");
+    Write("empty.xml", "");
+    Check({
+        {"xml good.xml", "", 0, "well-formed\n", ""},
+        {"xml utf16.xml", "", 0, "well-formed\n", ""},
+        {"xml -", "<a>", 1, "", "hxctl: -: Element 'a' at offset 0 not ended\n"},
+        {"xml empty.xml", "", 1, "", "hxctl: empty.xml: Empty document\n"},
+        {"xml missing.xml", "", 1, "", "hxctl: missing.xml: No such file or directory\n"},
+        {"xml .", "", 1, "", "hxctl: .: Is a directory\n"},
+        {"xml bytes.xml", "", 1, "", "hxctl: bytes.xml: no UTF-8 or UTF-16 text, at byte 3\n"},
+        {"xml - --tree", "<a b='1' b='2' c='&quot;' d><\xC3\xA4>t\n</\xC3\xA4>u</a>", 0,
+         "well-formed\n0 a b=\"1\" c=\"\\\"\" d=\"\" \"u\"\n1 \xC3\xA4 \"t\\n\"\n", ""},
+        {"xml --tree -", "<a><b></a>", 1, "0 a \"\"\n1 b \"\"\n",
+         "hxctl: -: Element 'b' at offset 3 not ended\n"},
+        {"xml - --json", "<a/><b/>", 1, "{\"wellFormed\":false,\"error\":\"Root element has sibling\"}\n",
+         "hxctl: -: Root element has sibling\n"},
+        {"xml - --json --tree", "<a b='1'><c/></a>", 0,
+         "{\"wellFormed\":true,\"error\":\"\",\"tree\":["
+         "{\"name\":\"a\",\"depth\":0,\"attributes\":{\"b\":\"1\"},\"text\":\"\"},\n"
+         "{\"name\":\"c\",\"depth\":1,\"attributes\":{},\"text\":\"\"}]}\n",
+         ""},
+        {"xml - --json --tree", "x", 1, "{\"wellFormed\":false,\"error\":\"No root element\",\"tree\":[]}\n",
+         "hxctl: -: No root element\n"},
+    });
+}
+
+TEST_F(Hxctl, ShowsATreeOfAnyShape) {
+    std::string deep;
+    std::string attributes = "<a";
+    for (int i = 0; i < 100'000; ++i) deep += "<a>";
+    for (int i = 0; i < 200'000; ++i) attributes += " a" + std::to_string(i) + "='1'";
+    EXPECT_EQ(Run("xml --tree -", deep).exit, 1);
+    EXPECT_TRUE(Read("stdout").ends_with("\n99999 a \"\"\n"));
+    EXPECT_EQ(Run("xml --tree -", attributes + "/>").exit, 0);
+    EXPECT_TRUE(Read("stdout").ends_with(" a199999=\"1\" \"\"\n"));
+}
+
+TEST_F(Hxctl, TakesSettingsThroughTheLibrary) {
+    const std::string refused = "0x80004005 E_FAIL\n";
+    const std::string reason = "hxctl: ReadXmlBstr answered E_FAIL (0x80004005)\n";
+    const std::string unserved = "hxctl: CreateSettingsObject answered E_INVALIDARG (0x80070057)\n";
+    const std::string newer =
+        "<MFilerTaggedXml><HXConnectionSettings><Version type='int'>3</Version>"
+        "</HXConnectionSettings></MFilerTaggedXml>";
+    Check({
+        {"settings new --type 257", "", 0, kDefaults, ""},
+        {"settings new --type 513", "", 1, "", unserved},
+        {"settings check --type 513 -", kVersion1, 1, "0x80070057 E_INVALIDARG\n", unserved},
+        {"settings check --type 257", "", 0, "0x00000000 S_OK\n", ""},
+        {"settings check --type 257 -", kVersion1, 0, "0x00000000 S_OK\n", ""},
+        {"settings check --type 257 -", "", 1, refused, reason},
+        {"settings check --type 257 -", newer, 1, refused, reason},
+        {"settings check --type 257 missing", "", 1, "", "hxctl: missing: No such file or directory\n"},
+        {"settings convert --type 257", "", 0, kDefaults, ""},
+        {"settings convert --type 257 -", kVersion1, 0, Document("\xC3\xA4", '0', '0'), ""},
+        {"settings convert --type 257 -", kDefaults, 0, kDefaults, ""},
+        {"settings convert --type 257 -", newer, 1, "", reason},
+        {"settings check --type 257 - --json", newer, 1,
+         "{\"operation\":\"ReadXmlBstr\",\"hresult\":\"0x80004005\",\"name\":\"E_FAIL\"}\n", reason},
+        {"settings check --type 257 --json", "", 0,
+         "{\"operation\":\"ReadXmlBstr\",\"hresult\":\"0x00000000\",\"name\":\"S_OK\"}\n", ""},
+    });
+    EXPECT_TRUE(Run("settings new --type 257 --json")
+                    .out.starts_with("{\"operation\":\"WriteXmlBstr\",\"hresult\":\"0x00000000\",\"name\":"
+                                     "\"S_OK\",\"document\":\"<?xml"));
+}
+
+std::string Inspection(const char* read, const std::string& server, const char* proxy, const char* wifi) {
+    return "{\n  \"read\": "s + read + ",\n  \"fields\": {\n    \"ServerIP\": \"" + server +
+           "\",\n    \"IsProxy\": " + proxy + ",\n    \"WiFiConnection\": " + wifi +
+           "\n  },\n  \"valid\": [],\n  \"error\": {\n    \"codes\": \"\"\n  }\n}\n";
+}
+
+TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
+    const std::string no_server =
+        "<MFilerTaggedXml><HXConnectionSettings><IsProxy type='bool'>1</IsProxy>"
+        "</HXConnectionSettings></MFilerTaggedXml>";
+    Write("defaults", Document("other", '0', '1'));
+    Check({
+        {"inspect -", kDefaults, 0, Inspection("true", "192.168.178.10", "true", "false"), ""},
+        {"inspect - --record MHXConnectionSettings", kVersion1, 0,
+         Inspection("true", "\xC3\xA4", "false", "false"), ""},
+        {"inspect -", no_server, 1, Inspection("false", "192.168.178.10", "true", "false"),
+         "hxctl: -: not read as MHXConnectionSettings\n"},
+        {"inspect - --defaults defaults", no_server, 1, Inspection("false", "other", "true", "false"),
+         "hxctl: -: not read as MHXConnectionSettings\n"},
+        {"inspect - --element Other", kDefaults, 1, Inspection("false", "192.168.178.10", "true", "false"),
+         "hxctl: -: not read as MHXConnectionSettings\n"},
+        {"inspect - --rewrite", kVersion1, 0, Document("\xC3\xA4", '0', '0'), ""},
+        {"inspect missing", "", 1, "", "hxctl: missing: No such file or directory\n"},
+        {"inspect - --defaults missing", kDefaults, 1, "", "hxctl: missing: No such file or directory\n"},
+        {"inspect - --record Other", kDefaults, 2, "", "hxctl: no record class \"Other\"\n"},
+    });
+}
+
+TEST_F(Hxctl, ShowsTheCodesOfAChain) {
+    const std::string chain =
+        "<ExceptionChain><Exception><Error><Code type='string'>A.B:C</Code></Error><Error><Code "
+        "type='string'>D</Code>"
+        "<Parameter><Name type='string'>n</Name><Value "
+        "type='string'>v</Value></Parameter></Error></Exception>"
+        "</ExceptionChain>";
+    Check({
+        {"exception -", chain, 0, "D ($n=\"v\")\nA.B:C ()\n", ""},
+        {"exception - --json", chain, 0, "{\"codes\":\"D ($n=\\\"v\\\")\\nA.B:C ()\"}\n", ""},
+        {"exception -", "<ExceptionChain/>", 1, "", "hxctl: -: no document of an exception chain\n"},
+        {"exception missing", "", 1, "", "hxctl: missing: No such file or directory\n"},
+    });
+}
+
+TEST_F(Hxctl, WrongUseIsToldOnStandardErrorAlone) {
+    for (const char* arguments :
+         {"", "nonsense", "xml", "xml a b", "xml a --nonsense", "settings", "settings new",
+          "settings new --type x", "settings new --type 257 file", "inspect", "exception"}) {
+        const Answer answer = Run(arguments);
+        EXPECT_EQ(answer.exit, 2) << arguments;
+        EXPECT_EQ(answer.out, "") << arguments;
+        EXPECT_NE(answer.err, "") << arguments;
+    }
+}
+
+TEST_F(Hxctl, HelpIsEverywhere) {
+    for (const char* command : {"", "xml", "settings", "settings new", "settings check", "settings convert",
+                                "inspect", "exception"}) {
+        const Answer answer = Run(command + " --help"s);
+        EXPECT_EQ(answer.exit, 0) << command;
+        EXPECT_NE(answer.out.find("Usage: hxctl"), std::string::npos) << answer.out;
+        EXPECT_EQ(answer.err, "") << command;
+    }
+}
+
+TEST_F(Hxctl, OutputThatCannotBeWrittenIsAFailure) {
+    EXPECT_EQ(std::system(("'"s + HX_BIN_DIR + "/hxctl' settings new --type 257 >/dev/full 2>'" +
+                           (m_folder / "err").string() + "'")
+                              .c_str()),
+              1 << 8);
+    EXPECT_EQ(Read("err"), "hxctl: standard output cannot be written\n");
+}
+
+}  // namespace
