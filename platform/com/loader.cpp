@@ -162,20 +162,13 @@ void CoTaskMemFree(void* memory) {
 }
 
 void CoFreeUnusedLibraries() {
-    std::list<Library> idle;
-    {
-        Loader& loader = TheLoader();
-        const std::lock_guard guard(loader.mutex);
-        for (auto it = loader.libraries.begin(); it != loader.libraries.end();) {
-            const auto library = it++;
-            if (library->users == 0 && library->can_unload_now() == S_OK) {
-                idle.splice(idle.end(), loader.libraries, library);
-            }
-        }
-    }
-    // Outside the lock, as static destructors run here. Whoever asks for such a library meanwhile opens it
-    // once more and is not affected.
-    for (const Library& library : idle) dlclose(library.handle);
+    Loader& loader = TheLoader();
+    const std::lock_guard guard(loader.mutex);
+    loader.libraries.remove_if([](const Library& library) {
+        if (library.users != 0 || library.can_unload_now() != S_OK) return false;
+        dlclose(library.handle);
+        return true;
+    });
 }
 
 namespace hx {

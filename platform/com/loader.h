@@ -1,7 +1,7 @@
 // Creating components: from a class's CLSID or ProgID to an object out of its own shared library.
 // Called by hosts and by components that use others, on any thread. The library is loaded at the first
-// request and stays until CoFreeUnusedLibraries finds it idle. A library's static constructors must not
-// create components.
+// request and stays until CoFreeUnusedLibraries finds it idle. A library's static constructors and
+// destructors must not call in here: they run while it is loaded or unloaded, under a lock.
 #pragma once
 
 #include <cstddef>

@@ -75,8 +75,10 @@ TEST(Abi, MethodsHaveTheirPublishedSlots) {
         size_t slot;
         size_t published;
     };
+// NOLINTBEGIN(bugprone-macro-parentheses): a member's name takes none
 #define SLOT(method, published) \
     { #method, SlotOf(&method), (published) }
+    // NOLINTEND(bugprone-macro-parentheses)
     const Row rows[] = {
         SLOT(IUnknown::QueryInterface, 0),
         SLOT(IUnknown::AddRef, 1),

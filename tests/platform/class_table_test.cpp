@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <new>
-#include <thread>
 
 HX_IID(IAnswer, "B0000000-0000-0000-0000-000000000001")
 struct IAnswer : IUnknown {
@@ -147,19 +147,6 @@ TEST_F(ClassTable, AFactoryHeldOutlivesTheTable) {
     classes.reset();
     hx::ComPtr<IAnswer> answer;
     EXPECT_EQ(factory->CreateInstance(nullptr, IID_IAnswer, answer.put_void()), S_OK);
-}
-
-TEST_F(ClassTable, ServesThreadsAtOnce) {
-    const auto churn = [this] {
-        for (int i = 0; i < 2000; ++i) {
-            hx::ComPtr<IUnknown> object;
-            const auto factory = Factory(CLSID_Answer);
-            EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, object.put_void()), S_OK);
-        }
-    };
-    std::thread other(churn);
-    churn();
-    other.join();
 }
 
 }  // namespace

@@ -16,34 +16,14 @@ TEST(SafeArray, ElementsHaveTheSizeOfTheirType) {
         VARTYPE type;
         UINT size;  // zero: cannot be an element
     };
+    // clang-format off
     const Row rows[] = {
-        {VT_I1, 1},
-        {VT_UI1, 1},
-        {VT_BOOL, 2},
-        {VT_I2, 2},
-        {VT_UI2, 2},
-        {VT_I4, 4},
-        {VT_UI4, 4},
-        {VT_INT, 4},
-        {VT_UINT, 4},
-        {VT_R4, 4},
-        {VT_ERROR, 4},
-        {VT_I8, 8},
-        {VT_UI8, 8},
-        {VT_R8, 8},
-        {VT_CY, 8},
-        {VT_DATE, 8},
-        {VT_BSTR, 8},
-        {VT_UNKNOWN, 8},
-        {VT_DISPATCH, 8},
-        {VT_VARIANT, 24},
-        {VT_EMPTY, 0},
-        {VT_NULL, 0},
-        {15, 0},
-        {36, 0},
-        {VT_ARRAY | VT_I4, 0},
-        {VT_BYREF | VT_I4, 0},
+        {VT_I1, 1}, {VT_UI1, 1}, {VT_BOOL, 2}, {VT_I2, 2}, {VT_UI2, 2}, {VT_I4, 4}, {VT_UI4, 4},
+        {VT_INT, 4}, {VT_UINT, 4}, {VT_R4, 4}, {VT_ERROR, 4}, {VT_I8, 8}, {VT_UI8, 8}, {VT_R8, 8},
+        {VT_CY, 8}, {VT_DATE, 8}, {VT_BSTR, 8}, {VT_UNKNOWN, 8}, {VT_DISPATCH, 8}, {VT_VARIANT, 24},
+        {VT_EMPTY, 0}, {VT_NULL, 0}, {15, 0}, {36, 0}, {VT_ARRAY | VT_I4, 0}, {VT_BYREF | VT_I4, 0},
     };
+    // clang-format on
     for (const Row& row : rows) {
         const hx::SafeArray array(SafeArrayCreateVector(row.type, 0, 3));
         EXPECT_EQ(static_cast<bool>(array), row.size != 0) << row.type;

@@ -78,8 +78,9 @@ TEST(Utf8, BadSequencesAreRefusedWhereTheyStart) {
         for (const std::string& after : {""s, "x"s, "0123456789"s}) {
             for (const std::string_view sequence : bad) {
                 size_t offset = 999;
-                EXPECT_FALSE(hx::FromUtf8(before + std::string(sequence) + after, &offset))
-                    << &sequence - bad;
+                std::string bytes = before;
+                bytes.append(sequence).append(after);
+                EXPECT_FALSE(hx::FromUtf8(bytes, &offset)) << &sequence - bad;
                 EXPECT_EQ(offset, before.size()) << &sequence - bad;
             }
         }
