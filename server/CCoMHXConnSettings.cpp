@@ -56,9 +56,9 @@ HRESULT CCoMHXConnSettings::Read(std::wstring_view xml) {
 HRESULT CCoMHXConnSettings::Write(BSTR* xml) const {
     MOutFilerTaggedXml writer(kTaggedXmlRoot);
     MFilerTaggedPair filer(writer);
-    if (!m_settings.WriteTagged(filer, MHXConnectionSettings::kElement) || writer.GetText().empty())
-        return E_FAIL;
-    const std::wstring& text = writer.GetText();
+    if (!m_settings.WriteTagged(filer, MHXConnectionSettings::kElement)) return E_FAIL;
+    const std::wstring text = writer.TakeText();
+    if (text.empty()) return E_FAIL;
     BSTR copy = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
     if (copy == nullptr) return E_OUTOFMEMORY;
     *xml = copy;

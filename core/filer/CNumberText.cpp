@@ -39,6 +39,46 @@ bool ParseInteger(std::wstring_view text, T& value) {
     return true;
 }
 
+// Few digits and a small exponent, so that mantissa and power of ten are exact as doubles: then the one
+// multiplication or division rounds as the conversion of the text has to. Writers make mostly such numbers.
+bool ParseShortDouble(std::wstring_view text, double& value) {
+    constexpr uint64_t kExactMantissa = uint64_t{1} << 53;
+    constexpr int kExactPower = 22;
+    static constexpr double kPowers[kExactPower + 1] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    constexpr int kMaxDigits = 19;  // more would overflow the mantissa
+    const size_t size = text.size();
+    const bool negative = size > 0 && text[0] == L'-';
+    size_t at = negative;
+    uint64_t mantissa = 0;
+    const auto digit_at = [&](size_t place) { return static_cast<uint32_t>(text[place]) - L'0'; };
+    const auto read_digits = [&] {
+        const size_t first = at;
+        for (; at < size && digit_at(at) < 10; ++at) mantissa = mantissa * 10 + digit_at(at);
+        return static_cast<int>(at - first);
+    };
+    int digits = read_digits();
+    int power = 0;
+    if (at < size && text[at] == L'.') {
+        ++at;
+        power = -read_digits();
+        digits -= power;
+    }
+    if (digits == 0 || digits > kMaxDigits || mantissa > kExactMantissa) return false;
+    if (size - at == 4 && text[at] == L'e' && (text[at + 1] == L'+' || text[at + 1] == L'-') &&
+        digit_at(at + 2) < 10 && digit_at(at + 3) < 10) {
+        const auto exponent = static_cast<int>(digit_at(at + 2) * 10 + digit_at(at + 3));
+        power += text[at + 1] == L'-' ? -exponent : exponent;
+        at = size;
+    }
+    if (at != size || power < -kExactPower || power > kExactPower) return false;
+    const auto exact = static_cast<double>(mantissa);
+    const double magnitude = power < 0 ? exact / kPowers[-power] : exact * kPowers[power];
+    value = negative ? -magnitude : magnitude;
+    return true;
+}
+
 // The numbers that from_chars cannot be trusted with: leading white space, "+", hexadecimal, out of range,
 // long ones.
 bool ParseDoubleSlowly(std::wstring_view text, double& value) {
@@ -98,6 +138,7 @@ bool ParseNumber(std::wstring_view text, uint64_t& value) {
 }
 
 bool ParseNumber(std::wstring_view text, double& value) {
+    if (ParseShortDouble(text, value)) return true;
     char narrow[48];
     if (text.size() > sizeof narrow) return ParseDoubleSlowly(text, value);
     bool ascii = true;

@@ -1,12 +1,15 @@
 // The writer of tagged XML: a document with one root element, a child element for each value, with its type
 // in an attribute, and one for each group. The text is taken when writing is finished. One thread at a time.
+//
+// A record is written front to back and never looked at again; so the text is made as it comes, without an
+// index.
 #pragma once
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/filer/IOutFilerTagged.h"
-#include "core/xml/MXmlDocument.h"
 
 namespace hx {
 
@@ -27,23 +30,35 @@ public:
     bool Write(std::wstring_view tag, uint32_t value) override;
     bool Write(std::wstring_view tag, int32_t value) override;
     using IOutFilerTagged::Write;
+    // False for a text that would end the comment early.
     bool AddComment(std::wstring_view text) override;
     bool BeginGroup(std::wstring_view tag) override;
     bool EndGroup() override;
+    // False if `document` is ill-formed.
     bool InsertDocument(std::wstring_view tag, std::wstring_view document) override;
 
-    // The whole document; empty if there is none.
-    const std::wstring& GetText() const { return m_document.GetText(); }
+    // The whole document, with what is open closed; empty if there is none.
+    std::wstring GetText() const;
     // The same without a copy; the filer is finished afterwards.
     std::wstring TakeText();
 
 private:
+    // Where the name of an element without its end tag stands in the text.
+    struct Name {
+        size_t offset;
+        size_t length;
+    };
+
     template <class T, class Value>
     bool WriteValue(std::wstring_view tag, Value value);
+    void Open(std::wstring_view tag);
+    void BeginChild();
+    void AppendEnd(std::wstring& text, const Name& name, bool empty) const;
+    void AppendEnds(std::wstring& text) const;
 
-    MXmlDocument m_document;
-    bool m_open = false;
-    uint32_t m_depth = 0;  // groups entered
+    std::wstring m_text;
+    std::vector<Name> m_open;       // root and groups, outermost first; empty: no document
+    bool m_start_tag_open = false;  // of the innermost: "<name" as yet, neither ">" nor "/>"
 };
 
 }  // namespace hx

@@ -5,36 +5,11 @@
 #include "core/filer/TaggedXml.h"
 
 namespace hx {
-namespace {
-
-// True for the start tag <tag type="type">, as a writer makes it.
-bool IsWrittenTag(std::wstring_view start_tag, std::wstring_view tag, std::wstring_view type) {
-    constexpr std::wstring_view kBetween = L" type=\"";
-    constexpr std::wstring_view kBehind = L"\">";
-    return start_tag.size() == 1 + tag.size() + kBetween.size() + type.size() + kBehind.size() &&
-           start_tag.substr(1, tag.size()) == tag &&
-           start_tag.substr(1 + tag.size(), kBetween.size()) == kBetween &&
-           start_tag.substr(1 + tag.size() + kBetween.size(), type.size()) == type &&
-           start_tag.ends_with(kBehind);
-}
-
-}  // namespace
-
 TaggedXmlReader::TaggedXmlReader(std::wstring text, std::wstring_view root, std::wstring_view name_space) {
     m_document.Parse(std::move(text));
     m_open = m_document.IsReadable() && m_document.FindElement(root) &&
              (name_space.empty() || m_document.GetAttribute(kNamespaceAttribute) == name_space) &&
              m_document.EnterElement();
-}
-
-bool TaggedXmlReader::TakeValue(std::wstring_view tag, std::wstring_view type) {
-    if (!m_open) return false;
-    const MXmlDocument::Position before = m_document.GetPosition();
-    if (!m_document.FindElement()) return false;
-    if (IsWrittenTag(m_document.StartTag(), tag, type)) return true;
-    if (m_document.IsElement(tag) && m_document.GetAttribute(kTypeAttribute) == type) return true;
-    m_document.SetPosition(before);
-    return false;
 }
 
 bool TaggedXmlReader::FindGroup(std::wstring_view tag) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/filer/TaggedType.h"
+#include "core/filer/TaggedXml.h"
 #include "core/xml/MXmlDocument.h"
 
 namespace hx {
@@ -20,7 +21,7 @@ public:
     // with a text that is no such value, the result is false all the same.
     template <class T>
     bool Read(std::wstring_view tag, T& value) {
-        return TakeValue(tag, TaggedType<T>::kWord) &&
+        return m_open && m_document.FindNext(tag, kTypeAttribute, TaggedType<T>::kWord) &&
                TaggedType<T>::Parse(m_document.Content(m_scratch), value);
     }
 
@@ -32,7 +33,6 @@ public:
     bool ExtractGroup(std::wstring_view tag, std::wstring& document);
 
 private:
-    bool TakeValue(std::wstring_view tag, std::wstring_view type);
     bool FindGroup(std::wstring_view tag);
 
     MXmlDocument m_document;

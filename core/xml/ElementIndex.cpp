@@ -2,40 +2,44 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace hx {
 
 void ElementIndex::Reset(size_t expected) {
-    m_segments.clear();
     m_count = 0;
-    m_capacity = 0;
     m_released = 0;
-    // A small document gets a small first segment; beyond one segment the index grows by whole ones as it is
-    // used.
-    const auto first = static_cast<uint32_t>(std::min<size_t>(std::max<size_t>(expected, 1), kSegmentSize));
-    m_segments.push_back({std::make_unique_for_overwrite<uint32_t[]>(first),
-                          std::make_unique_for_overwrite<ElementRecord[]>(first)});
-    m_capacity = first;
+    // A small document gets a small first segment, or the one that is there; beyond one segment the index
+    // grows by whole ones as it is used.
+    const auto first = static_cast<uint32_t>(std::clamp<size_t>(expected, kFewest, kSegmentSize));
+    if (m_capacity < first || m_capacity > kSegmentSize) {
+        m_segments.clear();
+        m_segments.push_back(NewSegment(first));
+        m_capacity = first;
+    }
     const uint32_t document = Add();
     (*this)[document] = ElementRecord{};
     Start(document) = 0;
+}
+
+ElementIndex::Segment ElementIndex::NewSegment(uint32_t records) {
+    return {std::make_unique_for_overwrite<uint32_t[]>(records),
+            std::make_unique_for_overwrite<ElementRecord[]>(records)};
 }
 
 void ElementIndex::Grow() {
     if (m_capacity % kSegmentSize != 0) {
         // Only the first segment can be smaller than the rest; it grows once, to full size.
         Segment& first = m_segments.front();
-        auto starts = std::make_unique_for_overwrite<uint32_t[]>(kSegmentSize);
-        auto records = std::make_unique_for_overwrite<ElementRecord[]>(kSegmentSize);
-        std::copy_n(first.starts.get(), m_count, starts.get());
-        std::copy_n(first.records.get(), m_count, records.get());
-        first = {std::move(starts), std::move(records)};
+        Segment whole = NewSegment(kSegmentSize);
+        std::copy_n(first.starts.get(), m_count, whole.starts.get());
+        std::copy_n(first.records.get(), m_count, whole.records.get());
+        first = std::move(whole);
         m_capacity = kSegmentSize;
         return;
     }
     if (m_segments.size() == kSegmentSize - 1) throw std::length_error("element index");
-    m_segments.push_back({std::make_unique_for_overwrite<uint32_t[]>(kSegmentSize),
-                          std::make_unique_for_overwrite<ElementRecord[]>(kSegmentSize)});
+    m_segments.push_back(NewSegment(kSegmentSize));
     m_capacity += kSegmentSize;
 }
 

@@ -19,19 +19,20 @@ enum ElementFlag : uint32_t {
     kNotEnded = 2,   // no end tag of its own
     kEmpty = 4,      // written as a self-closing tag
     kRemoved = 8,    // no longer in the tree, waiting to be used again
+    kPlain = 16,     // the content is text as it stands: no markup in it, and no references
 };
 
 // All lengths in characters. 32 bytes; with its start offset an element takes 36.
 struct ElementRecord {
-    static constexpr uint32_t kMaxLevel = (1u << 28) - 1;  // deeper elements carry this level
+    static constexpr uint32_t kMaxLevel = (1u << 27) - 1;  // deeper elements carry this level
 
     static constexpr uint32_t Below(uint32_t level) { return level < kMaxLevel ? level + 1 : kMaxLevel; }
 
     uint32_t length;
     uint32_t start_tag_length;
     uint32_t end_tag_length;
-    uint32_t level : 28;
-    uint32_t flags : 4;
+    uint32_t level : 27;
+    uint32_t flags : 5;
     uint32_t parent;
     uint32_t first_child;
     uint32_t next;
@@ -92,6 +93,10 @@ private:
         std::unique_ptr<ElementRecord[]> records;
     };
 
+    // What a document has room for at least: a small one then needs no second allocation.
+    static constexpr size_t kFewest = 64;
+
+    static Segment NewSegment(uint32_t records);
     uint32_t TakeReleased();
     void Grow();
 

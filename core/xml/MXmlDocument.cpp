@@ -6,6 +6,7 @@
 #include "core/xml/AttributeReader.h"
 #include "core/xml/Markup.h"
 #include "core/xml/MarkupIndexer.h"
+#include "core/xml/SameChars.h"
 #include "core/xml/XmlChars.h"
 #include "core/xml/XmlNames.h"
 #include "core/xml/XmlText.h"
@@ -19,6 +20,17 @@ constexpr size_t kCharactersPerRecord = 64;
 void Join(std::wstring& error, std::wstring_view message) {
     if (!error.empty()) error += L", ";
     error += message;
+}
+
+// True for the start tag <name attribute="value">, as a writer makes it.
+bool IsWrittenTag(const wchar_t* tag, size_t length, std::wstring_view name, std::wstring_view attribute,
+                  std::wstring_view value) {
+    if (length != name.size() + attribute.size() + value.size() + 6) return false;
+    const wchar_t* const behind_name = tag + 1 + name.size();
+    const wchar_t* const behind_attribute = behind_name + 1 + attribute.size();
+    return SameChars(tag + 1, name) && behind_name[0] == L' ' && SameChars(behind_name + 1, attribute) &&
+           behind_attribute[0] == L'=' && behind_attribute[1] == L'"' &&
+           SameChars(behind_attribute + 2, value) && behind_attribute[2 + value.size()] == L'"';
 }
 
 }  // namespace
@@ -98,6 +110,20 @@ bool MXmlDocument::FindElement(std::wstring_view name) {
     return false;
 }
 
+bool MXmlDocument::FindNext(std::wstring_view name, std::wstring_view attribute, std::wstring_view value) {
+    const uint32_t next = NextElement();
+    if (next == 0) return false;
+    const Position before = m_position;
+    m_position = {before.parent, next, kElementNode};
+    if (IsWrittenTag(m_text.data() + m_index.Start(next), m_index[next].start_tag_length, name, attribute,
+                     value) ||
+        (IsElement(name) && GetAttribute(attribute) == value)) {
+        return true;
+    }
+    m_position = before;
+    return false;
+}
+
 bool MXmlDocument::EnterElement() {
     if (m_position.main == 0) return false;
     m_position = {m_position.main};
@@ -166,10 +192,9 @@ std::wstring MXmlDocument::GetElementContent() const {
 std::wstring_view MXmlDocument::Content(std::wstring& scratch) const {
     const uint32_t element = Current();
     if (element == 0) return {};
-    const std::wstring_view content = ElementContent();
-    if (FirstChild(element) == 0 &&
-        std::ranges::none_of(content, [](wchar_t c) { return c == L'<' || c == L'&'; })) {
-        return content;
+    if ((m_index[element].flags & kPlain) != 0) {
+        const Range range = ContentRange(element);
+        return {m_text.data() + range.begin, range.end - range.begin};
     }
     scratch.clear();
     AppendContent(scratch, element);

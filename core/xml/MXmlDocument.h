@@ -64,6 +64,9 @@ public:
     // Moves to the next sibling element that matches `name` (any, if empty), or to the first such child of
     // the parent while there is no main element.
     bool FindElement(std::wstring_view name = {});
+    // Moves to the next sibling element if it matches `name` and has the attribute with that value; else
+    // stays.
+    bool FindNext(std::wstring_view name, std::wstring_view attribute, std::wstring_view value);
     // Moves to the next node of one of the kinds, elements included, and returns its kind; 0 if there is
     // none.
     uint32_t FindNode(uint32_t kinds);

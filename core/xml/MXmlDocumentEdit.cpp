@@ -16,13 +16,9 @@ namespace {
 constexpr size_t kMaxLength = std::numeric_limits<uint32_t>::max() - 1;
 
 void AppendAttribute(std::wstring& out, std::wstring_view name, std::wstring_view value) {
-    out.append(name).append(L"=\"");
+    out.append(name).append(std::wstring_view(L"=\""));
     AppendEscaped(out, value, EscapeSet::kAttribute);
     out += L'"';
-}
-
-bool IsWritableAttribute(std::wstring_view name) {
-    return !name.empty() && name.find_first_of(L" \t\n\r<>=\\/?!\"'") == std::wstring_view::npos;
 }
 
 // The markup of a node that is no element; empty if the text would end the node early, or make none.
@@ -69,11 +65,11 @@ bool MXmlDocument::AddElement(std::wstring_view name, std::wstring_view data, ui
         const uint32_t last = first != 0 ? m_index[first].previous : 0;
         place = {m_position.main, last, ContentRange(m_position.main).end};
     }
-    m_markup.assign(L"<").append(name);
+    m_markup.assign(1, L'<').append(name);
     if (!attribute.empty()) AppendAttribute(m_markup += L' ', attribute, value);
     uint32_t end_tag = 0;
     if (data.empty()) {
-        m_markup.append((flags & kAddSpace) != 0 ? L" />" : L"/>");
+        m_markup.append((flags & kAddSpace) != 0 ? std::wstring_view(L" />") : std::wstring_view(L"/>"));
     } else {
         m_markup += L'>';
         end_tag = static_cast<uint32_t>(name.size()) + 3;
@@ -85,7 +81,7 @@ bool MXmlDocument::AddElement(std::wstring_view name, std::wstring_view data, ui
         } else {
             AppendEscaped(m_markup, data, EscapeSet::kText, (flags & kAddWithReferences) != 0);
         }
-        m_markup.append(L"</").append(name) += L'>';
+        m_markup.append(std::wstring_view(L"</")).append(name) += L'>';
     }
     const auto length = static_cast<uint32_t>(m_markup.size());
     m_markup += L'\n';
@@ -200,7 +196,7 @@ bool MXmlDocument::Insert(Place& place, bool own_line) {
     if (!Splice(place.parent, 0, tag_end, end - tag_end, m_markup)) return false;
     parent.start_tag_length = tag_end + 1 - m_index.Start(place.parent);
     parent.end_tag_length = end_tag;
-    parent.flags &= ~static_cast<uint32_t>(kEmpty) & 0xFu;
+    parent.flags &= ~static_cast<uint32_t>(kEmpty) & 0x1Fu;
     place.offset = tag_end + static_cast<uint32_t>(opening.size());
     return true;
 }
@@ -254,6 +250,7 @@ bool MXmlDocument::Splice(uint32_t container, uint32_t previous, uint32_t offset
                           std::wstring_view inserted) {
     if (inserted.size() > removed && inserted.size() - removed > kMaxLength - m_text.size()) return false;
     m_text.replace(offset, removed, inserted);
+    m_index[container].flags &= ~static_cast<uint32_t>(kPlain) & 0x1Fu;
     const uint32_t delta = static_cast<uint32_t>(inserted.size()) - removed;
     const uint32_t behind = offset + removed;
     for (uint32_t element = container; element != 0; element = m_index[element].parent) {

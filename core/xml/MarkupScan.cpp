@@ -12,7 +12,7 @@ size_t ScanMarkupPlain(const wchar_t* text, uint32_t from, uint32_t to, uint32_t
         const wchar_t c = text[at];
         // Written always and kept only for markup: no branch that the text could make unpredictable.
         positions[count] = at;
-        count += (c == L'<') | (c == L'>') | (c == L'"') | (c == L'\'');
+        count += (c == L'<') | (c == L'>') | (c == L'&') | (c == L'"') | (c == L'\'');
     }
     return count;
 }
@@ -32,10 +32,10 @@ __attribute__((target("avx2"))) inline __m256i NarrowBlock(const wchar_t* text) 
 
 __attribute__((target("avx2,bmi,bmi2,popcnt"))) size_t ScanMarkupAvx2(const wchar_t* text, uint32_t from,
                                                                       uint32_t to, uint32_t* positions) {
-    // The four characters differ in their low four bits, so one table look-up by those bits gives the only
+    // The five characters differ in their low four bits, so one table look-up by those bits gives the only
     // character of the set that each byte can equal. 0xFF marks bits that no character of the set has.
     const char none = static_cast<char>(0xFF);
-    const __m128i row = _mm_setr_epi8(none, none, '"', none, none, none, none, '\'', none, none, none, none,
+    const __m128i row = _mm_setr_epi8(none, none, '"', none, none, none, '&', '\'', none, none, none, none,
                                       '<', none, '>', none);
     const __m256i candidates = _mm256_broadcastsi128_si256(row);
     size_t count = 0;

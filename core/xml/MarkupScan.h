@@ -1,4 +1,4 @@
-// Finds the characters that give a document its structure: < > " and '.
+// Finds the characters that mean more than themselves in a document: < > & " and '.
 //
 // Called by the tape below for one stretch of text after the other; pure functions, any thread. The stretch
 // is classified in whole blocks of characters, with AVX2 where the processor has it and plainly elsewhere;
@@ -10,7 +10,7 @@
 
 namespace hx {
 
-// Writes the position of every < > " ' in text[from, to) to `positions`, in rising order, and returns how
+// Writes the position of every < > & " ' in text[from, to) to `positions`, in rising order, and returns how
 // many there are. `positions` has room for to - from + kScanSlack entries; what lies behind the returned
 // count is scratch.
 using MarkupScan = size_t (*)(const wchar_t* text, uint32_t from, uint32_t to, uint32_t* positions);

@@ -17,7 +17,7 @@ public:
     MarkupTape(const wchar_t* text, uint32_t from, uint32_t end)
         : m_scan(FastestMarkupScan()), m_text(text), m_scanned(from), m_end(end) {}
 
-    // The next < > " or ' behind the one returned before; `end` once there is none, and ever after.
+    // The next < > & " or ' behind the one returned before; `end` once there is none, and ever after.
     uint32_t Next() {
         if (m_next == m_count) ScanAhead();
         return m_positions[m_next++];

@@ -1,38 +1,12 @@
 // The indexer's fast lane: start tags, attributes in quotes, end tags that match, one after the other, as any
 // writer makes them. Whatever else comes is left to the general way, which would index all of this just the
 // same.
-#include <cstring>
-
 #include "core/xml/MarkupIndexer.h"
+#include "core/xml/SameChars.h"
 #include "core/xml/XmlChars.h"
 
 namespace hx {
 namespace {
-
-constexpr uint32_t kStep = 16 / sizeof(wchar_t);
-
-// Compares 16 bytes in registers; a call of memcmp would cost more than all the rest.
-inline bool SameStep(const wchar_t* left, const wchar_t* right) {
-    uint64_t a[2];
-    uint64_t b[2];
-    std::memcpy(a, left, sizeof a);
-    std::memcpy(b, right, sizeof b);
-    return ((a[0] ^ b[0]) | (a[1] ^ b[1])) == 0;
-}
-
-// Compares a step at a time; the last step may overlap the one before.
-inline bool SameChars(const wchar_t* left, const wchar_t* right, uint32_t count) {
-    if (count >= kStep) {
-        for (uint32_t i = 0; i + kStep < count; i += kStep) {
-            if (!SameStep(left + i, right + i)) return false;
-        }
-        return SameStep(left + count - kStep, right + count - kStep);
-    }
-    for (uint32_t i = 0; i < count; ++i) {
-        if (left[i] != right[i]) return false;
-    }
-    return true;
-}
 
 // True if the end tag, whose name begins at `end_name` and ends right before `gt`, closes the start tag whose
 // name begins at `start_name`. Equal characters up to `gt` and a delimiter behind them make equal names.
@@ -112,7 +86,7 @@ void MarkupIndexer::IndexOrdinaryMarkup() {
                    Closes(chars, lt + 1, next_lt + 2, next_gt)) {
             record->length = next_gt + 1 - lt;
             record->end_tag_length = next_gt + 1 - next_lt;
-            record->flags = 0;
+            record->flags = kPlain;
             last = element;
             link = &record->next;
             tape = end + 3;

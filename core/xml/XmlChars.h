@@ -9,7 +9,7 @@ namespace hx {
 
 namespace detail {
 
-enum CharClass : uint8_t { kDelimiter = 1, kWhite = 2, kTagStart = 4 };
+enum CharClass : uint8_t { kDelimiter = 1, kWhite = 2, kTagStart = 4, kNotWritable = 8 };
 
 constexpr std::array<uint8_t, 128> MakeCharClasses() {
     std::array<uint8_t, 128> classes{};
@@ -17,6 +17,8 @@ constexpr std::array<uint8_t, 128> MakeCharClasses() {
     for (const char c : std::string_view(" \t\n\r")) classes[static_cast<uint8_t>(c)] |= kWhite;
     for (size_t c = 'A'; c <= 'Z'; ++c) classes[c] |= kTagStart;
     for (size_t c = 'a'; c < classes.size(); ++c) classes[c] |= kTagStart;
+    for (const char c : std::string_view("\t\n\r<>=\\/?!\"'"))
+        classes[static_cast<uint8_t>(c)] |= kNotWritable;
     for (const char c : std::string_view("_:")) classes[static_cast<uint8_t>(c)] |= kTagStart;
     return classes;
 }
@@ -40,6 +42,12 @@ constexpr bool IsWhite(wchar_t c) {
 constexpr bool IsTagStart(wchar_t c) {
     const auto code = static_cast<uint32_t>(c);
     return code >= 128 || (detail::kCharClasses[code] & detail::kTagStart) != 0;
+}
+
+// May not stand in a name that is written. A blank may: what is behind it then reads as an attribute.
+constexpr bool IsNotWritable(wchar_t c) {
+    const auto code = static_cast<uint32_t>(c);
+    return code < 128 && (detail::kCharClasses[code] & detail::kNotWritable) != 0;
 }
 
 constexpr bool IsQuote(wchar_t c) {

@@ -23,8 +23,13 @@ bool MatchesRequest(std::wstring_view tag, std::wstring_view request, bool ignor
 }
 
 bool IsWritableName(std::wstring_view name) {
-    if (name.empty() || name.find_first_of(L"<>/\"'") != std::wstring_view::npos) return false;
-    return IsTagStart(name[0]) || IsTransformCell(name);
+    return !name.empty() && (IsTagStart(name[0]) || IsTransformCell(name)) &&
+           std::none_of(name.begin(), name.end(), IsNotWritable);
+}
+
+bool IsWritableAttribute(std::wstring_view name) {
+    return !name.empty() &&
+           std::none_of(name.begin(), name.end(), [](wchar_t c) { return IsNotWritable(c) || c == L' '; });
 }
 
 }  // namespace hx

@@ -14,7 +14,10 @@ bool SameName(std::wstring_view left, std::wstring_view right, bool ignore_case)
 // "Reflectivity".
 bool MatchesRequest(std::wstring_view tag, std::wstring_view request, bool ignore_case);
 
-// True if an element may be added under this name, so that the document can be read again.
+// True if an element or an attribute may be added under this name, so that the document can be read again. A
+// blank may stand in an element's name.
+
 bool IsWritableName(std::wstring_view name);
+bool IsWritableAttribute(std::wstring_view name);
 
 }  // namespace hx

@@ -1,8 +1,9 @@
 #include "core/xml/XmlText.h"
 
+#include <algorithm>
 #include <optional>
 
-#include "core/xml/XmlChars.h"
+#include "core/xml/MarkupScan.h"
 
 namespace hx {
 namespace {
@@ -101,13 +102,21 @@ void AppendCharacter(std::wstring& out, uint32_t character) {
 }  // namespace
 
 void AppendEscaped(std::wstring& out, std::wstring_view text, EscapeSet set, bool keep_references) {
+    constexpr size_t kStretch = 256;
+    static const MarkupScan scan = FastestMarkupScan();
+    uint32_t positions[kStretch + kScanSlack];
     size_t copied = 0;
-    for (size_t at = 0; at < text.size(); ++at) {
-        const std::wstring_view reference = ReferenceFor(text[at], set);
-        if (reference.empty()) continue;
-        if (keep_references && text[at] == L'&' && BeginsReference(text.substr(at))) continue;
-        out.append(text.substr(copied, at - copied)).append(reference);
-        copied = at + 1;
+    for (size_t from = 0; from < text.size(); from += kStretch) {
+        const auto length = static_cast<uint32_t>(std::min(kStretch, text.size() - from));
+        const size_t count = scan(text.data() + from, 0, length, positions);
+        for (size_t i = 0; i < count; ++i) {
+            const size_t at = from + positions[i];
+            const std::wstring_view reference = ReferenceFor(text[at], set);
+            if (reference.empty()) continue;
+            if (keep_references && text[at] == L'&' && BeginsReference(text.substr(at))) continue;
+            out.append(text.substr(copied, at - copied)).append(reference);
+            copied = at + 1;
+        }
     }
     out.append(text.substr(copied));
 }
