@@ -124,7 +124,7 @@ uint32_t MarkupIndexer::TagEnd(uint32_t name) {
     for (;;) {
         const uint32_t at = m_tape.Next();
         if (at == m_end || m_chars[at] == L'>') return at;
-        if (m_chars[at] == L'<') continue;
+        if (!IsQuote(m_chars[at])) continue;
         // A quote that is part of the tag's name quotes nothing. Behind "=" it cannot be one.
         if (m_chars[at - 1] != L'=') {
             if (name_end == 0) name_end = NameEnd(m_chars, name, m_end);

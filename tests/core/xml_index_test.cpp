@@ -103,6 +103,8 @@ void ExpectPlainReading(const std::wstring& text) {
 // What random texts are made of. The first ones are what any writer makes.
 const std::wstring kPieces[] = {
     L"<a>",
+    L"<a b=c&d e='&'>",
+    L"<a>1 &amp; 2</a>",
     L"</a>",
     L"<bb c=\"d\">",
     L"</bb>",
