@@ -7,34 +7,27 @@
 #include <string_view>
 #include <vector>
 
-#include "core/filer/IInFilerTagged.h"
 #include "core/filer/TaggedXmlReader.h"
+#include "core/filer/TypedFilers.h"
 
 namespace hx {
 
-class MInFilerTaggedOptionalXml : public IInFilerTagged {
+class MInFilerTaggedOptionalXml : public TypedReads<MInFilerTaggedOptionalXml> {
 public:
     // `name_space` empty: any. The text is moved in, not copied.
     MInFilerTaggedOptionalXml(std::wstring text, std::wstring_view root, std::wstring_view name_space = {});
 
-    bool Read(std::wstring_view tag, std::wstring& value, const std::wstring& fallback) override;
-    bool Read(std::wstring_view tag, char& value, char fallback) override;
-    bool Read(std::wstring_view tag, double& value, double fallback) override;
-    bool Read(std::wstring_view tag, float& value, float fallback) override;
-    bool Read(std::wstring_view tag, bool& value, bool fallback) override;
-    bool Read(std::wstring_view tag, uint8_t& value, uint8_t fallback) override;
-    bool Read(std::wstring_view tag, uint16_t& value, uint16_t fallback) override;
-    bool Read(std::wstring_view tag, int16_t& value, int16_t fallback) override;
-    bool Read(std::wstring_view tag, uint64_t& value, uint64_t fallback) override;
-    bool Read(std::wstring_view tag, uint32_t& value, uint32_t fallback) override;
-    bool Read(std::wstring_view tag, int32_t& value, int32_t fallback) override;
     bool BeginGroup(std::wstring_view tag) override;
     bool EndGroup() override;
     bool ExtractGroup(std::wstring_view tag, std::wstring& document) override;
 
 private:
+    friend TypedReads;
     template <class T>
-    bool ReadValue(std::wstring_view tag, T& value, const T& fallback);
+    bool ReadValue(std::wstring_view tag, T& value, const T& fallback) {
+        if (!m_reader.Read(tag, value)) value = fallback;
+        return true;
+    }
 
     TaggedXmlReader m_reader;
     std::vector<bool> m_groups;  // open groups: found and entered, or not

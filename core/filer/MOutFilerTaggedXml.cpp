@@ -1,9 +1,7 @@
 #include "core/filer/MOutFilerTaggedXml.h"
 
-#include <type_traits>
 #include <utility>
 
-#include "core/filer/TaggedType.h"
 #include "core/filer/TaggedXml.h"
 #include "core/xml/MXmlDocument.h"
 #include "core/xml/XmlNames.h"
@@ -47,69 +45,23 @@ void MOutFilerTaggedXml::BeginChild() {
     m_start_tag_open = false;
 }
 
-template <class T, class Value>
-bool MOutFilerTaggedXml::WriteValue(std::wstring_view tag, Value value) {
+bool MOutFilerTaggedXml::WriteText(std::wstring_view tag, std::wstring_view type, std::wstring_view text,
+                                   bool holds_no_markup) {
     if (m_open.empty() || !IsWritableName(tag)) return false;
     BeginChild();
-    const auto formatted = TaggedType<T>::Format(value);
-    const std::wstring_view text = formatted;
-    m_text.append(kTagOpen).append(tag).append(kTypeOpen).append(TaggedType<T>::kWord);
+    m_text.append(kTagOpen).append(tag).append(kTypeOpen).append(type);
     if (text.empty()) {
         m_text.append(kEmptyValue);
         return true;
     }
     m_text.append(kValueOpen);
-    if constexpr (std::is_same_v<T, std::wstring> || std::is_same_v<T, char>) {
-        AppendEscaped(m_text, text, EscapeSet::kText);
-    } else {
+    if (holds_no_markup) {
         m_text.append(text);
+    } else {
+        AppendEscaped(m_text, text, EscapeSet::kText);
     }
     m_text.append(kEndTagOpen).append(tag).append(kLineClose);
     return true;
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, char value) {
-    return WriteValue<char>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, std::wstring_view value) {
-    return WriteValue<std::wstring>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, double value) {
-    return WriteValue<double>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, float value) {
-    return WriteValue<float>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, bool value) {
-    return WriteValue<bool>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, uint8_t value) {
-    return WriteValue<uint8_t>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, uint16_t value) {
-    return WriteValue<uint16_t>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, int16_t value) {
-    return WriteValue<int16_t>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, uint64_t value) {
-    return WriteValue<uint64_t>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, uint32_t value) {
-    return WriteValue<uint32_t>(tag, value);
-}
-
-bool MOutFilerTaggedXml::Write(std::wstring_view tag, int32_t value) {
-    return WriteValue<int32_t>(tag, value);
 }
 
 bool MOutFilerTaggedXml::AddComment(std::wstring_view text) {

@@ -7,29 +7,19 @@
 
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
-#include "core/filer/IOutFilerTagged.h"
+#include "core/filer/TaggedType.h"
+#include "core/filer/TypedFilers.h"
 
 namespace hx {
 
-class MOutFilerTaggedXml : public IOutFilerTagged {
+class MOutFilerTaggedXml : public TypedWrites<MOutFilerTaggedXml> {
 public:
     // With a name that no element can have there is no document, and everything answers false.
     explicit MOutFilerTaggedXml(std::wstring_view root, std::wstring_view name_space = {});
 
-    bool Write(std::wstring_view tag, char value) override;
-    bool Write(std::wstring_view tag, std::wstring_view value) override;
-    bool Write(std::wstring_view tag, double value) override;
-    bool Write(std::wstring_view tag, float value) override;
-    bool Write(std::wstring_view tag, bool value) override;
-    bool Write(std::wstring_view tag, uint8_t value) override;
-    bool Write(std::wstring_view tag, uint16_t value) override;
-    bool Write(std::wstring_view tag, int16_t value) override;
-    bool Write(std::wstring_view tag, uint64_t value) override;
-    bool Write(std::wstring_view tag, uint32_t value) override;
-    bool Write(std::wstring_view tag, int32_t value) override;
-    using IOutFilerTagged::Write;
     // False for a text that would end the comment early.
     bool AddComment(std::wstring_view text) override;
     bool BeginGroup(std::wstring_view tag) override;
@@ -49,8 +39,14 @@ private:
         size_t length;
     };
 
+    friend TypedWrites;
     template <class T, class Value>
-    bool WriteValue(std::wstring_view tag, Value value);
+    bool WriteValue(std::wstring_view tag, Value value) {
+        constexpr bool kHoldsNoMarkup = !std::is_same_v<T, std::wstring> && !std::is_same_v<T, char>;
+        return WriteText(tag, TaggedType<T>::kWord, TaggedType<T>::Format(value), kHoldsNoMarkup);
+    }
+    bool WriteText(std::wstring_view tag, std::wstring_view type, std::wstring_view text,
+                   bool holds_no_markup);
     void Open(std::wstring_view tag);
     void BeginChild();
     void AppendEnd(std::wstring& text, const Name& name, bool empty) const;

@@ -1,7 +1,8 @@
 // The order in which interfaces list their operations: modules that were compiled years apart rely on it.
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <type_traits>
+#include <vector>
 
 #include "core/errors/MErrorCom.h"
 #include "core/filer/IInFilerTagged.h"
@@ -9,16 +10,9 @@
 #include "hxapi/ICoMHXConnSettings.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "settings/MHXConnectionSettings.h"
+#include "tests/vtable_slot.h"
 
 namespace {
-
-// Index of a virtual method in its vtable. A pointer to a virtual member holds its offset, plus one.
-template <class Method>
-size_t SlotOf(Method method) {
-    size_t offset = 0;
-    std::memcpy(&offset, &method, sizeof offset);
-    return (offset - 1) / sizeof(void*);
-}
 
 // A destructor fills two slots here, so that what it is listed as slot 1 stands in slots 0 and 1.
 constexpr size_t kBehindDestructor = 2;

@@ -7,8 +7,8 @@
 
 #include "platform/com/dispatch.h"
 #include "platform/com/errorinfo.h"
-#include "platform/com/implements.h"
 #include "platform/com/safearray.h"
+#include "tests/vtable_slot.h"
 
 namespace {
 
@@ -40,89 +40,37 @@ static_assert(!std::has_virtual_destructor_v<IUnknown> && !std::has_virtual_dest
 TEST(Abi, InterfacesHaveTheirPublishedIds) {
     struct Row {
         const IID& iid;
-        uint8_t bytes[16];  // as they lie in memory
+        const char* bytes;  // as they lie in memory
     };
     const Row rows[] = {
-        {IID_IUnknown, {0, 0, 0, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46}},
-        {IID_IClassFactory, {1, 0, 0, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46}},
-        {IID_IDispatch, {0, 4, 2, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46}},
-        {IID_IErrorInfo,
-         {0x20, 0xB1, 0xF2, 0x1C, 0x7D, 0x54, 0x1B, 0x10, 0x8E, 0x65, 0x08, 0x00, 0x2B, 0x2B, 0xD1, 0x19}},
-        {IID_ICreateErrorInfo,
-         {0x40, 0x33, 0xF0, 0x22, 0x7D, 0x54, 0x1B, 0x10, 0x8E, 0x65, 0x08, 0x00, 0x2B, 0x2B, 0xD1, 0x19}},
-        {IID_ISupportErrorInfo,
-         {0x60, 0x3D, 0x0B, 0xDF, 0x8F, 0x54, 0x1B, 0x10, 0x8E, 0x65, 0x08, 0x00, 0x2B, 0x2B, 0xD1, 0x19}},
+        {IID_IUnknown, "\0\0\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IClassFactory, "\1\0\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IDispatch, "\0\4\2\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IErrorInfo, "\x20\xB1\xF2\x1C\x7D\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
+        {IID_ICreateErrorInfo, "\x40\x33\xF0\x22\x7D\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
+        {IID_ISupportErrorInfo, "\x60\x3D\x0B\xDF\x8F\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(std::memcmp(&row.iid, row.bytes, 16), 0) << &row - rows;
-    }
+    for (const Row& row : rows) EXPECT_EQ(std::memcmp(&row.iid, row.bytes, 16), 0) << &row - rows;
     EXPECT_EQ(hx::uuid_of<IErrorInfo>(), IID_IErrorInfo);
 }
 
-// A pointer to a virtual member holds the byte offset of its slot; the lowest bit only says that it is
-// virtual.
-template <class Method>
-size_t SlotOf(Method method) {
-    static_assert(sizeof(method) >= sizeof(uintptr_t));
-    uintptr_t offset = 0;
-    std::memcpy(&offset, &method, sizeof(offset));
-    return (offset & ~uintptr_t{1}) / sizeof(void*);
+// The methods stand in the table in this order, the first of them in slot `first`.
+template <class... Methods>
+void ExpectSlots(const char* interface, size_t first, Methods... methods) {
+    for (const size_t slot : {SlotOf(methods)...}) EXPECT_EQ(slot, first++) << interface;
 }
 
 TEST(Abi, MethodsHaveTheirPublishedSlots) {
-    struct Row {
-        const char* method;
-        size_t slot;
-        size_t published;
-    };
-// NOLINTBEGIN(bugprone-macro-parentheses): a member's name takes none
-#define SLOT(method, published) \
-    { #method, SlotOf(&method), (published) }
-    // NOLINTEND(bugprone-macro-parentheses)
-    const Row rows[] = {
-        SLOT(IUnknown::QueryInterface, 0),
-        SLOT(IUnknown::AddRef, 1),
-        SLOT(IUnknown::Release, 2),
-        SLOT(IClassFactory::CreateInstance, 3),
-        SLOT(IClassFactory::LockServer, 4),
-        SLOT(IDispatch::GetTypeInfoCount, 3),
-        SLOT(IDispatch::GetTypeInfo, 4),
-        SLOT(IDispatch::GetIDsOfNames, 5),
-        SLOT(IDispatch::Invoke, 6),
-        SLOT(IErrorInfo::GetGUID, 3),
-        SLOT(IErrorInfo::GetSource, 4),
-        SLOT(IErrorInfo::GetDescription, 5),
-        SLOT(IErrorInfo::GetHelpFile, 6),
-        SLOT(IErrorInfo::GetHelpContext, 7),
-        SLOT(ICreateErrorInfo::SetGUID, 3),
-        SLOT(ICreateErrorInfo::SetSource, 4),
-        SLOT(ICreateErrorInfo::SetDescription, 5),
-        SLOT(ICreateErrorInfo::SetHelpFile, 6),
-        SLOT(ICreateErrorInfo::SetHelpContext, 7),
-        SLOT(ISupportErrorInfo::InterfaceSupportsErrorInfo, 3),
-    };
-#undef SLOT
-    for (const Row& row : rows) EXPECT_EQ(row.slot, row.published) << row.method;
-}
-
-class Supporting final : public hx::Implements<Supporting, hx::FreeThreaded, ISupportErrorInfo> {
-public:
-    HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override {
-        return iid == IID_IDispatch ? S_OK : S_FALSE;
-    }
-};
-
-TEST(Abi, AnObjectIsCallableThroughItsBareTable) {
-    const auto object = hx::Make<Supporting>();
-    ISupportErrorInfo* const self = object.get();
-    void** table = nullptr;
-    std::memcpy(&table, static_cast<void*>(self), sizeof(table));
-    using Count = ULONG (*)(void*);
-    using Supports = HRESULT (*)(void*, const IID*);
-    EXPECT_EQ(reinterpret_cast<Count>(table[1])(self), 2u);
-    EXPECT_EQ(reinterpret_cast<Count>(table[2])(self), 1u);
-    EXPECT_EQ(reinterpret_cast<Supports>(table[3])(self, &IID_IDispatch), S_OK);
-    EXPECT_EQ(reinterpret_cast<Supports>(table[3])(self, &IID_IUnknown), S_FALSE);
+    ExpectSlots("IUnknown", 0, &IUnknown::QueryInterface, &IUnknown::AddRef, &IUnknown::Release);
+    ExpectSlots("IClassFactory", 3, &IClassFactory::CreateInstance, &IClassFactory::LockServer);
+    ExpectSlots("IDispatch", 3, &IDispatch::GetTypeInfoCount, &IDispatch::GetTypeInfo,
+                &IDispatch::GetIDsOfNames, &IDispatch::Invoke);
+    ExpectSlots("IErrorInfo", 3, &IErrorInfo::GetGUID, &IErrorInfo::GetSource, &IErrorInfo::GetDescription,
+                &IErrorInfo::GetHelpFile, &IErrorInfo::GetHelpContext);
+    ExpectSlots("ICreateErrorInfo", 3, &ICreateErrorInfo::SetGUID, &ICreateErrorInfo::SetSource,
+                &ICreateErrorInfo::SetDescription, &ICreateErrorInfo::SetHelpFile,
+                &ICreateErrorInfo::SetHelpContext);
+    ExpectSlots("ISupportErrorInfo", 3, &ISupportErrorInfo::InterfaceSupportsErrorInfo);
 }
 
 TEST(Abi, AStringHasItsLengthInFrontAndANulBehind) {

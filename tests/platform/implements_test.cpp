@@ -41,39 +41,25 @@ public:
 };
 
 // Does not list the base of its interface.
-class Narrow final : public hx::Implements<Narrow, hx::SingleThreaded, ILeft> {
-public:
+struct Narrow final : hx::Implements<Narrow, hx::SingleThreaded, ILeft> {
     int Base() override { return 1; }
     int Left() override { return 2; }
 };
 
-TEST(Implements, AnswersEveryListedInterface) {
-    const hx::ComPtr<IOther> start = hx::Make<Thing>();
-    EXPECT_EQ(start.as<IBase>()->Base(), 1);
-    EXPECT_EQ(start.as<ILeft>()->Left(), 2);
-    EXPECT_EQ(start.as<IRight>()->Right(), 3);
-    EXPECT_EQ(start.as<IOther>()->Other(), 4);
-    EXPECT_TRUE(start.as<IUnknown>());
-}
-
 TEST(Implements, RefusesEverythingElse) {
     const auto narrow = hx::Make<Narrow>();
-    struct Row {
-        const char* what;
-        const IID& iid;
-    };
-    const Row rows[] = {{"base that is not listed", IID_IBase}, {"stranger", IID_IOther}, {"null", IID_NULL}};
-    for (const Row& row : rows) {
+    // A base that is not listed, a stranger, none.
+    for (const IID& iid : {IID_IBase, IID_IOther, IID_NULL}) {
         void* out = &g_alive;
-        EXPECT_EQ(narrow->QueryInterface(row.iid, &out), E_NOINTERFACE) << row.what;
-        EXPECT_EQ(out, nullptr) << row.what;
+        EXPECT_EQ(narrow->QueryInterface(iid, &out), E_NOINTERFACE);
+        EXPECT_EQ(out, nullptr);
     }
     EXPECT_EQ(narrow->QueryInterface(IID_ILeft, nullptr), E_POINTER);
     EXPECT_EQ(narrow->AddRef(), 2u) << "a refused query took a reference";
     EXPECT_EQ(narrow->Release(), 1u);
 }
 
-// Identity, symmetry, reflexivity and transitivity, over all pairs.
+// Every listed interface answers; identity, symmetry, reflexivity and transitivity, over all pairs.
 TEST(Implements, KeepsTheRulesOfQueryInterface) {
     const hx::ComPtr<ILeft> start = hx::Make<Thing>();
     const hx::ComPtr<IUnknown> identity = start.as<IUnknown>();
@@ -92,35 +78,16 @@ TEST(Implements, KeepsTheRulesOfQueryInterface) {
     }
     EXPECT_EQ(start->AddRef(), 3u) << "a query leaked a reference";
     start->Release();
+    EXPECT_EQ(static_cast<void*>(identity.get()), static_cast<void*>(start.as<IBase>().get()))
+        << "the first interface listed";
+    EXPECT_TRUE(start->Left() == 2 && start.as<IRight>()->Right() == 3 && start.as<IOther>()->Other() == 4);
 }
 
-TEST(Implements, IdentityIsTheFirstInterface) {
-    const auto thing = hx::Make<Thing>();
-    const auto identity = thing.as<IUnknown>();
-    EXPECT_EQ(static_cast<void*>(identity.get()), static_cast<void*>(thing.as<IBase>().get()));
-}
-
-TEST(Implements, DiesWithItsLastReference) {
-    {
-        hx::ComPtr<Thing> thing = hx::Make<Thing>();
-        EXPECT_EQ(g_alive, 1);
-        hx::ComPtr<IOther> other = thing.as<IOther>();
-        thing.reset();
-        EXPECT_EQ(g_alive, 1);
-        EXPECT_EQ(other->AddRef(), 2u);
-        EXPECT_EQ(other->Release(), 1u);
-    }
-    EXPECT_EQ(g_alive, 0);
-}
-
-TEST(Implements, CountsFromTwoThreads) {
+TEST(Implements, CountsAndDiesOnAnyThread) {
     {
         const auto thing = hx::Make<Thing>();
         const auto churn = [&thing] {
-            for (int i = 0; i < 20000; ++i) {
-                const hx::ComPtr<IOther> copy = thing.as<IOther>();
-                const hx::ComPtr<IBase> base = copy.as<IBase>();
-            }
+            for (int i = 0; i < 20000; ++i) EXPECT_TRUE(thing.as<IOther>().as<IBase>());
         };
         std::thread other(churn);
         churn();
@@ -129,10 +96,6 @@ TEST(Implements, CountsFromTwoThreads) {
         thing->Release();
         EXPECT_EQ(g_alive, 1);
     }
-    EXPECT_EQ(g_alive, 0);
-}
-
-TEST(Implements, LastReferenceMayGoOnAnyThread) {
     for (int round = 0; round < 200; ++round) {
         hx::ComPtr<Thing> mine = hx::Make<Thing>();
         std::thread other([theirs = mine]() mutable { theirs.reset(); });
@@ -154,19 +117,15 @@ public:
 
 TEST(Implements, SurvivesBeingHandedAroundByItsConstructor) {
     const auto eager = hx::Make<Eager>(false);
-    EXPECT_EQ(eager->Other(), 4);
     EXPECT_EQ(eager->AddRef(), 2u);
     eager->Release();
     EXPECT_THROW(hx::Make<Eager>(true), std::runtime_error);
 }
 
 TEST(Boundary, TurnsExceptionsIntoCodes) {
-    EXPECT_EQ(hx::AtBoundary([] { return S_FALSE; }), S_FALSE);
     EXPECT_EQ(hx::AtBoundary([] { return DISP_E_OVERFLOW; }), DISP_E_OVERFLOW);
     EXPECT_EQ(hx::AtBoundary([]() -> HRESULT { throw std::bad_alloc(); }), E_OUTOFMEMORY);
-    EXPECT_EQ(hx::AtBoundary([]() -> HRESULT { throw std::bad_array_new_length(); }), E_OUTOFMEMORY);
     EXPECT_EQ(hx::AtBoundary([]() -> HRESULT { throw std::runtime_error("no"); }), E_FAIL);
-    EXPECT_EQ(hx::AtBoundary([]() -> HRESULT { throw 7; }), E_FAIL);
 }
 
 }  // namespace

@@ -20,13 +20,8 @@ TEST(SystemMessage, GivesTheSystemsTexts) {
     };
     const Row rows[] = {
         {0x00000000, L"The operation completed successfully.\r\n"},
-        {0x80004001, L"Not implemented\r\n"},
-        {0x80004002, L"No such interface supported\r\n"},
-        {0x80004003, L"Invalid pointer\r\n"},
         {0x80004005, L"Unspecified error\r\n"},
-        {0x8000FFFF, L"Catastrophic failure\r\n"},
         {0x80070005, L"Access is denied.\r\n"},
-        {0x8007000E, L"Not enough memory resources are available to complete this operation.\r\n"},
         {0x80070057, L"The parameter is incorrect.\r\n"},
         {0x80040154, L"Class not registered\r\n"},
         {0x80020005, L"Type mismatch.\r\n"},
@@ -39,12 +34,10 @@ TEST(SystemMessage, GivesTheSystemsTexts) {
 
 TEST(SystemMessage, AnotherSourceMayAnswer) {
     const hx::SystemMessageSource source = [](HRESULT result) -> std::optional<std::wstring> {
-        if (result == E_FAIL) return std::nullopt;
         return L"code " + std::to_wstring(result);
     };
     EXPECT_EQ(hx::SetSystemMessageSource(source), nullptr);
     EXPECT_EQ(hx::SystemMessage(7), L"code 7");
-    EXPECT_FALSE(hx::SystemMessage(E_FAIL));
     EXPECT_EQ(hx::SetSystemMessageSource(nullptr), source);
     EXPECT_EQ(hx::SystemMessage(E_FAIL), L"Unspecified error\r\n");
 }
@@ -56,57 +49,35 @@ TEST(CNumbers, ReadAsMuchAsIsANumber) {
         size_t length;
     };
     const Row rows[] = {
-        {"1.5", 1.5, 3},
-        {"-2e3x", -2000, 4},
-        {"  7", 7, 3},
-        {"1,5", 1, 1},
-        {"", 0, 0},
-        {"x", 0, 0},
-        {"0x10", 16, 4},
-        {".5.5", 0.5, 2},
-        {"1e999", HUGE_VAL, 5},
-        {"-1e999", -HUGE_VAL, 6},
-        {"4.9e-324", 0x1p-1074, 8},
+        {"-2e3x", -2000, 4}, {"  7", 7, 3},   {"1,5", 1, 1},          {"", 0, 0},
+        {"x", 0, 0},         {"0x10", 16, 4}, {"1e999", HUGE_VAL, 5}, {"4.9e-324", 0x1p-1074, 8},
     };
     for (const Row& row : rows) {
         const char* end = nullptr;
         EXPECT_EQ(hx::ParseDoubleC(row.text, &end), row.value) << row.text;
         EXPECT_EQ(static_cast<size_t>(end - row.text), row.length) << row.text;
     }
-    EXPECT_EQ(hx::ParseDoubleC("2.5", nullptr), 2.5);
 }
 
 // A process whose host has set a locale with a comma, made for the test if the machine has none.
-class CommaLocale : public testing::Test {
-protected:
-    void SetUp() override {
-        const std::string make =
-            "localedef -i de_DE -f UTF-8 '" + (m_folder.path() / "de_DE").string() + "' >/dev/null 2>&1";
-        if (!std::setlocale(LC_ALL, "de_DE.UTF-8")) {
-            const bool made = std::system(make.c_str()) == 0;
-            setenv("LOCPATH", m_folder.path().c_str(), 1);
-            if (!made || !std::setlocale(LC_ALL, "de_DE")) GTEST_SKIP() << "no locale to be had";
-        }
-        ASSERT_STREQ(std::localeconv()->decimal_point, ",");
-        ASSERT_EQ(std::strtod("1.5", nullptr), 1);
+TEST(CNumbers, ALocaleWithACommaDoesNotMatter) {
+    const TemporaryFolder folder;
+    if (!std::setlocale(LC_ALL, "de_DE.UTF-8")) {
+        const std::string target = (folder.path() / "de_DE").string();
+        const bool made =
+            std::system(("localedef -i de_DE -f UTF-8 '" + target + "' >/dev/null 2>&1").c_str()) == 0;
+        setenv("LOCPATH", folder.path().c_str(), 1);
+        if (!made || !std::setlocale(LC_ALL, "de_DE")) GTEST_SKIP() << "no locale to be had";
     }
-    void TearDown() override {
-        std::setlocale(LC_ALL, "C");
-        unsetenv("LOCPATH");
-    }
-    TemporaryFolder m_folder;
-};
-
-TEST_F(CommaLocale, DoesNotChangeNumbers) {
-    const char* end = nullptr;
-    EXPECT_EQ(hx::ParseDoubleC("1.5", &end), 1.5);
-    EXPECT_STREQ(end, "");
-    hx::Variant value(1.5);
-    VARIANT text{};
-    EXPECT_EQ(VariantChangeType(&text, &value.get(), 0, VT_BSTR), S_OK);
-    EXPECT_EQ(std::wstring(text.bstrVal), L"1.5");
-    EXPECT_EQ(VariantChangeType(&text, &text, 0, VT_R8), S_OK);
-    EXPECT_EQ(text.dblVal, 1.5);
+    EXPECT_EQ(std::strtod("1.5", nullptr), 1);
+    EXPECT_EQ(hx::ParseDoubleC("1.5", nullptr), 1.5);
+    VARIANT value = hx::Variant(1.5).detach();
+    EXPECT_EQ(VariantChangeType(&value, &value, 0, VT_BSTR), S_OK);
+    EXPECT_EQ(std::wstring(value.bstrVal), L"1.5");
+    EXPECT_EQ(VariantChangeType(&value, &value, 0, VT_R8), S_OK);
+    EXPECT_EQ(value.dblVal, 1.5);
+    std::setlocale(LC_ALL, "C");
+    unsetenv("LOCPATH");
 }
 
 }  // namespace

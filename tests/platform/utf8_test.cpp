@@ -17,61 +17,34 @@ TEST(Utf8, EveryCharacterComesBack) {
     }
 }
 
-TEST(Utf8, KnownSequences) {
-    struct Row {
-        std::wstring_view text;
-        std::string_view bytes;
-    };
-    const Row rows[] = {
-        {L""sv, ""sv},
-        {L"plain"sv, "plain"sv},
-        {L"a\0b"sv, "a\0b"sv},
-        {L"\u00E4\u20AC\U0001F600"sv, "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80"sv},
-        {L"\uFEFFx"sv, "\xEF\xBB\xBFx"sv},
-        {L"seven..\u00E4 more than eight again"sv, "seven..\xC3\xA4 more than eight again"sv},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(hx::ToUtf8(row.text), row.bytes);
-        EXPECT_EQ(hx::FromUtf8(row.bytes), row.text);
-    }
+TEST(Utf8, MarksNulsAndMixedTextsStay) {
+    const std::wstring_view text = L"\uFEFFa\0b seven.. \u00E4\u20AC\U0001F600 more than eight again"sv;
+    const std::string_view bytes =
+        "\xEF\xBB\xBF\x61\0b seven.. \xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80 more than eight again"sv;
+    EXPECT_EQ(hx::ToUtf8(text), bytes);
+    EXPECT_EQ(hx::FromUtf8(bytes), text);
 }
 
 TEST(Utf8, WhatIsNoCharacterBecomesTheReplacement) {
     for (const uint32_t code : {0xD800u, 0xDBFFu, 0xDC00u, 0xDFFFu, 0x110000u, 0xFFFFFFFFu}) {
         const std::wstring text = {L'a', static_cast<wchar_t>(code), L'b'};
-        EXPECT_EQ(hx::ToUtf8(text),
-                  "a\xEF\xBF\xBD"
-                  "b")
-            << code;
+        EXPECT_EQ(hx::ToUtf8(text), "a\xEF\xBF\xBD\x62") << code;
     }
 }
 
 TEST(Utf8, BadSequencesAreRefusedWhereTheyStart) {
+    // clang-format off
     const std::string_view bad[] = {
-        "\x80"sv,  // trailing byte without a lead
-        "\xBF"sv,
-        "\xC0\x80"sv,  // overlong NUL
-        "\xC1\xBF"sv,
-        "\xC2"sv,  // cut short
-        "\xC2\x41"sv,
-        "\xC2\xC2"sv,
-        "\xE0\x80\x80"sv,  // overlong
-        "\xE0\x9F\xBF"sv,
-        "\xE2\x82"sv,  // cut short
-        "\xE2\x82\x41"sv,
-        "\xE2\x41\xAC"sv,
-        "\xED\xA0\x80"sv,      // first surrogate
-        "\xED\xBF\xBF"sv,      // last surrogate
-        "\xF0\x80\x80\x80"sv,  // overlong
-        "\xF0\x8F\xBF\xBF"sv,
-        "\xF0\x9F\x98"sv,  // cut short
-        "\xF0\x9F\x98\x41"sv,
-        "\xF4\x90\x80\x80"sv,  // U+110000
-        "\xF5\x80\x80\x80"sv,
-        "\xF8\x88\x80\x80\x80"sv,
-        "\xFE"sv,
-        "\xFF"sv,
+        "\x80"sv, "\xBF"sv,                                                       // no lead
+        "\xC2"sv, "\xC2\x41"sv, "\xC2\xC2"sv, "\xE2\x82"sv, "\xE2\x82\x41"sv,     // cut short
+        "\xE2\x41\xAC"sv, "\xF0\x9F\x98"sv, "\xF0\x9F\x98\x41"sv,
+        "\xC0\x80"sv, "\xC1\xBF"sv, "\xE0\x80\x80"sv, "\xE0\x9F\xBF"sv,           // overlong
+        "\xF0\x80\x80\x80"sv, "\xF0\x8F\xBF\xBF"sv,
+        "\xED\xA0\x80"sv, "\xED\xBF\xBF"sv,                                       // surrogates
+        "\xF4\x90\x80\x80"sv, "\xF5\x80\x80\x80"sv, "\xF8\x88\x80\x80\x80"sv,      // beyond U+10FFFF
+        "\xFE"sv, "\xFF"sv,
     };
+    // clang-format on
     // In front, after more than one block of ASCII, and after other characters; at the end and followed by
     // more.
     for (const std::string& before : {""s, "0123456789abcdefghi"s, "\xC3\xA4"s, "\xF0\x9F\x98\x80"s}) {
@@ -83,21 +56,6 @@ TEST(Utf8, BadSequencesAreRefusedWhereTheyStart) {
                 EXPECT_FALSE(hx::FromUtf8(bytes, &offset)) << &sequence - bad;
                 EXPECT_EQ(offset, before.size()) << &sequence - bad;
             }
-        }
-    }
-    EXPECT_FALSE(hx::FromUtf8("\xFF"));
-}
-
-// A character cut off anywhere is bad at its start; whole characters before the cut are good.
-TEST(Utf8, EveryPrefixIsGoodOrCut) {
-    const std::string bytes = "a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80";
-    const size_t starts[] = {0, 1, 1, 3, 3, 3, 6, 6, 6, 6, 10};
-    const bool whole[] = {true, true, false, true, false, false, true, false, false, false, true};
-    for (size_t length = 0; length <= bytes.size(); ++length) {
-        size_t offset = 0;
-        EXPECT_EQ(hx::FromUtf8(bytes.substr(0, length), &offset).has_value(), whole[length]) << length;
-        if (!whole[length]) {
-            EXPECT_EQ(offset, starts[length]) << length;
         }
     }
 }
