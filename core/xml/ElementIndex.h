@@ -20,6 +20,7 @@ enum ElementFlag : uint32_t {
     kEmpty = 4,      // written as a self-closing tag
     kRemoved = 8,    // no longer in the tree, waiting to be used again
     kPlain = 16,     // the content is text as it stands: no markup in it, and no references
+    kAllFlags = 31,
 };
 
 // All lengths in characters. 32 bytes; with its start offset an element takes 36.
@@ -27,6 +28,7 @@ struct ElementRecord {
     static constexpr uint32_t kMaxLevel = (1u << 27) - 1;  // deeper elements carry this level
 
     static constexpr uint32_t Below(uint32_t level) { return level < kMaxLevel ? level + 1 : kMaxLevel; }
+    void ClearFlag(ElementFlag flag) { flags = flags & ~flag & kAllFlags; }
 
     uint32_t length;
     uint32_t start_tag_length;

@@ -14,7 +14,6 @@
 namespace hx {
 namespace {
 
-constexpr size_t kMaxLength = UINT32_MAX - 1;
 constexpr size_t kCharactersPerRecord = 64;
 
 void Join(std::wstring& error, std::wstring_view message) {

@@ -133,6 +133,9 @@ public:
     size_t IndexBytes() const { return m_index.BytesInUse(); }
 
 private:
+    // Of the text, in characters: offsets have 32 bits, and one value is no offset.
+    static constexpr size_t kMaxLength = UINT32_MAX - 1;
+
     struct SavedPosition {
         std::wstring name;
         Position position;

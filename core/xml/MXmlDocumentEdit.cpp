@@ -1,6 +1,5 @@
 // Editing: every edit splices the one text and moves what the index says about it.
 #include <algorithm>
-#include <limits>
 
 #include "core/xml/AttributeReader.h"
 #include "core/xml/MXmlDocument.h"
@@ -12,8 +11,6 @@
 
 namespace hx {
 namespace {
-
-constexpr size_t kMaxLength = std::numeric_limits<uint32_t>::max() - 1;
 
 void AppendAttribute(std::wstring& out, std::wstring_view name, std::wstring_view value) {
     out.append(name).append(std::wstring_view(L"=\""));
@@ -196,7 +193,7 @@ bool MXmlDocument::Insert(Place& place, bool own_line) {
     if (!Splice(place.parent, 0, tag_end, end - tag_end, m_markup)) return false;
     parent.start_tag_length = tag_end + 1 - m_index.Start(place.parent);
     parent.end_tag_length = end_tag;
-    parent.flags &= ~static_cast<uint32_t>(kEmpty) & 0x1Fu;
+    parent.ClearFlag(kEmpty);
     place.offset = tag_end + static_cast<uint32_t>(opening.size());
     return true;
 }
@@ -250,7 +247,7 @@ bool MXmlDocument::Splice(uint32_t container, uint32_t previous, uint32_t offset
                           std::wstring_view inserted) {
     if (inserted.size() > removed && inserted.size() - removed > kMaxLength - m_text.size()) return false;
     m_text.replace(offset, removed, inserted);
-    m_index[container].flags &= ~static_cast<uint32_t>(kPlain) & 0x1Fu;
+    m_index[container].ClearFlag(kPlain);
     const uint32_t delta = static_cast<uint32_t>(inserted.size()) - removed;
     const uint32_t behind = offset + removed;
     for (uint32_t element = container; element != 0; element = m_index[element].parent) {
