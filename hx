@@ -17,7 +17,7 @@ TEXT
 }
 
 TOOLS=(g++ cmake ninja-build)
-LIBRARIES=(libcli11-dev nlohmann-json3-dev)
+LIBRARIES=(libcli11-dev nlohmann-json3-dev libsqlite3-dev libicu-dev)
 TESTING=(libgtest-dev librapidcheck-dev binutils)
 BENCHING=(libpugixml-dev libtinyxml2-dev libexpat1-dev libxml2-dev libcereal-dev libboost-dev)
 FUZZING=(clang libclang-rt-14-dev)

@@ -79,17 +79,23 @@ bool ParseShortDouble(std::wstring_view text, double& value) {
     return true;
 }
 
-// The numbers that from_chars cannot be trusted with: leading white space, "+", hexadecimal, out of range,
-// long ones.
-bool ParseDoubleSlowly(std::wstring_view text, double& value) {
+// As strtod does; the number of characters that it took, 0 if there is no number.
+size_t ScanDouble(std::wstring_view text, double& value) {
     std::string narrow;
     for (const wchar_t c : text) {
         // No number has such a character, and a NUL would hide what follows it.
         narrow += c > 0 && c < 128 ? static_cast<char>(c) : '?';
     }
     const char* end = nullptr;
-    const double parsed = ParseDoubleC(narrow.c_str(), &end);
-    const auto length = static_cast<size_t>(end - narrow.c_str());
+    value = ParseDoubleC(narrow.c_str(), &end);
+    return static_cast<size_t>(end - narrow.c_str());
+}
+
+// The numbers that from_chars cannot be trusted with: leading white space, "+", hexadecimal, out of range,
+// long ones.
+bool ParseDoubleSlowly(std::wstring_view text, double& value) {
+    double parsed = 0;
+    const size_t length = ScanDouble(text, parsed);
     if (length == 0 || SkipSpace(text, length) != text.size()) return false;
     value = parsed;
     return true;
@@ -151,6 +157,13 @@ bool ParseNumber(std::wstring_view text, double& value) {
     const auto [behind, error] = std::from_chars(narrow, end, parsed);
     if (!ascii || error != std::errc() || behind != end) return ParseDoubleSlowly(text, value);
     value = parsed;
+    return true;
+}
+
+bool ScanNumber(std::wstring_view text, double& value) {
+    double scanned = 0;
+    if (ScanDouble(text, scanned) == 0) return false;
+    value = scanned;
     return true;
 }
 

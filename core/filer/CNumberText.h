@@ -39,4 +39,7 @@ bool ParseNumber(std::wstring_view text, uint64_t& value);
 // zero.
 bool ParseNumber(std::wstring_view text, double& value);
 
+// Reads as "%lf" scans: like the above, whatever follows the number.
+bool ScanNumber(std::wstring_view text, double& value);
+
 }  // namespace hx

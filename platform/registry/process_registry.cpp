@@ -1,0 +1,34 @@
+#include <mutex>
+
+#include "platform/registry/registry.h"
+
+namespace hx {
+namespace {
+
+struct ProcessRegistry {
+    std::mutex mutex;
+    std::shared_ptr<IRegistry> registry;
+};
+
+// Never destroyed: modules still log and read while the process exits.
+ProcessRegistry& TheProcessRegistry() {
+    static ProcessRegistry& registry = *new ProcessRegistry;
+    return registry;
+}
+
+}  // namespace
+
+std::shared_ptr<IRegistry> Registry() {
+    ProcessRegistry& process = TheProcessRegistry();
+    const std::lock_guard guard(process.mutex);
+    if (!process.registry) process.registry = MakeMemoryRegistry();
+    return process.registry;
+}
+
+void SetRegistry(std::shared_ptr<IRegistry> registry) {
+    ProcessRegistry& process = TheProcessRegistry();
+    const std::lock_guard guard(process.mutex);
+    process.registry.swap(registry);
+}
+
+}  // namespace hx

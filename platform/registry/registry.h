@@ -1,0 +1,95 @@
+// The registry: trees of keys with named, typed values, shared by every process of the machine. Asked by the
+// registry filers, the class lookup and the registration of components, on any thread; every operation stands
+// alone, so nothing is to be closed.
+//
+// Paths are key names parted by "\", without one in front; an empty path is the root itself. Names of keys and
+// values are found without regard to case and kept as they were first written. They may have any length and
+// hold any character, but a key name no "\".
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "platform/api.h"
+
+namespace hx {
+
+enum class RegistryRoot : uint32_t {
+    kCurrentUser,   // HKEY_CURRENT_USER, in the user's store
+    kLocalMachine,  // HKEY_LOCAL_MACHINE, in the machine's
+    kClassesRoot,   // HKEY_CLASSES_ROOT, in the machine's
+};
+
+enum class RegistryAccess { kRead, kReadWrite };
+
+// With the numbers that the system has for them.
+enum class RegistryResult : uint32_t {
+    kDone = 0,
+    kNotFound = 2,      // no such key, or no such value
+    kAccessDenied = 5,  // read-only for this user
+    kInvalid = 87,      // an unknown root; a root that is to be deleted
+    kDiskFull = 112,
+    kBusy = 170,      // other processes held the store for too long
+    kDamaged = 1009,  // the store cannot be used at all
+};
+
+// REG_SZ or REG_DWORD.
+using RegistryValue = std::variant<std::wstring, uint32_t>;
+
+struct NamedRegistryValue {
+    std::wstring name;  // as first written
+    RegistryValue value;
+};
+
+// Throws std::bad_alloc only.
+class IRegistry {
+public:
+    virtual ~IRegistry() = default;
+
+    // kDone if the key is there and such an access to it is allowed.
+    virtual RegistryResult OpenKey(RegistryRoot root, std::wstring_view path, RegistryAccess access) = 0;
+    // Makes the key, and those above it, unless they are there; asks for the right to write.
+    virtual RegistryResult CreateKey(RegistryRoot root, std::wstring_view path) = 0;
+    // Deletes the key and all below it.
+    virtual RegistryResult DeleteKey(RegistryRoot root, std::wstring_view path) = 0;
+
+    // `value` is unchanged on failure. The empty name is the key's default value.
+    virtual RegistryResult QueryValue(RegistryRoot root, std::wstring_view path, std::wstring_view name,
+                                      RegistryValue& value) = 0;
+    // The key must be there. Once this returns kDone the value survives the end of the process, however it
+    // ends.
+    virtual RegistryResult SetValue(RegistryRoot root, std::wstring_view path, std::wstring_view name,
+                                    const RegistryValue& value) = 0;
+    virtual RegistryResult DeleteValue(RegistryRoot root, std::wstring_view path, std::wstring_view name) = 0;
+
+    // The names of the keys right below, and the values of the key, in the order of their names without case.
+    virtual RegistryResult ListKeys(RegistryRoot root, std::wstring_view path,
+                                    std::vector<std::wstring>& names) = 0;
+    virtual RegistryResult ListValues(RegistryRoot root, std::wstring_view path,
+                                      std::vector<NamedRegistryValue>& values) = 0;
+};
+
+// The registry of this process: the store on disk, opened at the first call, unless another was installed.
+HX_PLATFORM_API std::shared_ptr<IRegistry> Registry();
+// Installs `registry`, null for the store on disk, opened anew. For tests and tools.
+HX_PLATFORM_API void SetRegistry(std::shared_ptr<IRegistry> registry);
+
+// A registry that lives in memory and dies with its last owner.
+HX_PLATFORM_API std::shared_ptr<IRegistry> MakeMemoryRegistry();
+
+// Something about the store that a service engineer has to know, told once.
+struct RegistryReport {
+    std::wstring store;      // the file
+    std::wstring set_aside;  // where it was moved to; empty if it could not be moved
+    std::wstring reason;     // why it could not be used
+};
+using RegistryReportSink = void (*)(const RegistryReport& report);
+// Who is told from now on, null for nobody; reports that nobody has heard yet are told at once. The sink must
+// not use the registry.
+HX_PLATFORM_API void SetRegistryReportSink(RegistryReportSink sink);
+
+}  // namespace hx
