@@ -10,7 +10,7 @@ usage: ./hx COMMAND
   test [PRESET...]         builds and runs all tests; PRESET: release (if left out), debug, asan, tsan
   bench [ARGS...]          compares speed with other libraries and prints ratios; --markdown FILE writes the tables
   fuzz TARGET [SECONDS]    feeds a target with arbitrary input (600 s if left out); TARGET: xml_document,
-                           tagged_reader, tagged_optional_reader
+                           tagged_reader, tagged_optional_reader, resource_script
   lint                     clang-format and clang-tidy over the whole tree
   ctl ARGS...              runs hxctl
 TEXT
@@ -96,7 +96,10 @@ run_fuzz() {
     need "${TOOLS[@]}" "${LIBRARIES[@]}" "${FUZZING[@]}"
     build fuzz "fuzz_$1"
     mkdir -p "build/fuzz/corpus/$1"
-    "build/fuzz/bin/fuzz_$1" -max_total_time="${2:-600}" -timeout=20 -dict=fuzz/xml.dict \
+    # The words of the target's language; most read XML.
+    local dictionary=fuzz/$1.dict
+    [ -f "$dictionary" ] || dictionary=fuzz/xml.dict
+    "build/fuzz/bin/fuzz_$1" -max_total_time="${2:-600}" -timeout=20 -dict="$dictionary" \
         -artifact_prefix="build/fuzz/$1-" "build/fuzz/corpus/$1" "fuzz/inputs/$1"
 }
 

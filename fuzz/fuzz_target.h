@@ -38,6 +38,8 @@ void XmlDocument(Input input);
 // Reads with values and groups of all kinds in an order that the input gives.
 void TaggedReader(Input input);
 void TaggedOptionalReader(Input input);
+// Reads a resource script, writes what it means as a script, and reads that.
+void ResourceScript(Input input);
 
 // Aborts with the text if `holds` is false.
 void Require(bool holds, const char* what);
