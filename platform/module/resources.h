@@ -1,5 +1,8 @@
 // The resources of one module in one language: strings, dialogs and menus by their ids, as read from `.rc`
-// text. Made once, then unchanged: readable on any thread.
+// text in the syntax of the system's resource compiler. Made once, then unchanged: readable on any thread.
+//
+// Read are STRINGTABLE, DIALOGEX, MENU and VERSIONINFO with ids in numbers or in names that the script
+// itself defines (#define NAME number); LANGUAGE, #include and #pragma code_page(65001) mean nothing here.
 #pragma once
 
 #include <cstdint>
@@ -13,19 +16,35 @@
 
 namespace hx {
 
+// Values by name, by language and code page in small letters ("040904b0").
+using VersionStrings = std::map<std::wstring, std::map<std::wstring, std::wstring>>;
+
 struct Resources {
     std::map<uint32_t, std::wstring> strings;
     std::map<uint32_t, DialogTemplate> dialogs;
     std::map<uint32_t, MenuTemplate> menus;
+    VersionStrings version;
+
+    bool operator==(const Resources&) const = default;
 };
 
 // Where and why a text is no resource script.
 struct ResourceError {
-    uint32_t line = 0;  // from 1
-    std::wstring text;  // in English, for people who write scripts
+    uint32_t line = 0;  // from 1; 0 if the file as a whole is meant
+    std::wstring text;  // one line in English, for people who write scripts
 };
 
 // The resources of a script; nothing if it is broken, and `error` then says where. Throws std::bad_alloc.
 HX_PLATFORM_API std::optional<Resources> ReadResourceScript(std::wstring_view script, ResourceError& error);
+
+// What a module's version resource says of it.
+struct ModuleVersion {
+    std::wstring file_description;  // "HXScannerCtrls"
+    std::wstring product_version;   // "4.0.0"
+};
+
+// In the first that is there of the languages and code pages "040904B0", "000004B0", "040904E4", "000004E4",
+// "04090000" and "00000000"; empty where there is none. Throws std::bad_alloc.
+HX_PLATFORM_API ModuleVersion VersionOf(const Resources& resources);
 
 }  // namespace hx

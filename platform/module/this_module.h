@@ -8,18 +8,16 @@
 
 namespace hx {
 
-// What the module's version resource says of it.
-struct ModuleVersion {
-    std::wstring file_description;  // "HXScannerCtrls"
-    std::wstring product_version;   // "4.0.0"
-};
+// What the module's version resource says of it. Throws std::bad_alloc.
 ModuleVersion ThisModuleVersion();
 
-// The module with its embedded resources, made at the first call and kept until the program ends.
+// The module with its embedded resources, made and entered under its file name at the first call, and kept
+// until the program ends or the library is unloaded. Its file name is absolute, its links unresolved; empty
+// if it is no UTF-8. Throws std::bad_alloc.
 ModuleHandle ThisModule();
 
 // Another file name for this module, of the library whose code the program shares: that is where satellites
-// are looked for. Before the first call of ThisModule.
+// are looked for. To be called before the first call of ThisModule, which a later one does not change.
 void SetThisModuleFileName(std::wstring file_name);
 
 }  // namespace hx

@@ -1,0 +1,93 @@
+#include "platform/module/resources.h"
+
+#include <utility>
+
+#include "platform/module/script_parser.h"
+#include "platform/module/script_resources.h"
+
+namespace hx {
+namespace {
+
+// Reads a script statement by statement; each id of one kind stands once.
+class ScriptReader {
+public:
+    explicit ScriptReader(std::wstring_view script) : m_parser(script) {}
+
+    Resources Read() {
+        while (true) {
+            m_parser.SkipAttributes();
+            if (m_parser.AtEnd()) return std::move(m_resources);
+            if (m_parser.AcceptWord(L"STRINGTABLE")) {
+                ReadStrings();
+            } else {
+                ReadResource();
+            }
+        }
+    }
+
+private:
+    // Where an id of one kind was met first.
+    struct Kind {
+        std::wstring_view name;
+        std::map<uint32_t, uint32_t> lines;
+    };
+
+    static void Enter(Kind& kind, uint32_t id, uint32_t line) {
+        const auto [at, is_new] = kind.lines.try_emplace(id, line);
+        if (is_new) return;
+        throw ScriptError{line, L"the " + std::wstring(kind.name) + L" " + std::to_wstring(id) +
+                                    L" is there already, in line " + std::to_wstring(at->second)};
+    }
+
+    void ReadStrings() {
+        m_parser.SkipAttributes();
+        for (const uint32_t begin = m_parser.BeginBlock(L"BEGIN of the strings");
+             !m_parser.EndBlock(begin);) {
+            const uint32_t line = m_parser.Line();
+            const auto id =
+                static_cast<uint32_t>(m_parser.ExpectNumber(L"the id of a string", 0, UINT16_MAX));
+            m_parser.AcceptMark(L',');
+            Enter(m_strings, id, line);
+            m_resources.strings.emplace(id, m_parser.ExpectText(L"the text of a string"));
+        }
+    }
+
+    void ReadResource() {
+        const uint32_t line = m_parser.Line();
+        const auto id = static_cast<uint32_t>(
+            m_parser.ExpectNumber(L"STRINGTABLE or the id of a resource", 1, UINT16_MAX));
+        if (m_parser.AcceptWord(L"DIALOGEX")) {
+            Enter(m_dialogs, id, line);
+            m_resources.dialogs.emplace(id, ReadDialog(m_parser));
+        } else if (m_parser.AcceptWord(L"MENU")) {
+            Enter(m_menus, id, line);
+            m_resources.menus.emplace(id, ReadMenu(m_parser));
+        } else if (m_parser.AcceptWord(L"VERSIONINFO")) {
+            if (id != 1) throw ScriptError{line, L"version information has the id 1 (VS_VERSION_INFO)"};
+            Enter(m_versions, id, line);
+            m_resources.version = ReadVersion(m_parser);
+        } else {
+            m_parser.FailExpected(L"DIALOGEX, MENU or VERSIONINFO");
+        }
+    }
+
+    ScriptParser m_parser;
+    Resources m_resources;
+    Kind m_strings{L"string", {}};
+    Kind m_dialogs{L"dialog", {}};
+    Kind m_menus{L"menu", {}};
+    Kind m_versions{L"version information", {}};
+};
+
+}  // namespace
+
+std::optional<Resources> ReadResourceScript(std::wstring_view script, ResourceError& error) {
+    try {
+        return ScriptReader(script).Read();
+    } catch (const ScriptError& refused) {
+        error = {refused.line, refused.text};
+        return std::nullopt;
+    }
+}
+
+}  // namespace hx
