@@ -1,0 +1,239 @@
+// Every language says the same things in the same places, and all of it in its own words.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cwctype>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/system/utf8.h"
+#include "tests/resources/scripts.h"
+
+namespace {
+
+using hx_test::Base;
+using hx_test::Kind;
+using hx_test::KindOf;
+using hx_test::Mnemonic;
+using hx_test::Script;
+using hx_test::Scripts;
+using hx_test::Shown;
+
+constexpr uint32_t kOk = 1;
+constexpr uint32_t kCancel = 2;
+constexpr uint32_t kCustom = 284;  // its text is set when its dialog opens
+constexpr uint32_t kTabStop = 0x10000;
+
+// Words that a language shares with English. Product names are the same everywhere.
+const std::map<std::string, std::set<std::wstring>>& SharedWords() {
+    static const std::map<std::string, std::set<std::wstring>> words = {
+        {"de-DE", {L"HXScannerCtrls", L"Auto"}},
+        {"es-ES", {L"HXScannerCtrls", L"Auto", L"General"}},
+        {"fr-FR", {L"HXScannerCtrls", L"Auto", L"Gain", L"Versions"}},
+        {"ja-JP", {L"HXScannerCtrls"}},
+    };
+    return words;
+}
+
+bool IsEnglish(const Script& script) {
+    return script.tag.empty() || script.tag.starts_with("en-");
+}
+
+std::map<std::string, std::wstring> TextsByPlace(const hx::Resources& resources) {
+    std::map<std::string, std::wstring> texts;
+    hx_test::ForEachText(resources, [&](const std::string& place, const std::wstring& text) {
+        EXPECT_TRUE(texts.emplace(place, text).second) << place << " occurs twice";
+    });
+    return texts;
+}
+
+// What is filled in later: the "%" directives in their order, which counts as they take their values by
+// position, then the "${name}" ones sorted, as these may change places.
+std::vector<std::wstring> Placeholders(const std::wstring& text) {
+    std::vector<std::wstring> directives;
+    std::vector<std::wstring> names;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == L'%' && i + 1 < text.size() && std::iswalpha(static_cast<wint_t>(text[i + 1]))) {
+            directives.push_back(text.substr(i, 2));
+        } else if (text.compare(i, 2, L"${") == 0) {
+            names.push_back(text.substr(i, text.find(L'}', i) - i + 1));
+        }
+    }
+    std::ranges::sort(names);
+    directives.insert(directives.end(), names.begin(), names.end());
+    return directives;
+}
+
+bool HasWords(std::wstring text) {
+    for (const std::wstring& placeholder : Placeholders(text)) {
+        text.erase(text.find(placeholder), placeholder.size());
+    }
+    constexpr wchar_t kFirstAccentedLetter = 0xC0;
+    return std::ranges::any_of(
+        text, [](wchar_t c) { return c >= kFirstAccentedLetter || std::iswalpha(static_cast<wint_t>(c)); });
+}
+
+void ExpectSameItems(const std::vector<hx::MenuItem>& base, const std::vector<hx::MenuItem>& items) {
+    ASSERT_EQ(base.size(), items.size());
+    for (size_t i = 0; i < base.size(); ++i) {
+        EXPECT_EQ(base[i].id, items[i].id) << "item " << i;
+        EXPECT_EQ(base[i].flags, items[i].flags) << "item " << i;
+        ExpectSameItems(base[i].items, items[i].items);
+    }
+}
+
+// A mnemonic that a second text claims as well reaches neither at once.
+class ClaimedMnemonics {
+public:
+    void Claim(const std::wstring& text) {
+        const wchar_t mnemonic = Mnemonic(text);
+        if (mnemonic != 0) {
+            EXPECT_TRUE(std::iswalnum(static_cast<wint_t>(mnemonic))) << hx::ToUtf8(text);
+            const auto [owner, is_new] = m_owners.emplace(mnemonic, text);
+            EXPECT_TRUE(is_new) << hx::ToUtf8(text) << " and " << hx::ToUtf8(owner->second);
+        }
+    }
+
+private:
+    std::map<wchar_t, std::wstring> m_owners;
+};
+
+void ExpectOwnMnemonics(const std::vector<hx::MenuItem>& items, bool all) {
+    ClaimedMnemonics claimed;
+    for (const hx::MenuItem& item : items) {
+        claimed.Claim(item.text);
+        EXPECT_TRUE(item.id == 0 || !all || Mnemonic(item.text) != 0) << hx::ToUtf8(item.text);
+        ExpectOwnMnemonics(item.items, all);
+    }
+}
+
+// Whether the control at `index` is something to go to, or names the control behind it that is.
+bool NamesAnInput(const std::vector<hx::DialogControl>& controls, size_t index) {
+    const hx::DialogControl& control = controls[index];
+    const Kind kind = KindOf(control);
+    if (kind == Kind::check_box || kind == Kind::push_button) {
+        return control.id != kOk && control.id != kCancel && control.id != kCustom;
+    }
+    if (kind != Kind::label && kind != Kind::group) {
+        return false;
+    }
+    if (!HasWords(control.text) || index + 1 == controls.size()) {
+        return false;
+    }
+    const hx::DialogControl& next = controls[index + 1];
+    const Kind next_kind = KindOf(next);
+    const bool is_field =
+        next_kind != Kind::check_box && next_kind != Kind::push_button && (next.style & kTabStop) != 0;
+    return is_field && (kind == Kind::label || next_kind == Kind::list_box);
+}
+
+TEST(Texts, EveryPromisedLanguageIsThere) {
+    std::set<std::string> tags;
+    for (const Script& script : Scripts()) {
+        tags.insert(script.tag);
+    }
+    for (const char* tag : {"", "en-US", "de-DE", "fr-FR", "es-ES", "ja-JP"}) {
+        EXPECT_TRUE(tags.contains(tag)) << tag;
+    }
+}
+
+TEST(Texts, EveryLanguageHasTheTextsOfTheBaseWithTheirPlaceholdersAndLines) {
+    const std::map<std::string, std::wstring> base = TextsByPlace(Base().resources);
+    for (const Script& script : Scripts()) {
+        SCOPED_TRACE(script.tag);
+        const std::map<std::string, std::wstring> texts = TextsByPlace(script.resources);
+        EXPECT_EQ(base.size(), texts.size());
+        for (const auto& [place, base_text] : base) {
+            const auto found = texts.find(place);
+            ASSERT_NE(found, texts.end()) << place;
+            const std::wstring& text = found->second;
+            EXPECT_EQ(Placeholders(base_text), Placeholders(text)) << place;
+            EXPECT_EQ(std::ranges::count(base_text, L'\n'), std::ranges::count(text, L'\n')) << place;
+            EXPECT_EQ(base_text.empty(), text.empty()) << place;  // an empty string counts as missing
+        }
+    }
+}
+
+TEST(Texts, EveryLanguageHasTheDialogsOfTheBase) {
+    for (const Script& script : Scripts()) {
+        EXPECT_EQ(Base().resources.dialogs.size(), script.resources.dialogs.size());
+        for (const auto& [id, base] : Base().resources.dialogs) {
+            SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
+            const auto found = script.resources.dialogs.find(id);
+            ASSERT_NE(found, script.resources.dialogs.end());
+            const hx::DialogTemplate& dialog = found->second;
+            EXPECT_EQ(base.style, dialog.style);
+            EXPECT_EQ(base.extended_style, dialog.extended_style);
+            EXPECT_EQ(base.font_face, dialog.font_face);
+            ASSERT_EQ(base.controls.size(), dialog.controls.size());
+            for (size_t i = 0; i < base.controls.size(); ++i) {
+                EXPECT_EQ(base.controls[i].id, dialog.controls[i].id) << "control " << i;
+                EXPECT_EQ(base.controls[i].window_class, dialog.controls[i].window_class) << "control " << i;
+                EXPECT_EQ(base.controls[i].style, dialog.controls[i].style) << "control " << i;
+            }
+        }
+    }
+}
+
+TEST(Texts, EveryLanguageHasTheMenusOfTheBase) {
+    for (const Script& script : Scripts()) {
+        SCOPED_TRACE(script.tag);
+        EXPECT_EQ(Base().resources.menus.size(), script.resources.menus.size());
+        for (const auto& [id, base] : Base().resources.menus) {
+            const auto found = script.resources.menus.find(id);
+            ASSERT_NE(found, script.resources.menus.end()) << id;
+            ExpectSameItems(base.items, found->second.items);
+        }
+    }
+}
+
+TEST(Texts, NothingIsLeftUntranslated) {
+    const std::map<std::string, std::wstring> english = TextsByPlace(Base().resources);
+    for (const Script& script : Scripts()) {
+        SCOPED_TRACE(script.tag);
+        const std::map<std::string, std::wstring> texts = TextsByPlace(script.resources);
+        if (IsEnglish(script)) {
+            EXPECT_EQ(english, texts);
+            continue;
+        }
+        const auto allowed = SharedWords().find(script.tag);
+        ASSERT_NE(allowed, SharedWords().end()) << "name the words that are the same in this language";
+        std::set<std::wstring> shared;
+        for (const auto& [place, text] : texts) {
+            const auto original = english.find(place);
+            ASSERT_NE(original, english.end()) << place;
+            if (HasWords(text) && Shown(text) == Shown(original->second)) {
+                EXPECT_TRUE(allowed->second.contains(Shown(text))) << place << ": " << hx::ToUtf8(text);
+                shared.insert(Shown(text));
+            }
+        }
+        EXPECT_EQ(allowed->second, shared) << "a word that no text needs is not to be listed";
+    }
+}
+
+TEST(Texts, MnemonicsAreUniqueAndReachEveryInput) {
+    for (const Script& script : Scripts()) {
+        for (const auto& [id, dialog] : script.resources.dialogs) {
+            SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
+            const hx::DialogTemplate& base = Base().resources.dialogs.at(id);
+            ClaimedMnemonics claimed;
+            for (size_t i = 0; i < dialog.controls.size(); ++i) {
+                const std::wstring& text = dialog.controls[i].text;
+                claimed.Claim(text);
+                const bool is_needed =
+                    Mnemonic(base.controls.at(i).text) != 0 ||
+                    // The English texts of most controls are fixed as they are, without one.
+                    (!IsEnglish(script) && NamesAnInput(dialog.controls, i));
+                EXPECT_TRUE(!is_needed || Mnemonic(text) != 0) << hx::ToUtf8(text);
+            }
+        }
+        for (const auto& [id, menu] : script.resources.menus) {
+            SCOPED_TRACE(script.tag + ", menu " + std::to_string(id));
+            ExpectOwnMnemonics(menu.items, !IsEnglish(script));
+        }
+    }
+}
+
+}  // namespace
