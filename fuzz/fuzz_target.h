@@ -40,6 +40,8 @@ void TaggedReader(Input input);
 void TaggedOptionalReader(Input input);
 // Reads a resource script, writes what it means as a script, and reads that.
 void ResourceScript(Input input);
+// Formats what another component says of its failure, and sends it on.
+void ChainDocument(Input input);
 
 // Aborts with the text if `holds` is false.
 void Require(bool holds, const char* what);

@@ -43,8 +43,13 @@ struct SettingsRequest {
 };
 Outcome RunSettings(const SettingsRequest& request, bool json);
 
-// hxctl exception FILE
-Outcome RunException(const std::string& file, bool json);
+// hxctl exception FILE [--locale TAG] [--chain]
+struct ExceptionRequest {
+    std::string file;
+    std::string locale;  // empty: the texts of the program itself
+    bool chain = false;  // prints the document that would be sent on
+};
+Outcome RunException(const ExceptionRequest& request, bool json);
 
 // hxctl inspect FILE [--record CLASS] [--element NAME] [--rewrite] [--defaults FILE]
 struct InspectRequest {

@@ -4,6 +4,8 @@
 #include <iostream>
 
 #include "apps/hxctl/command.h"
+#include "core/errors/MException.h"
+#include "platform/system/utf8.h"
 
 namespace {
 
@@ -74,15 +76,17 @@ private:
     }
 
     void AddException(CLI::App& app) {
-        CLI::App* exception = app.add_subcommand("exception", "the error codes of a chain document");
-        exception->add_option("FILE", m_inspect.file, kFileHelp)->required();
-        exception->callback(
-            [this] { m_run = [this] { return hxctl::RunException(m_inspect.file, m_json); }; });
+        CLI::App* exception = app.add_subcommand("exception", "what a chain document says to the user");
+        exception->add_option("FILE", m_exception.file, kFileHelp)->required();
+        exception->add_option("--locale", m_exception.locale, "the language of the message, as de-DE");
+        exception->add_flag("--chain", m_exception.chain, "prints the document that would be sent on");
+        exception->callback([this] { m_run = [this] { return hxctl::RunException(m_exception, m_json); }; });
     }
 
     std::function<Outcome()> m_run;
     hxctl::SettingsRequest m_settings;
     hxctl::InspectRequest m_inspect;
+    hxctl::ExceptionRequest m_exception;
     bool m_tree = false;
     bool m_json = false;
 };
@@ -106,6 +110,8 @@ int main(int argc, char** argv) {
         if (!outcome.reason.empty()) std::cerr << "hxctl: " << outcome.reason << '\n';
         if (std::cout) return outcome.exit;
         std::cerr << "hxctl: standard output cannot be written\n";
+    } catch (const hx::MException& exception) {
+        std::cerr << "hxctl: " << hx::ToUtf8(hx::ErrorCodesText(exception)) << '\n';
     } catch (const std::exception& error) {
         std::cerr << "hxctl: " << error.what() << '\n';
     }

@@ -8,8 +8,6 @@
 namespace hx {
 namespace {
 
-constexpr std::wstring_view kChainRoot = L"ExceptionChain";
-constexpr std::wstring_view kChainGroup = L"Exception";
 constexpr std::wstring_view kRecordGroup = L"Error";
 
 }  // namespace

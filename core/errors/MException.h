@@ -50,6 +50,10 @@ private:
 // `Class.Method:Error ($name="value", $name="value")`. Records without a code are left out.
 std::wstring ErrorCodesText(const MException& exception);
 
+// The names in a document that carries a chain.
+inline constexpr std::wstring_view kChainRoot = L"ExceptionChain";
+inline constexpr std::wstring_view kChainGroup = L"Exception";
+
 // The chain as a document of its own, as it crosses a component boundary, and back: false if `document` is
 // none, and the exception is then unchanged.
 std::wstring ChainDocument(const MException& exception);

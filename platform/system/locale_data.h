@@ -1,5 +1,5 @@
-// What languages and regions ask for, by language tag ("de-DE"), whatever the machine has installed. Any
-// thread.
+// What languages and regions ask for, by language tag ("de-DE"), whatever the machine has installed or the
+// user has set. "C" stands for no language. Any thread.
 #pragma once
 
 #include <optional>
@@ -10,13 +10,20 @@
 
 namespace hx {
 
-struct LocaleData {
-    wchar_t decimal_separator;       // of numbers in Latin digits
-    std::wstring short_date_format;  // ICU pattern, e.g. "dd.MM.yy"
+// False for a tag that is malformed, and for one of a language that there are no data for.
+HX_PLATFORM_API bool IsKnownLocale(std::string_view tag);
+
+// Of numbers in Latin digits. Nothing for an unknown locale, or one whose separator is no single character.
+HX_PLATFORM_API std::optional<wchar_t> DecimalSeparatorOf(std::string_view tag);
+
+struct CalendarDate {
+    int32_t year;
+    int32_t month;  // 1 to 12
+    int32_t day;    // 1 to 31
 };
 
-// Nothing for a tag that is malformed or names no known language. "C" is known: "." and ISO dates.
-// Throws std::bad_alloc.
-HX_PLATFORM_API std::optional<LocaleData> FindLocale(std::string_view tag);
+// A date of the Gregorian calendar in the locale's short form; of "C" it is "2024-01-31". Nothing for an
+// unknown locale and for a date that is not in the calendar. Throws std::bad_alloc.
+HX_PLATFORM_API std::optional<std::wstring> ShortDate(std::string_view tag, const CalendarDate& date);
 
 }  // namespace hx

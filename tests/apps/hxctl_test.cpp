@@ -178,19 +178,51 @@ TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
     });
 }
 
-TEST_F(Hxctl, ShowsTheCodesOfAChain) {
+TEST_F(Hxctl, TellsWhatAChainSaysToTheUser) {
+    const auto error = [](const std::string& code, const std::string& name, const std::string& value) {
+        return "<Error><Code type='string'>" + code + "</Code><Parameter><Name type='string'>" + name +
+               "</Name><Value type='string'>" + value + "</Value></Parameter></Error>";
+    };
+    const auto document = [](const std::string& groups) {
+        return "<ExceptionChain>" + groups + "</ExceptionChain>";
+    };
     const std::string chain =
-        "<ExceptionChain><Exception><Error><Code type='string'>A.B:C</Code></Error><Error><Code "
-        "type='string'>D</Code>"
-        "<Parameter><Name type='string'>n</Name><Value "
-        "type='string'>v</Value></Parameter></Error></Exception>"
-        "</ExceptionChain>";
+        document("<Exception>" + error("A.B:C", "n", "v") + error("D", "n", "w") + "</Exception>");
+    const std::string codes = "D ($n=\"w\")\nA.B:C ($n=\"v\")";
+    const std::string own =
+        error("MLaserProfileSettings.ValidateProfileName:ProfileNameContains", "invalidCharacter", "/");
+    const std::string own_code =
+        "MLaserProfileSettings.ValidateProfileName:ProfileNameContains ($invalidCharacter=\"/\")";
+    const std::string rule = "<MatchingRule>" + error("X", "n", "v") +
+                             "<Message type='string'>\xC3\xBC ${n}</Message></MatchingRule>";
     Check({
-        {"exception -", chain, 0, "D ($n=\"v\")\nA.B:C ()\n", ""},
-        {"exception - --json", chain, 0, "{\"codes\":\"D ($n=\\\"v\\\")\\nA.B:C ()\"}\n", ""},
+        {"exception -", chain, 0,
+         "No error description available due to a configuration error.\nError codes:\n" + codes +
+             "\nRule: none (score 0)\n",
+         ""},
+        {"exception - --json", document("<Exception>" + own + "</Exception>" + rule), 0,
+         "{\"message\":\"The profile name cannot contain '/'.\\nChoose a different name for the new "
+         "profile.\","
+         "\"codes\":\"MLaserProfileSettings.ValidateProfileName:ProfileNameContains "
+         "($invalidCharacter=\\\"/\\\")\","
+         "\"rule\":\"oldest record\",\"score\":2000}\n",
+         ""},
+        {"exception - --locale de-DE", document("<Exception>" + own + "</Exception>"), 0,
+         "Der Profilname darf \xE2\x80\x9E/\xE2\x80\x9C nicht enthalten.\nW\xC3\xA4hlen Sie einen anderen "
+         "Namen f\xC3\xBCr das "
+         "neue Profil.\nError codes:\n" +
+             own_code + "\nRule: oldest record (score 2000)\n",
+         ""},
+        {"exception - --locale ../de-DE",
+         document("<Exception>" + error("D", "n", "w") + "</Exception>" + rule), 0,
+         "\xC3\xBC v\nError codes:\nD ($n=\"w\")\nRule: remote (score 500)\n", ""},
         {"exception -", "<ExceptionChain/>", 1, "", "hxctl: -: no document of an exception chain\n"},
         {"exception missing", "", 1, "", "hxctl: missing: No such file or directory\n"},
     });
+    // What one process sends on, another one shows in the words of the first, unless it has words of its own.
+    const Answer sent = Run("exception - --chain --locale fr-FR",
+                            document("<Exception>" + error("D", "n", "w") + "</Exception>" + rule));
+    EXPECT_EQ(Run("exception - --locale ja-JP", sent.out).out.substr(0, 5), "\xC3\xBC v\n");
 }
 
 TEST_F(Hxctl, WrongUseIsToldOnStandardErrorAlone) {
