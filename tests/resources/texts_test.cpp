@@ -100,12 +100,12 @@ private:
     std::map<wchar_t, std::wstring> m_owners;
 };
 
-void ExpectOwnMnemonics(const std::vector<hx::MenuItem>& items, bool all) {
+void ExpectOwnMnemonics(const std::vector<hx::MenuItem>& items) {
     ClaimedMnemonics claimed;
     for (const hx::MenuItem& item : items) {
         claimed.Claim(item.text);
-        EXPECT_TRUE(item.id == 0 || !all || Mnemonic(item.text) != 0) << hx::ToUtf8(item.text);
-        ExpectOwnMnemonics(item.items, all);
+        EXPECT_TRUE(item.id == 0 || Mnemonic(item.text) != 0) << hx::ToUtf8(item.text);
+        ExpectOwnMnemonics(item.items);
     }
 }
 
@@ -223,15 +223,13 @@ TEST(Texts, MnemonicsAreUniqueAndReachEveryInput) {
                 const std::wstring& text = dialog.controls[i].text;
                 claimed.Claim(text);
                 const bool is_needed =
-                    Mnemonic(base.controls.at(i).text) != 0 ||
-                    // The English texts of most controls are fixed as they are, without one.
-                    (!IsEnglish(script) && NamesAnInput(dialog.controls, i));
+                    Mnemonic(base.controls.at(i).text) != 0 || NamesAnInput(dialog.controls, i);
                 EXPECT_TRUE(!is_needed || Mnemonic(text) != 0) << hx::ToUtf8(text);
             }
         }
         for (const auto& [id, menu] : script.resources.menus) {
             SCOPED_TRACE(script.tag + ", menu " + std::to_string(id));
-            ExpectOwnMnemonics(menu.items, !IsEnglish(script));
+            ExpectOwnMnemonics(menu.items);
         }
     }
 }
