@@ -31,6 +31,7 @@ std::span<const Target> Targets() {
         {"xml_document", &XmlDocument},
         {"tagged_reader", &TaggedReader},
         {"tagged_optional_reader", &TaggedOptionalReader},
+        {"registry_filers", &RegistryFilers},
     };
     return kTargets;
 }

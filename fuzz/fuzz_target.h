@@ -38,6 +38,8 @@ void XmlDocument(Input input);
 // Reads with values and groups of all kinds in an order that the input gives.
 void TaggedReader(Input input);
 void TaggedOptionalReader(Input input);
+// Writes and reads values of all types in groups of any name, in a registry in memory.
+void RegistryFilers(Input input);
 
 // Aborts with the text if `holds` is false.
 void Require(bool holds, const char* what);

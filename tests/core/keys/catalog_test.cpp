@@ -21,8 +21,8 @@ const IRegistryKeyElementBase& Key(uint32_t id) {
 template <class Property>
 std::set<uint32_t> KeysWith(Property property) {
     std::set<uint32_t> ids;
-    for (uint32_t id = 0; id < 190; ++id) {
-        if (property(MRegistryKeyLib::Rows()[id], Key(id))) ids.insert(id);
+    for (const RegistryKeyRow& row : MRegistryKeyLib::Rows()) {
+        if (property(row, Key(row.id))) ids.insert(row.id);
     }
     return ids;
 }
