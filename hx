@@ -10,7 +10,8 @@ usage: ./hx COMMAND
   test [PRESET...]         builds and runs all tests; PRESET: release (if left out), debug, asan, tsan
   bench [ARGS...]          compares speed with other libraries and prints ratios; --markdown FILE writes the tables
   fuzz TARGET [SECONDS]    feeds a target with arbitrary input (600 s if left out); TARGET: xml_document,
-                           tagged_reader, tagged_optional_reader, resource_script
+                           tagged_reader, tagged_optional_reader, resource_script, chain_document,
+                           registry_filers
   lint                     clang-format and clang-tidy over the whole tree
   ctl ARGS...              runs hxctl
 TEXT

@@ -33,6 +33,7 @@ std::span<const Target> Targets() {
         {"tagged_optional_reader", &TaggedOptionalReader},
         {"resource_script", &ResourceScript},
         {"chain_document", &ChainDocument},
+        {"registry_filers", &RegistryFilers},
     };
     return kTargets;
 }

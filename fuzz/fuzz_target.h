@@ -42,6 +42,8 @@ void TaggedOptionalReader(Input input);
 void ResourceScript(Input input);
 // Formats what another component says of its failure, and sends it on.
 void ChainDocument(Input input);
+// Writes and reads values of all types in groups of any name, in a registry in memory.
+void RegistryFilers(Input input);
 
 // Aborts with the text if `holds` is false.
 void Require(bool holds, const char* what);

@@ -2,6 +2,7 @@
 // prints.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -60,5 +61,10 @@ struct InspectRequest {
     bool rewrite = false;
 };
 Outcome RunInspect(const InspectRequest& request, bool json);
+
+// hxctl keys list|get ID|set ID VALUE
+Outcome RunKeysList(bool json);
+Outcome RunKeysGet(uint32_t id, bool json);
+Outcome RunKeysSet(uint32_t id, const std::string& value, bool json);
 
 }  // namespace hxctl

@@ -20,6 +20,7 @@ public:
         AddSettings(app);
         AddInspect(app);
         AddException(app);
+        AddKeys(app);
         for (CLI::App* command : app.get_subcommands({})) AddJson(*command);
     }
 
@@ -27,6 +28,7 @@ public:
 
 private:
     static constexpr const char* kFileHelp = "a text file, UTF-8 or UTF-16; - is standard input";
+    static constexpr const char* kKeyHelp = "the key's number, as `keys list` shows it";
 
     void AddJson(CLI::App& command) {
         command.add_flag("--json", m_json, "one JSON document");
@@ -83,10 +85,32 @@ private:
         exception->callback([this] { m_run = [this] { return hxctl::RunException(m_exception, m_json); }; });
     }
 
+    void AddKeys(CLI::App& app) {
+        CLI::App* keys =
+            app.add_subcommand("keys", "the values of the registry: what there is, and what it is set to");
+        keys->require_subcommand(1);
+        CLI::App* list =
+            keys->add_subcommand("list", "all keys, with path, type, category, group, flags and description");
+        list->callback([this] { m_run = [this] { return hxctl::RunKeysList(m_json); }; });
+        CLI::App* get = keys->add_subcommand("get", "the value of a key");
+        get->add_option("ID", m_key_id, kKeyHelp)->required();
+        get->callback([this] { m_run = [this] { return hxctl::RunKeysGet(m_key_id, m_json); }; });
+        CLI::App* set = keys->add_subcommand("set", "writes the value of a key, if it is of the key's type");
+        set->add_option("ID", m_key_id, kKeyHelp)->required();
+        set->add_option(
+               "VALUE", m_key_value,
+               "an integer, true or false, a number, or a text; -- goes before a text with - in front")
+            ->required();
+        set->callback(
+            [this] { m_run = [this] { return hxctl::RunKeysSet(m_key_id, m_key_value, m_json); }; });
+    }
+
     std::function<Outcome()> m_run;
     hxctl::SettingsRequest m_settings;
     hxctl::InspectRequest m_inspect;
     hxctl::ExceptionRequest m_exception;
+    uint32_t m_key_id = 0;
+    std::string m_key_value;
     bool m_tree = false;
     bool m_json = false;
 };

@@ -79,23 +79,26 @@ bool ParseShortDouble(std::wstring_view text, double& value) {
     return true;
 }
 
-// As strtod does; the number of characters that it took, 0 if there is no number.
-size_t ScanDouble(std::wstring_view text, double& value) {
+// As `parse` does; the number of characters that it took. 0 if there is no number, and `value` is unchanged.
+template <class T>
+size_t Scan(T (*parse)(const char*, const char**), std::wstring_view text, T& value) {
     std::string narrow;
     for (const wchar_t c : text) {
         // No number has such a character, and a NUL would hide what follows it.
         narrow += c > 0 && c < 128 ? static_cast<char>(c) : '?';
     }
     const char* end = nullptr;
-    value = ParseDoubleC(narrow.c_str(), &end);
-    return static_cast<size_t>(end - narrow.c_str());
+    const T parsed = parse(narrow.c_str(), &end);
+    const auto length = static_cast<size_t>(end - narrow.c_str());
+    if (length != 0) value = parsed;
+    return length;
 }
 
 // The numbers that from_chars cannot be trusted with: leading white space, "+", hexadecimal, out of range,
 // long ones.
 bool ParseDoubleSlowly(std::wstring_view text, double& value) {
     double parsed = 0;
-    const size_t length = ScanDouble(text, parsed);
+    const size_t length = Scan(&ParseDoubleC, text, parsed);
     if (length == 0 || SkipSpace(text, length) != text.size()) return false;
     value = parsed;
     return true;
@@ -161,10 +164,11 @@ bool ParseNumber(std::wstring_view text, double& value) {
 }
 
 bool ScanNumber(std::wstring_view text, double& value) {
-    double scanned = 0;
-    if (ScanDouble(text, scanned) == 0) return false;
-    value = scanned;
-    return true;
+    return Scan(&ParseDoubleC, text, value) != 0;
+}
+
+bool ScanNumber(std::wstring_view text, float& value) {
+    return Scan(&ParseFloatC, text, value) != 0;
 }
 
 }  // namespace hx

@@ -39,7 +39,8 @@ bool ParseNumber(std::wstring_view text, uint64_t& value);
 // zero.
 bool ParseNumber(std::wstring_view text, double& value);
 
-// Reads as "%lf" scans: like the above, whatever follows the number.
+// Reads as "%lf" and "%f" scan: like the above, whatever follows the number.
 bool ScanNumber(std::wstring_view text, double& value);
+bool ScanNumber(std::wstring_view text, float& value);
 
 }  // namespace hx

@@ -1,5 +1,5 @@
-// The reader of values in the registry. A missing key, a missing value or one of another registry type makes a
-// read false. 64-bit integers and documents cannot be read. One thread at a time.
+// The reader of values in the registry. A missing key, a missing value or one of another registry type makes
+// a read false. 64-bit integers and documents cannot be read. One thread at a time.
 #pragma once
 
 #include "core/filer/IFilerTaggedRegistryBase.h"

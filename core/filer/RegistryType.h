@@ -18,11 +18,13 @@ template <class T>
 struct RegistryType;
 
 template <class T>
-concept KeptInRegistry = requires { sizeof(RegistryType<T>); };
+concept KeptInRegistry = (sizeof(RegistryType<T>) > 0);
 
-// 8 to 32 bits: REG_DWORD, read back by truncation; any number but 0 is true.
 template <class T>
-    requires std::integral<T> && (sizeof(T) <= sizeof(uint32_t))
+concept UpTo32Bits = std::integral<T> && sizeof(T) <= sizeof(uint32_t);
+
+// REG_DWORD, read back by truncation; any number but 0 is true.
+template <UpTo32Bits T>
 struct RegistryType<T> {
     static RegistryValue Store(T value) {
         // The byte of a character has no sign; a negative number fills all 32 bits.
@@ -56,10 +58,7 @@ struct RegistryNumberText {
     }
     static bool Load(const RegistryValue& stored, T& value) {
         const std::wstring* const text = std::get_if<std::wstring>(&stored);
-        double number = 0;
-        if (text == nullptr || !ScanNumber(*text, number)) return false;
-        value = static_cast<T>(number);
-        return true;
+        return text != nullptr && ScanNumber(*text, value);
     }
 };
 

@@ -126,8 +126,38 @@ TEST_P(NumberText, DoublesAreReadAsTheCLibraryReadsThem) {
     }
 }
 
+template <class T>
+void ExpectAsScanf(const wchar_t* format, const std::wstring& text) {
+    T expected = 42;
+    const bool good = std::swscanf(text.c_str(), format, &expected) == 1;
+    T value = 42;
+    ASSERT_EQ(hx::ScanNumber(text, value), good) << testing::PrintToString(text);
+    ASSERT_TRUE(std::isnan(expected) ? std::isnan(value) : value == expected) << testing::PrintToString(text);
+}
+
+TEST_P(NumberText, NumbersAreScannedAsTheCLibraryScansThem) {
+    const auto expect = [](const std::wstring& text) {
+        ExpectAsScanf<double>(L"%lf", text);
+        ExpectAsScanf<float>(L"%f", text);
+    };
+    for (const std::wstring& text :
+         Texts(L"| |\t 12|1.5abc|1.5 "
+               L"2|1,5|abc|1e|1e+|.|-.5|+5|--1|0x10|0x.8p1|nan|NAN|-inf|infinity|1e400|1e39|"
+               L"-1e39|1e-400|1e-50|\u0661|1.000000059604644775390625|1.000000059604644775390626")) {
+        expect(text);
+    }
+    std::mt19937_64 random(4);
+    const std::wstring_view alphabet = L"0123456789.eE+- ,";
+    for (int round = 0; round < 50'000; ++round) {
+        std::wstring text(random() % 12, L'0');
+        for (wchar_t& c : text) c = alphabet[random() % alphabet.size()];
+        expect(text);
+        expect(std::to_wstring(random()) + L"e" + std::to_wstring(static_cast<int>(random() % 100) - 60));
+    }
+}
+
 void ExpectAsPrintf(double value) {
-    for (const int precision : {15, 8}) {
+    for (const int precision : {15, 14, 8, 6}) {
         wchar_t expected[64];
         std::swprintf(expected, std::size(expected), L"%.*e", precision, value);
         ASSERT_EQ(hx::CNumberText(value, precision).View(), expected);

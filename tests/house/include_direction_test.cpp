@@ -43,8 +43,8 @@ const std::vector<Room>& Rooms() {
         {"bench/", {"settings/", "core/", "hxapi/", "platform/"}},
         {"fuzz/", {"settings/", "core/", "hxapi/", "platform/"}},
         {"tests/",
-         {"fuzz/", "server/", "controls/", "preview/", "simulator/", "settings/", "core/", "hxapi/",
-          "platform/"}},
+         {"fuzz/", "apps/hxctl/", "server/", "controls/", "preview/", "simulator/", "settings/", "core/",
+          "hxapi/", "platform/"}},
     };
     return rooms;
 }

@@ -7,12 +7,15 @@
 #include "core/errors/MErrorCom.h"
 #include "core/filer/IInFilerTagged.h"
 #include "core/filer/IOutFilerTagged.h"
+#include "core/keys/IRegistryKeyElementBase.h"
 #include "hxapi/ICoMHXConnSettings.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "settings/MHXConnectionSettings.h"
 #include "tests/vtable_slot.h"
 
 namespace {
+
+using Key = Orvel::RegistryKeys::IRegistryKeyElementBase;
 
 // A destructor fills two slots here, so that what it is listed as slot 1 stands in slots 0 and 1.
 constexpr size_t kBehindDestructor = 2;
@@ -50,6 +53,49 @@ TEST(InterfaceOrder, OutputFiler) {
          SlotOf(&hx::IOutFilerTagged::AddComment), SlotOf(&hx::IOutFilerTagged::BeginGroup),
          SlotOf(&hx::IOutFilerTagged::EndGroup), SlotOf(&hx::IOutFilerTagged::InsertDocument)},
         kBehindDestructor);
+}
+
+template <class Value, class Fallback = Value>
+size_t GetSlot() {
+    using Get = bool (Key::*)(Value&, Fallback) const;
+    return SlotOf(static_cast<Get>(&Key::Get));
+}
+
+template <class Value>
+size_t SetSlot() {
+    using Set = bool (Key::*)(Value) const;
+    return SlotOf(static_cast<Set>(&Key::Set));
+}
+
+TEST(InterfaceOrder, RegistryKeyElement) {
+    ExpectConsecutive({GetSlot<std::wstring, const std::wstring&>(),
+                       GetSlot<char>(),
+                       GetSlot<double>(),
+                       GetSlot<float>(),
+                       GetSlot<bool>(),
+                       GetSlot<uint8_t>(),
+                       GetSlot<uint16_t>(),
+                       GetSlot<int16_t>(),
+                       GetSlot<uint32_t>(),
+                       GetSlot<int32_t>(),
+                       SetSlot<std::wstring_view>(),
+                       SetSlot<char>(),
+                       SetSlot<double>(),
+                       SetSlot<float>(),
+                       SetSlot<bool>(),
+                       SetSlot<uint8_t>(),
+                       SetSlot<uint16_t>(),
+                       SetSlot<int16_t>(),
+                       SetSlot<uint32_t>(),
+                       SetSlot<int32_t>(),
+                       SlotOf(&Key::GetType),
+                       SlotOf(&Key::GetCategory),
+                       SlotOf(&Key::GetDescription),
+                       SlotOf(&Key::GetFullPath),
+                       SlotOf(&Key::GetKeyGroup)},
+                      0);
+    // Nothing stands in front, so the destructor comes last.
+    static_assert(std::has_virtual_destructor_v<Key> && sizeof(Key) == sizeof(void*));
 }
 
 TEST(InterfaceOrder, Errors) {
