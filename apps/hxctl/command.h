@@ -56,4 +56,14 @@ struct InspectRequest {
 };
 Outcome RunInspect(const InspectRequest& request, bool json);
 
+// hxctl log [--follow] [--module NAME]; following ends only with the output.
+struct LogRequest {
+    std::string module = "HXScannerCtrls";
+    bool follow = false;
+};
+Outcome RunLog(const LogRequest& request, bool json);
+
+// hxctl log --events FILE
+Outcome RunLogEvents(const std::string& file, bool json);
+
 }  // namespace hxctl

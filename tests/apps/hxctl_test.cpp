@@ -1,70 +1,9 @@
 // The tool as a person runs it: arguments and input in, output, reason and exit code out.
-#include <gtest/gtest.h>
-#include <stdlib.h>
-#include <sys/wait.h>
-
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
+#include "tests/apps/hxctl_fixture.h"
 
 namespace {
 
 using namespace std::string_literals;
-
-class Hxctl : public testing::Test {
-protected:
-    struct Answer {
-        int exit;
-        std::string out;
-        std::string err;
-    };
-
-    void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "hxctl_XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        m_folder = pattern;
-    }
-    void TearDown() override { std::filesystem::remove_all(m_folder); }
-
-    void Write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(m_folder / name, std::ios::binary) << bytes;
-    }
-    std::string Read(const std::string& name) const {
-        std::ifstream file(m_folder / name, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }
-
-    // Runs the tool in the folder, with `input` as its standard input.
-    Answer Run(const std::string& arguments, const std::string& input = {}) const {
-        Write("stdin", input);
-        const std::string command = "cd '" + m_folder.string() + "' && '" + HX_BIN_DIR + "/hxctl' " +
-                                    arguments + " <stdin >stdout 2>stderr";
-        const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Read("stdout"), Read("stderr")};
-    }
-
-    struct Row {
-        const char* arguments;
-        std::string input;
-        int exit;
-        std::string out;
-        std::string err;
-    };
-    template <size_t N>
-    void Check(const Row (&rows)[N]) const {
-        for (const Row& row : rows) {
-            SCOPED_TRACE(row.arguments + " < "s + row.input);
-            const Answer answer = Run(row.arguments, row.input);
-            EXPECT_EQ(answer.exit, row.exit);
-            EXPECT_EQ(answer.out, row.out);
-            EXPECT_EQ(answer.err, row.err);
-        }
-    }
-
-    std::filesystem::path m_folder;
-};
 
 std::string Document(const std::string& server, char proxy, char wifi) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<MFilerTaggedXml>\n<HXConnectionSettings>\n"
@@ -196,7 +135,8 @@ TEST_F(Hxctl, ShowsTheCodesOfAChain) {
 TEST_F(Hxctl, WrongUseIsToldOnStandardErrorAlone) {
     for (const char* arguments :
          {"", "nonsense", "xml", "xml a b", "xml a --nonsense", "settings", "settings new",
-          "settings new --type x", "settings new --type 257 file", "inspect", "exception"}) {
+          "settings new --type x", "settings new --type 257 file", "inspect", "exception", "log file",
+          "log --events", "log --events file --follow"}) {
         const Answer answer = Run(arguments);
         EXPECT_EQ(answer.exit, 2) << arguments;
         EXPECT_EQ(answer.out, "") << arguments;
@@ -206,7 +146,7 @@ TEST_F(Hxctl, WrongUseIsToldOnStandardErrorAlone) {
 
 TEST_F(Hxctl, HelpIsEverywhere) {
     for (const char* command : {"", "xml", "settings", "settings new", "settings check", "settings convert",
-                                "inspect", "exception"}) {
+                                "inspect", "exception", "log"}) {
         const Answer answer = Run(command + " --help"s);
         EXPECT_EQ(answer.exit, 0) << command;
         EXPECT_NE(answer.out.find("Usage: hxctl"), std::string::npos) << answer.out;
