@@ -2,6 +2,8 @@
 # The one script of this tree. On a bare Debian 12 it installs what is missing, configures, builds and runs.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
+# What runs from here keeps its data here.
+export HX_DATA=${HX_DATA:-$PWD/build/data}
 
 usage() {
     cat <<'TEXT'

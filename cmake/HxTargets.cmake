@@ -45,5 +45,6 @@ function(hx_test name)
     if(ARG_DEPENDS)
         add_dependencies(${name} ${ARG_DEPENDS})
     endif()
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300
+                         ENVIRONMENT_MODIFICATION HX_DATA=set:${CMAKE_BINARY_DIR}/data)
 endfunction()

@@ -5,6 +5,7 @@
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/MOutFilerTaggedXml.h"
 #include "core/filer/TaggedXml.h"
+#include "core/log/MFlowScope.h"
 #include "platform/com/boundary.h"
 
 namespace hx {
@@ -12,12 +13,14 @@ namespace {
 
 // The number under which exceptions of settings objects are reported.
 constexpr int32_t kExceptionKind = 3;
+constexpr const char* kSourceName = "CCoMHXConnSettings";
 
 }  // namespace
 
 HRESULT CCoMHXConnSettings::ReadXmlBstr(BSTR xml) {
+    const MFlowScope scope("CCoMHXConnSettings::ReadXmlBstr", kSourceName, 20);
     return AtBoundary([&] {
-        static MErrorLocation location("CCoMHXConnSettings", "ReadXmlBstr");
+        static MErrorLocation location(kSourceName, "ReadXmlBstr");
         try {
             if (xml == nullptr) {
                 m_settings = MHXConnectionSettings();
@@ -33,9 +36,10 @@ HRESULT CCoMHXConnSettings::ReadXmlBstr(BSTR xml) {
 }
 
 HRESULT CCoMHXConnSettings::WriteXmlBstr(BSTR* xml) {
+    const MFlowScope scope("CCoMHXConnSettings::WriteXmlBstr", kSourceName, 45);
     if (xml == nullptr) return E_INVALIDARG;
     return AtBoundary([&] {
-        static MErrorLocation location("CCoMHXConnSettings", "WriteXmlBstr");
+        static MErrorLocation location(kSourceName, "WriteXmlBstr");
         try {
             return Write(xml);
         } catch (const MException& exception) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/log/MFlowScope.h"
 #include "platform/com/boundary.h"
 #include "server/CCoMHXConnSettings.h"
 
@@ -22,6 +23,7 @@ constexpr ServedSettings kServed[] = {
 
 HRESULT CCoMHXSettingsFactory::CreateSettingsObject(ProfileSettingsType type,
                                                     IXmlBstrSerializable** settings) {
+    const MFlowScope scope("CCoMHXSettingsFactory::CreateSettingsObject", "CCoMHXSettingsFactory", 25);
     const auto* const served = std::ranges::find(kServed, type, &ServedSettings::type);
     // The caller's pointer stays as it is: hosts ask for kinds that nobody serves and keep what they had.
     if (served == std::end(kServed)) return E_INVALIDARG;

@@ -1,11 +1,16 @@
 // The library's entry points and its class table: one row per component class, from which the class objects,
-// the listing and the tests of all classes follow.
+// the listing and the tests of all classes follow. Its log and event store live as long as it is loaded.
+#include "core/log/MModuleDiagnostics.h"
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "platform/com/class_table.h"
+#include "platform/module/this_module.h"
 #include "server/CCoMHXConnSettings.h"
 #include "server/CCoMHXSettingsFactory.h"
 
 namespace {
+
+const hx::MModuleDiagnostics g_diagnostics(L"HXScannerCtrls", hx::kLoggingKeyPath,
+                                           hx::ThisModuleVersion());
 
 constexpr hx::ClassRow kClasses[] = {
     {CLSID_CoMHXSettingsFactory, kProgIdHXSettingsFactory, L"Orvel.HXScannerCtrls.HXSettingsFactory",

@@ -66,5 +66,14 @@ Outcome RunInspect(const InspectRequest& request, bool json);
 Outcome RunKeysList(bool json);
 Outcome RunKeysGet(uint32_t id, bool json);
 Outcome RunKeysSet(uint32_t id, const std::string& value, bool json);
+// hxctl log [--follow] [--module NAME]; following ends only with the output.
+struct LogRequest {
+    std::string module = "HXScannerCtrls";
+    bool follow = false;
+};
+Outcome RunLog(const LogRequest& request, bool json);
+
+// hxctl log --events FILE
+Outcome RunLogEvents(const std::string& file, bool json);
 
 }  // namespace hxctl

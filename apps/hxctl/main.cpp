@@ -21,6 +21,7 @@ public:
         AddInspect(app);
         AddException(app);
         AddKeys(app);
+        AddLog(app);
         for (CLI::App* command : app.get_subcommands({})) AddJson(*command);
     }
 
@@ -105,12 +106,29 @@ private:
             [this] { m_run = [this] { return hxctl::RunKeysSet(m_key_id, m_key_value, m_json); }; });
     }
 
+    void AddLog(CLI::App& app) {
+        CLI::App* log = app.add_subcommand("log", "a module's newest log; what happened in a short session");
+        auto* module = log->add_option("--module", m_log.module, "whose log")->capture_default_str();
+        auto* follow = log->add_flag("--follow", m_log.follow, "waits for more, until interrupted");
+        log->add_option("--events", m_events_file,
+                        "uses the component library and writes its events to this file")
+            ->excludes(module, follow);
+        log->callback([this, log] {
+            const bool events = log->count("--events") != 0;
+            m_run = [this, events] {
+                return events ? hxctl::RunLogEvents(m_events_file, m_json) : hxctl::RunLog(m_log, m_json);
+            };
+        });
+    }
+
     std::function<Outcome()> m_run;
     hxctl::SettingsRequest m_settings;
     hxctl::InspectRequest m_inspect;
     hxctl::ExceptionRequest m_exception;
     uint32_t m_key_id = 0;
     std::string m_key_value;
+    hxctl::LogRequest m_log;
+    std::string m_events_file;
     bool m_tree = false;
     bool m_json = false;
 };

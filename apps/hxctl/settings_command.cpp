@@ -2,9 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/hxctl/command.h"
-#include "hxapi/HXScannerCtrlsClasses.h"
-#include "hxapi/IProfileSettingsFactory.h"
-#include "platform/com/comptr.h"
+#include "apps/hxctl/settings_object.h"
 #include "platform/com/loader.h"
 #include "platform/system/utf8.h"
 
@@ -13,23 +11,9 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-struct Answer {
-    const char* operation;
-    HRESULT result;
-};
-
 Answer Exchange(const SettingsRequest& request, const hx::Bstr& text, hx::Bstr& written) {
-    CLSID clsid;
-    Answer answer{"CLSIDFromProgID", CLSIDFromProgID(kProgIdHXSettingsFactory, &clsid)};
-    if (FAILED(answer.result)) return answer;
-    hx::ComPtr<IProfileSettingsFactory> factory;
-    answer = {"CoCreateInstance",
-              CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, hx::uuid_of<IProfileSettingsFactory>(),
-                               factory.put_void())};
-    if (FAILED(answer.result)) return answer;
     hx::ComPtr<IXmlBstrSerializable> settings;
-    answer = {"CreateSettingsObject",
-              factory->CreateSettingsObject(static_cast<ProfileSettingsType>(request.type), settings.put())};
+    Answer answer = CreateSettings(request.type, settings);
     if (FAILED(answer.result)) return answer;
     if (request.read) answer = {"ReadXmlBstr", settings->ReadXmlBstr(text.get())};
     if (FAILED(answer.result) || !request.write) return answer;

@@ -31,4 +31,7 @@ void SetRegistry(std::shared_ptr<IRegistry> registry) {
     process.registry.swap(registry);
 }
 
+// A registry in memory has nothing to report.
+void SetRegistryReportSink(RegistryReportSink) {}
+
 }  // namespace hx

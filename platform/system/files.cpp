@@ -3,44 +3,16 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <atomic>
-#include <cerrno>
 #include <cstdint>
 #include <utility>
 
+#include "platform/system/descriptor.h"
 #include "platform/system/utf8.h"
 
 namespace hx {
 namespace {
-
-std::error_code LastError() {
-    return {errno, std::generic_category()};
-}
-
-class Descriptor {
-public:
-    explicit Descriptor(int descriptor) : m_descriptor(descriptor) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (m_descriptor >= 0) close(m_descriptor);
-    }
-    int get() const { return m_descriptor; }
-    bool is_open() const { return m_descriptor >= 0; }
-
-private:
-    int m_descriptor;
-};
-
-// Whatever a system call that a signal interrupted comes to in the end.
-template <class Call>
-auto Retry(Call call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR) result = call();
-    return result;
-}
 
 std::error_code ReadAll(int descriptor, std::string& bytes) {
     struct stat status {};
@@ -71,12 +43,13 @@ std::error_code WriteAll(int descriptor, std::string_view bytes) {
 }
 
 // A new file in the folder; also where another process left one of the same name behind when it died.
-int CreateTemporary(const std::filesystem::path& folder, std::filesystem::path& path) {
+int CreateTemporary(const std::filesystem::path& folder, mode_t permissions, std::filesystem::path& path) {
     static std::atomic<uint32_t> next{0};
     int descriptor = -1;
     do {
         path = folder / (".hx-" + std::to_string(getpid()) + "-" + std::to_string(next++) + ".tmp");
-        descriptor = Retry([&] { return open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); });
+        descriptor =
+            Retry([&] { return open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions); });
     } while (descriptor < 0 && errno == EEXIST);
     return descriptor;
 }
@@ -100,6 +73,22 @@ std::error_code SyncFolder(const std::filesystem::path& folder) {
     // Some file systems have nothing to write for a folder and say so with EINVAL.
     if (Retry([&] { return fsync(descriptor.get()); }) == 0 || errno == EINVAL) return {};
     return LastError();
+}
+
+// Puts a file that `fill` has written in the place of `target`, itself no link.
+template <class FillFile>
+std::error_code Replace(const std::filesystem::path& target, mode_t permissions, FillFile fill) {
+    const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
+    std::filesystem::path temporary;
+    std::error_code error;
+    {
+        const Descriptor file(CreateTemporary(folder, permissions, temporary));
+        error = fill(file);
+    }
+    if (!error && rename(temporary.c_str(), target.c_str()) != 0) error = LastError();
+    if (!error) return SyncFolder(folder);
+    unlink(temporary.c_str());
+    return error;
 }
 
 std::optional<std::wstring> DecodeUtf16(std::string_view bytes, bool big_endian, size_t& bad_offset) {
@@ -141,18 +130,18 @@ FileError WriteFileAtomically(const std::filesystem::path& path, std::string_vie
     std::filesystem::path target = path;
     if (std::filesystem::is_symlink(path, error)) target = std::filesystem::canonical(path, error);
     if (target.empty()) return {error, path};
-    const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
-    std::filesystem::path temporary;
-    {
-        const Descriptor file(CreateTemporary(folder, temporary));
-        error = Fill(file, target, bytes);
-    }
-    if (!error && rename(temporary.c_str(), target.c_str()) != 0) error = LastError();
-    if (error) {
-        unlink(temporary.c_str());
-        return {error, path};
-    }
-    return {SyncFolder(folder), path};
+    error = Replace(target, 0666, [&](const Descriptor& file) { return Fill(file, target, bytes); });
+    return {error, path};
+}
+
+FileError WritePrivateFile(const std::filesystem::path& path, std::string_view bytes) {
+    struct stat status {};
+    const bool is_there = lstat(path.c_str(), &status) == 0;
+    if (is_there && !S_ISREG(status.st_mode)) return {std::make_error_code(std::errc::file_exists), path};
+    const std::error_code error = Replace(path, 0600, [&](const Descriptor& file) {
+        return file.is_open() ? WriteAll(file.get(), bytes) : LastError();
+    });
+    return {error, path};
 }
 
 std::optional<std::wstring> DecodeTextFile(std::string_view bytes, size_t* bad_offset) {

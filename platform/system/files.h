@@ -29,6 +29,11 @@ HX_PLATFORM_API FileError ReadFile(const std::filesystem::path& path, std::strin
 // existing file keeps its permissions; a symbolic link stays and its target is replaced.
 HX_PLATFORM_API FileError WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes);
 
+// Afterwards `path` is a new file that holds `bytes` and that nobody but this user may read; on failure it is
+// what it was before. Only an ordinary file is replaced: for a symbolic link, a folder or a device the call
+// fails.
+HX_PLATFORM_API FileError WritePrivateFile(const std::filesystem::path& path, std::string_view bytes);
+
 // A text file's content: UTF-8 with or without byte order mark, UTF-16 of either order with one. The mark is
 // dropped. Nothing if it is malformed; `*bad_offset` (if given) then says at which byte of the file.
 HX_PLATFORM_API std::optional<std::wstring> DecodeTextFile(std::string_view bytes,

@@ -1,11 +1,11 @@
-// Runs the tool in a folder of the test's own: arguments and input in, output, reason and exit code out.
+// The tool as a person runs it: arguments and input in, output, reason and exit code out. Each test has a
+// folder of its own, which the tool runs in and keeps its data in.
 #pragma once
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <sys/wait.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -23,6 +23,8 @@ protected:
         std::string pattern = (std::filesystem::temp_directory_path() / "hxctl_XXXXXX").string();
         ASSERT_NE(mkdtemp(pattern.data()), nullptr);
         m_folder = pattern;
+        setenv("HX_DATA", (m_folder / "data").c_str(), 1);
+        setenv("HX_REGISTRY", (m_folder / "registry").c_str(), 1);
     }
     void TearDown() override { std::filesystem::remove_all(m_folder); }
 

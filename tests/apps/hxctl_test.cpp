@@ -169,7 +169,8 @@ TEST_F(Hxctl, TellsWhatAChainSaysToTheUser) {
 TEST_F(Hxctl, WrongUseIsToldOnStandardErrorAlone) {
     for (const char* arguments :
          {"", "nonsense", "xml", "xml a b", "xml a --nonsense", "settings", "settings new",
-          "settings new --type x", "settings new --type 257 file", "inspect", "exception"}) {
+          "settings new --type x", "settings new --type 257 file", "inspect", "exception", "log file",
+          "log --events", "log --events file --follow"}) {
         const Answer answer = Run(arguments);
         EXPECT_EQ(answer.exit, 2) << arguments;
         EXPECT_EQ(answer.out, "") << arguments;
@@ -179,7 +180,7 @@ TEST_F(Hxctl, WrongUseIsToldOnStandardErrorAlone) {
 
 TEST_F(Hxctl, HelpIsEverywhere) {
     for (const char* command : {"", "xml", "settings", "settings new", "settings check", "settings convert",
-                                "inspect", "exception", "keys", "keys list", "keys get", "keys set"}) {
+                                "inspect", "exception", "keys", "keys list", "keys get", "keys set", "log"}) {
         const Answer answer = Run(command + " --help"s);
         EXPECT_EQ(answer.exit, 0) << command;
         EXPECT_NE(answer.out.find("Usage: hxctl"), std::string::npos) << answer.out;

@@ -8,6 +8,8 @@
 #include "core/filer/IInFilerTagged.h"
 #include "core/filer/IOutFilerTagged.h"
 #include "core/keys/IRegistryKeyElementBase.h"
+#include "core/log/MLoggingDevice.h"
+#include "core/log/MSpecialFolderImplementation.h"
 #include "hxapi/ICoMHXConnSettings.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "settings/MHXConnectionSettings.h"
@@ -104,6 +106,19 @@ TEST(InterfaceOrder, Errors) {
          SlotOf(&hx::MDynObject::Clone), SlotOf(&hx::MDynObject::CreateNew), SlotOf(&hx::MError::Read),
          SlotOf(&hx::MError::Write), SlotOf(&hx::MError::GetMessage), SlotOf(&hx::MError::GetDescription)},
         kBehindDestructor);
+}
+
+TEST(InterfaceOrder, Logging) {
+    ExpectConsecutive({SlotOf(&hx::MLoggingDevice::WriteHeader), SlotOf(&hx::MLoggingDevice::Write)},
+                      kBehindDestructor);
+    using Folders = hx::MSpecialFolderImplementation;
+    ExpectConsecutive(
+        {SlotOf(&Folders::GetAllUsersApplicationDataFolder), SlotOf(&Folders::GetUserApplicationDataFolder),
+         SlotOf(&Folders::GetProgramFilesSubfolder), SlotOf(&Folders::GetProgramFilesFolder),
+         SlotOf(&Folders::GetSharedComponentsInstallationFolder),
+         SlotOf(&Folders::GetCommonProgramFilesFolder), SlotOf(&Folders::GetLogFolder),
+         SlotOf(&Folders::GetTempFolder)},
+        0);
 }
 
 TEST(InterfaceOrder, RecordsAndComponentInterfaces) {

@@ -3,6 +3,7 @@
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include <string>
 
@@ -21,6 +22,13 @@ protected:
         void* handle = dlopen(Path().c_str(), RTLD_NOW | RTLD_NOLOAD);
         if (handle != nullptr) dlclose(handle);
         return handle != nullptr;
+    }
+
+    // Run by hand, too, the tests leave the machine's folders and stores alone.
+    static void SetUpTestSuite() {
+        const std::string build = std::string(HX_BIN_DIR) + "/..";
+        setenv("HX_DATA", (build + "/data").c_str(), 0);
+        setenv("HX_REGISTRY", (build + "/registry").c_str(), 0);
     }
 
     void TearDown() override {

@@ -6,6 +6,8 @@
 #include "hxapi/ICoMHXConnSettings.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "platform/com/errorinfo.h"
+#include "platform/system/files.h"
+#include "tests/platform/temporary_folder.h"
 #include "tests/server/component_library.h"
 
 namespace {
@@ -154,6 +156,24 @@ TEST_F(SettingsObjects, TheLibraryGoesWithItsLastObject) {
     settings.reset();
     CoFreeUnusedLibraries();
     EXPECT_FALSE(IsLoaded());
+}
+
+TEST_F(SettingsObjects, TheLibraryTellsItsEventsEachTimeThatItGoes) {
+    const TemporaryFolder folder;
+    const std::string call = " in_class CCoMHXConnSettings at CCoMHXConnSettings::ReadXmlBstr in_thread ";
+    for (const std::string name : {"first", "second"}) {
+        setenv("HX_EVENTS", (folder.path() / name).c_str(), 1);
+        auto settings = Create<IXmlBstrSerializable>(CLSID_CoMHXConnSettings);
+        unsetenv("HX_EVENTS");
+        EXPECT_EQ(settings->ReadXmlBstr(Bstr(L"").get()), E_FAIL);
+        settings.reset();
+        CoFreeUnusedLibraries();
+        std::string events;
+        EXPECT_FALSE(hx::ReadFile(folder.path() / name, events));
+        const size_t entered = events.find("% Scope_push" + call);
+        EXPECT_NE(events.find("% Scope_pop" + call, entered), std::string::npos) << events;
+        EXPECT_EQ(events.find("% Scope_push", entered + 1), std::string::npos) << events;
+    }
 }
 
 }  // namespace

@@ -1,0 +1,18 @@
+// A settings object as a host gets it: from the factory, through the component library.
+#pragma once
+
+#include "hxapi/IXmlBstrSerializable.h"
+#include "platform/com/comptr.h"
+
+namespace hxctl {
+
+// What was called last, and what it said.
+struct Answer {
+    const char* operation;
+    HRESULT result;
+};
+
+// Of a ProfileSettingsType; null on failure.
+Answer CreateSettings(int type, hx::ComPtr<IXmlBstrSerializable>& settings);
+
+}  // namespace hxctl
