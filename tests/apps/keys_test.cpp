@@ -114,17 +114,7 @@ TEST_F(KeysCommand, AStoreThatRefusesIsTold) {
     Expect(hxctl::RunKeysGet(24, false), 0, "true\n", "");
 }
 
-class HxctlKeys : public Hxctl {
-protected:
-    void SetUp() override {
-        Hxctl::SetUp();
-        setenv("HX_REGISTRY", (m_folder / "registry").c_str(), 1);
-    }
-    void TearDown() override {
-        unsetenv("HX_REGISTRY");
-        Hxctl::TearDown();
-    }
-};
+using HxctlKeys = Hxctl;
 
 TEST_F(HxctlKeys, ListsEveryKeyOnALineOfItsOwn) {
     const Answer answer = Run("keys list");

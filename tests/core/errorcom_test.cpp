@@ -1,8 +1,8 @@
 // Errors that components report, and how our own components report theirs.
 #include <gtest/gtest.h>
 
-#include "core/errors/MDiagnosticsAtl.h"
 #include "core/errors/MErrorCom.h"
+#include "core/messages/MDiagnosticsAtl.h"
 #include "platform/com/dispatch.h"
 #include "platform/com/implements.h"
 #include "platform/com/loader.h"

@@ -1,10 +1,10 @@
 // What errors, scopes and a module's start and end leave in the event store and in the log.
 #include <thread>
 
-#include "core/errors/MDiagnosticsAtl.h"
 #include "core/errors/MErrorCom.h"
 #include "core/errors/MErrorLocation.h"
 #include "core/log/MModuleDiagnostics.h"
+#include "core/messages/MDiagnosticsAtl.h"
 #include "tests/core/log/log_fixture.h"
 
 namespace {

@@ -1,6 +1,7 @@
-#include "core/errors/MDiagnosticsAtl.h"
+#include "core/messages/MDiagnosticsAtl.h"
 
 #include "core/log/MFlowScope.h"
+#include "core/messages/MErrorFormatter.h"
 #include "platform/com/boundary.h"
 #include "platform/com/comptr.h"
 #include "platform/com/errorinfo.h"
@@ -8,6 +9,19 @@
 
 namespace hx {
 namespace {
+
+constexpr char kMethod[] = "MDiagnosticsAtl::MExceptionAsErrorinfo";
+constexpr char kSource[] = "MDiagnosticsAtl";
+
+// An exception whose message cannot be had is told of without one: it must not get lost.
+MErrorFormatter::Formatted Format(const MException& exception) {
+    try {
+        return MErrorFormatter::Get().Format(exception);
+    } catch (const MException&) {
+        return {std::wstring(MErrorFormatter::kNoDescription), ErrorCodesText(exception),
+                ChainDocument(exception)};
+    }
+}
 
 std::wstring RegisteredProgId(REFCLSID component_class) {
     LPOLESTR text = nullptr;
@@ -21,34 +35,20 @@ std::wstring RegisteredProgId(REFCLSID component_class) {
     return SUCCEEDED(copied) ? prog_id : std::wstring();
 }
 
-constexpr const char* kMethodName = "MDiagnosticsAtl::MExceptionAsErrorinfo";
-constexpr const char* kSourceName = "MDiagnosticsAtl";
-
-// The newest record's message, and the codes of all.
-void Log(const MException& exception) noexcept {
-    if (!ModuleLogger().Writes(MLogSeverity::kError)) return;
-    AtBoundary([&] {
-        const MException::Chain& chain = exception.GetChain();
-        std::wstring message = chain.empty() ? std::wstring() : chain.back()->GetMessage();
-        message.append(L"\nError codes:\n").append(ErrorCodesText(exception));
-        ModuleLogger().Log({MLogSeverity::kError, kSourceName, 23, kMethodName, message});
-        return S_OK;
-    });
-}
-
 }  // namespace
 
 HRESULT MDiagnosticsAtl::MExceptionAsErrorinfo(REFCLSID component_class, const MException& exception,
                                                REFIID iid, HRESULT result) noexcept {
-    const MFlowScope scope(kMethodName, kSourceName, 18);
-    Log(exception);
+    const MFlowScope scope(kMethod, kSource, 18);
     const HRESULT set = AtBoundary([&] {
-        std::wstring chain = ChainDocument(exception);
+        MErrorFormatter::Formatted formatted = Format(exception);
+        const std::wstring entry = formatted.message + L"\nError codes:\n" + formatted.error_codes;
+        ModuleLogger().Log({MLogSeverity::kError, kSource, 23, kMethod, entry});
         std::wstring source = RegisteredProgId(component_class);
         ComPtr<ICreateErrorInfo> information;
         HRESULT step = CreateErrorInfo(information.put());
         if (SUCCEEDED(step)) step = information->SetGUID(iid);
-        if (SUCCEEDED(step)) step = information->SetDescription(chain.data());
+        if (SUCCEEDED(step)) step = information->SetDescription(formatted.chain_document.data());
         if (SUCCEEDED(step)) step = information->SetSource(source.data());
         if (SUCCEEDED(step)) step = SetErrorInfo(0, information.as<IErrorInfo>().get());
         return step;

@@ -10,10 +10,10 @@ namespace hx {
 
 class MDiagnosticsAtl {
 public:
-    // Writes the exception to the module's log and makes it the thread's error information: description = its
-    // chain document, source = the ProgID registered for the class (empty if there is none), about `iid`.
-    // Gives `result` back, for the entry point to return. Does not throw: without memory the thread is left
-    // without error information.
+    // Logs the exception as the user reads it, with its codes, and makes it the thread's error information:
+    // description = its chain document with the matching rule, source = the ProgID registered for the class
+    // (empty if there is none), about `iid`. Gives `result` back, for the entry point to return. Does not
+    // throw: without memory the thread is left without error information.
     static HRESULT MExceptionAsErrorinfo(REFCLSID component_class, const MException& exception, REFIID iid,
                                          HRESULT result) noexcept;
 };
