@@ -1,8 +1,7 @@
 // hxctl log: what a module has logged, and what happened in it.
+#include <fnmatch.h>
 #include <signal.h>
 #include <stdio.h>
-
-#include <regex>
 
 #include "tests/apps/hxctl_fixture.h"
 
@@ -52,11 +51,11 @@ TEST_F(LogCommand, ShowsTheLogThatTheLibraryWrote) {
     EXPECT_EQ(Run("settings new --type 257").exit, 0);
     const Answer answer = Run("log");
     EXPECT_EQ(answer.exit, 0);
-    const std::regex header(
-        "\\*\\*\\* Module version HXScannerCtrls [0-9.]+\n\\*\\*\\* Windows version [^\n]+\n"
-        "\\*\\*\\* Architecture [^\n]+ processors\n\\*\\*\\* Module HXScannerCtrls started on "
-        "[0-9]{2}-[0-9]{2}-[0-9]{4} at [0-9]{2}:[0-9]{2}:[0-9]{2}\n");
-    EXPECT_TRUE(std::regex_match(answer.out, header)) << answer.out;
+    const char* const header =
+        "\\*\\*\\* Module version HXScannerCtrls [0-9]*\n\\*\\*\\* Windows version ?*\n"
+        "\\*\\*\\* Architecture ?* processors\n\\*\\*\\* Module HXScannerCtrls started on "
+        "[0-9][0-9]-[0-9][0-9]-[0-9][0-9][0-9][0-9] at [0-9][0-9]:[0-9][0-9]:[0-9][0-9]\n";
+    EXPECT_EQ(fnmatch(header, answer.out.c_str(), 0), 0) << answer.out;
 }
 
 TEST_F(LogCommand, GivesRecordsAsJson) {

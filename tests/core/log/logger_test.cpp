@@ -1,5 +1,5 @@
 // What is logged, and how the configuration decides.
-#include <regex>
+#include <fnmatch.h>
 
 #include "core/log/MFlowScope.h"
 #include "tests/core/log/log_fixture.h"
@@ -67,12 +67,13 @@ TEST_F(Logger, OnlySeveritiesUpToTheThresholdAreWritten) {
 
 TEST_F(Logger, TheHeaderTellsModuleSystemAndStart) {
     Start();
-    const std::regex header(
-        "\\*\\*\\* Module version Product 4\\.0\n"
-        "\\*\\*\\* Windows version [^\n]+ service pack [^\n]+\n"
-        "\\*\\*\\* Architecture [^ \n]+, [0-9]+ processors\n"
-        "\\*\\*\\* Module Mod started on 31-01-2024 at 23:59:59\n");
-    EXPECT_TRUE(std::regex_match(Text("Mod_20240131_235959.log"), header)) << Text("Mod_20240131_235959.log");
+    const char* const header =
+        "\\*\\*\\* Module version Product 4.0\n\\*\\*\\* Windows version ?* ?* service pack ?*\n"
+        "\\*\\*\\* Architecture ?*, [1-9]* processors\n\\*\\*\\* Module Mod started on 31-01-2024 at "
+        "23:59:59\n";
+    const std::string text = Text("Mod_20240131_235959.log");
+    EXPECT_EQ(fnmatch(header, text.c_str(), 0), 0) << text;
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4);
 }
 
 TEST_F(Logger, WritesBackExactlyWhatItReadAndDidNotFind) {
