@@ -2,6 +2,8 @@
 # The one script of this tree. On a bare Debian 12 it installs what is missing, configures, builds and runs.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
+# What is run from the build has a registry of its own, not the machine's and the user's.
+export HX_REGISTRY=${HX_REGISTRY:-$PWD/build/registry}
 
 usage() {
     cat <<'TEXT'

@@ -45,5 +45,7 @@ function(hx_test name)
     if(ARG_DEPENDS)
         add_dependencies(${name} ${ARG_DEPENDS})
     endif()
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+    # Never the stores of the machine and of whoever runs the tests.
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+        PROPERTIES TIMEOUT 300 ENVIRONMENT HX_REGISTRY=${CMAKE_BINARY_DIR}/registry)
 endfunction()
