@@ -32,5 +32,6 @@ void CompareReading(Benchmark& benchmark);
 void CompareWriting(Benchmark& benchmark);
 void CompareInserting(Benchmark& benchmark);
 void CompareMemory(Benchmark& benchmark);
+void CompareRegistry(Benchmark& benchmark);
 
 }  // namespace hx::bench

@@ -16,7 +16,7 @@ namespace hx::bench {
 namespace {
 
 constexpr char kUsage[] =
-    "usage: hxbench [--quick] [--markdown FILE] [--only parse,read,write,insert,memory]\n";
+    "usage: hxbench [--quick] [--markdown FILE] [--only parse,read,write,insert,memory,registry]\n";
 
 struct Comparison {
     std::string name;
@@ -25,7 +25,7 @@ struct Comparison {
 
 const Comparison kComparisons[] = {
     {"parse", CompareParsing},    {"read", CompareReading},  {"write", CompareWriting},
-    {"insert", CompareInserting}, {"memory", CompareMemory},
+    {"insert", CompareInserting}, {"memory", CompareMemory}, {"registry", CompareRegistry},
 };
 
 struct Options {
