@@ -2,8 +2,9 @@
 # The one script of this tree. On a bare Debian 12 it installs what is missing, configures, builds and runs.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
-# What runs from here keeps its data here.
+# What runs from here has a registry and data of its own, not the machine's and the user's.
 export HX_DATA=${HX_DATA:-$PWD/build/data}
+export HX_REGISTRY=${HX_REGISTRY:-$PWD/build/registry}
 
 usage() {
     cat <<'TEXT'

@@ -33,5 +33,6 @@ void CompareWriting(Benchmark& benchmark);
 void CompareInserting(Benchmark& benchmark);
 void CompareMemory(Benchmark& benchmark);
 void CompareLogging(Benchmark& benchmark);
+void CompareRegistry(Benchmark& benchmark);
 
 }  // namespace hx::bench

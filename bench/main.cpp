@@ -16,7 +16,7 @@ namespace hx::bench {
 namespace {
 
 constexpr char kUsage[] =
-    "usage: hxbench [--quick] [--markdown FILE] [--only parse,read,write,insert,memory,log]\n";
+    "usage: hxbench [--quick] [--markdown FILE] [--only parse,read,write,insert,memory,log,registry]\n";
 
 struct Comparison {
     std::string name;
@@ -24,8 +24,9 @@ struct Comparison {
 };
 
 const Comparison kComparisons[] = {
-    {"parse", CompareParsing},    {"read", CompareReading},  {"write", CompareWriting},
-    {"insert", CompareInserting}, {"memory", CompareMemory}, {"log", CompareLogging},
+    {"parse", CompareParsing},     {"read", CompareReading},  {"write", CompareWriting},
+    {"insert", CompareInserting},  {"memory", CompareMemory}, {"log", CompareLogging},
+    {"registry", CompareRegistry},
 };
 
 struct Options {

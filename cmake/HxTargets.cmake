@@ -45,6 +45,9 @@ function(hx_test name)
     if(ARG_DEPENDS)
         add_dependencies(${name} ${ARG_DEPENDS})
     endif()
+    # Never the stores and the logs of the machine and of whoever runs the tests. (Two properties, as the list of one
+    # would be taken apart.)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300
+                         ENVIRONMENT HX_REGISTRY=${CMAKE_BINARY_DIR}/registry
                          ENVIRONMENT_MODIFICATION HX_DATA=set:${CMAKE_BINARY_DIR}/data)
 endfunction()

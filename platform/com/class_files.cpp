@@ -4,36 +4,30 @@
 #include <array>
 #include <utility>
 
+#include "platform/system/case_fold.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
 
 namespace hx {
 namespace {
 
-wchar_t LowerAscii(wchar_t c) {
-    return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
-}
-
-bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](wchar_t x, wchar_t y) { return LowerAscii(x) == LowerAscii(y); });
-}
-
 class ClassFiles final : public IClassLookup {
 public:
     explicit ClassFiles(std::vector<ClassEntry> entries) : m_entries(std::move(entries)) {}
 
     std::optional<ClassEntry> ByClsid(const CLSID& clsid) const override {
-        for (const ClassEntry& entry : m_entries) {
-            if (entry.clsid == clsid) return entry;
-        }
-        return std::nullopt;
+        const ClassEntry* const entry = Find(clsid);
+        return entry ? std::optional(*entry) : std::nullopt;
+    }
+    std::optional<std::wstring> LibraryOf(const CLSID& clsid) const override {
+        const ClassEntry* const entry = Find(clsid);
+        return entry ? std::optional(entry->library) : std::nullopt;
     }
     std::optional<CLSID> ByProgId(std::wstring_view prog_id) const override {
         if (prog_id.empty()) return std::nullopt;
         for (const ClassEntry& entry : m_entries) {
-            if (EqualsIgnoringCase(entry.prog_id, prog_id) ||
-                EqualsIgnoringCase(entry.version_independent_prog_id, prog_id)) {
+            if (EqualsWithoutCase(entry.prog_id, prog_id) ||
+                EqualsWithoutCase(entry.version_independent_prog_id, prog_id)) {
                 return entry.clsid;
             }
         }
@@ -42,6 +36,12 @@ public:
     std::vector<ClassEntry> All() const override { return m_entries; }
 
 private:
+    const ClassEntry* Find(const CLSID& clsid) const {
+        const auto found = std::find_if(m_entries.begin(), m_entries.end(),
+                                        [&](const ClassEntry& entry) { return entry.clsid == clsid; });
+        return found != m_entries.end() ? &*found : nullptr;
+    }
+
     std::vector<ClassEntry> m_entries;
 };
 

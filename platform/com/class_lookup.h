@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/com/guid.h"
@@ -13,7 +14,7 @@ namespace hx {
 
 struct ClassEntry {
     CLSID clsid{};
-    std::wstring prog_id;                      // with version
+    std::wstring prog_id;                      // with version; empty if it has none
     std::wstring version_independent_prog_id;  // empty if it has none
     std::wstring threading_model;              // empty if it does not say
     std::wstring library;                      // absolute path
@@ -24,6 +25,11 @@ public:
     virtual ~IClassLookup() = default;
 
     virtual std::optional<ClassEntry> ByClsid(const CLSID& clsid) const = 0;
+    // The entry's library alone: asked at every creation of an object, so it is worth a shorter way.
+    virtual std::optional<std::wstring> LibraryOf(const CLSID& clsid) const {
+        std::optional<ClassEntry> entry = ByClsid(clsid);
+        return entry ? std::optional(std::move(entry->library)) : std::nullopt;
+    }
     // Either form of the ProgID, in any case.
     virtual std::optional<CLSID> ByProgId(std::wstring_view prog_id) const = 0;
     virtual std::vector<ClassEntry> All() const = 0;

@@ -13,6 +13,7 @@
 #include "platform/com/boundary.h"
 #include "platform/com/class_files.h"
 #include "platform/com/comptr.h"
+#include "platform/com/usual_class_lookup.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
 
@@ -29,10 +30,15 @@ struct Library {
     uint32_t users = 0;  // calls that are inside the library or about to be
 };
 
+std::shared_ptr<hx::IClassLookup> MakeTableLookup() {
+    return hx::ReadClassFiles(hx::ThisLibraryFolder());
+}
+
 struct Loader {
     std::mutex mutex;
     std::list<Library> libraries;  // a list, so that entries stay where they are
     std::shared_ptr<hx::IClassLookup> lookup;
+    hx::ClassLookupMaker make_usual_lookup = &MakeTableLookup;
 };
 
 // Never destroyed: components may still be created and released while the process exits.
@@ -97,9 +103,8 @@ private:
 HRESULT OpenLibraryOf(REFCLSID clsid, DWORD context, LibraryUse& library) {
     if (context == 0) return E_INVALIDARG;
     if (!(context & CLSCTX_INPROC_SERVER)) return REGDB_E_CLASSNOTREG;
-    const std::optional<hx::ClassEntry> entry = hx::ClassLookup()->ByClsid(clsid);
-    if (!entry) return REGDB_E_CLASSNOTREG;
-    return library.Open(hx::ToUtf8(entry->library));
+    const std::optional<std::wstring> path = hx::ClassLookup()->LibraryOf(clsid);
+    return path ? library.Open(hx::ToUtf8(*path)) : REGDB_E_CLASSNOTREG;
 }
 
 }  // namespace
@@ -145,7 +150,7 @@ HRESULT ProgIDFromCLSID(REFCLSID clsid, LPOLESTR* prog_id) {
     *prog_id = nullptr;
     return hx::AtBoundary([&] {
         const std::optional<hx::ClassEntry> entry = hx::ClassLookup()->ByClsid(clsid);
-        if (!entry) return REGDB_E_CLASSNOTREG;
+        if (!entry || entry->prog_id.empty()) return REGDB_E_CLASSNOTREG;
         const size_t bytes = (entry->prog_id.size() + 1) * sizeof(OLECHAR);
         *prog_id = static_cast<LPOLESTR>(CoTaskMemAlloc(bytes));
         if (!*prog_id) return E_OUTOFMEMORY;
@@ -182,8 +187,14 @@ void SetClassLookup(std::shared_ptr<IClassLookup> lookup) {
 std::shared_ptr<IClassLookup> ClassLookup() {
     Loader& loader = TheLoader();
     const std::lock_guard guard(loader.mutex);
-    if (!loader.lookup) loader.lookup = ReadClassFiles(ThisLibraryFolder());
+    if (!loader.lookup) loader.lookup = loader.make_usual_lookup();
     return loader.lookup;
+}
+
+void SetUsualClassLookup(ClassLookupMaker maker) {
+    Loader& loader = TheLoader();
+    const std::lock_guard guard(loader.mutex);
+    loader.make_usual_lookup = maker;
 }
 
 }  // namespace hx

@@ -30,8 +30,8 @@ HX_PLATFORM_API HRESULT CoGetClassObject(REFCLSID clsid, DWORD context, void* re
 // in any case), E_INVALIDARG for a null argument.
 HX_PLATFORM_API HRESULT CLSIDFromProgID(LPCOLESTR prog_id, CLSID* clsid);
 
-// The ProgID with version, to be freed with CoTaskMemFree; null on failure: REGDB_E_CLASSNOTREG,
-// E_OUTOFMEMORY, E_INVALIDARG for a null argument.
+// The ProgID with version, to be freed with CoTaskMemFree; null on failure: REGDB_E_CLASSNOTREG, also for a
+// class without one, E_OUTOFMEMORY, E_INVALIDARG for a null argument.
 HX_PLATFORM_API HRESULT ProgIDFromCLSID(REFCLSID clsid, LPOLESTR* prog_id);
 
 HX_PLATFORM_API void* CoTaskMemAlloc(size_t bytes);
@@ -43,7 +43,8 @@ HX_PLATFORM_API void CoFreeUnusedLibraries();
 
 namespace hx {
 
-// Where classes are looked up from now on; null brings the usual place back, read anew.
+// Where classes are looked up from now on; null brings the usual places back, read anew: the registry, and
+// behind it the text tables beside this library.
 HX_PLATFORM_API void SetClassLookup(std::shared_ptr<IClassLookup> lookup);
 
 // The lookup in use, never null. Throws std::bad_alloc.

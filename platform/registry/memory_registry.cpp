@@ -23,9 +23,10 @@ public:
 
     RegistryResult CreateKey(RegistryRoot root, std::wstring_view path) override {
         const std::lock_guard guard(m_mutex);
-        if (!IsRoot(root)) return RegistryResult::kInvalid;
+        const std::vector<std::wstring_view> names = SplitRegistryPath(path);
+        if (!IsRoot(root) || names.size() > kMaxRegistryDepth) return RegistryResult::kInvalid;
         Key* key = &m_roots[static_cast<size_t>(root)];
-        for (const std::wstring_view name : SplitRegistryPath(path)) {
+        for (const std::wstring_view name : names) {
             Key& child = key->keys[FoldCase(name)];
             if (child.name.empty()) child.name = name;
             key = &child;
@@ -39,7 +40,7 @@ public:
         const auto parent = static_cast<size_t>(names.back().data() - path.data());
         return WithKey(root, path.substr(0, parent), [&](Key& key) {
             return key.keys.erase(FoldCase(names.back())) != 0 ? RegistryResult::kDone
-                                                              : RegistryResult::kNotFound;
+                                                               : RegistryResult::kNotFound;
         });
     }
 

@@ -1,6 +1,7 @@
 #include <mutex>
 
 #include "platform/registry/registry.h"
+#include "platform/registry/store_location.h"
 
 namespace hx {
 namespace {
@@ -21,7 +22,10 @@ ProcessRegistry& TheProcessRegistry() {
 std::shared_ptr<IRegistry> Registry() {
     ProcessRegistry& process = TheProcessRegistry();
     const std::lock_guard guard(process.mutex);
-    if (!process.registry) process.registry = MakeMemoryRegistry();
+    if (!process.registry) {
+        const StoreLocation location = LocateStores();
+        process.registry = OpenRegistryStore(location.machine, location.user);
+    }
     return process.registry;
 }
 
@@ -30,8 +34,5 @@ void SetRegistry(std::shared_ptr<IRegistry> registry) {
     const std::lock_guard guard(process.mutex);
     process.registry.swap(registry);
 }
-
-// A registry in memory has nothing to report.
-void SetRegistryReportSink(RegistryReportSink) {}
 
 }  // namespace hx

@@ -2,12 +2,15 @@
 // registry filers, the class lookup and the registration of components, on any thread; every operation stands
 // alone, so nothing is to be closed.
 //
-// Paths are key names parted by "\", without one in front; an empty path is the root itself. Names of keys and
-// values are found without regard to case and kept as they were first written. They may have any length and
-// hold any character, but a key name no "\".
+// Paths are key names parted by "\", without one in front; an empty path is the root itself. Names of keys
+// and values are found without regard to case and kept as they were first written. They may have any length
+// and hold any character, but a key name no "\". No key lies deeper than kMaxRegistryDepth.
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,6 +27,8 @@ enum class RegistryRoot : uint32_t {
     kClassesRoot,   // HKEY_CLASSES_ROOT, in the machine's
 };
 
+inline constexpr size_t kMaxRegistryDepth = 512;
+
 enum class RegistryAccess { kRead, kReadWrite };
 
 // With the numbers that the system has for them.
@@ -31,10 +36,11 @@ enum class RegistryResult : uint32_t {
     kDone = 0,
     kNotFound = 2,      // no such key, or no such value
     kAccessDenied = 5,  // read-only for this user
-    kInvalid = 87,      // an unknown root; a root that is to be deleted
+    kInvalid = 87,      // an unknown root; a root that is to be deleted; more than the registry holds
     kDiskFull = 112,
-    kBusy = 170,      // other processes held the store for too long
-    kDamaged = 1009,  // the store cannot be used at all
+    kBusy = 170,       // other processes held the store for too long
+    kDamaged = 1009,   // the store cannot be used at all, or the value not read
+    kIoFailed = 1016,  // the system could not read or write the store
 };
 
 // REG_SZ or REG_DWORD.
@@ -74,9 +80,20 @@ public:
 };
 
 // The registry of this process: the store on disk, opened at the first call, unless another was installed.
+// Where it lies stands in store_location.h.
 HX_PLATFORM_API std::shared_ptr<IRegistry> Registry();
 // Installs `registry`, null for the store on disk, opened anew. For tests and tools.
 HX_PLATFORM_API void SetRegistry(std::shared_ptr<IRegistry> registry);
+
+// How long an operation waits for other processes before it ends with kBusy.
+inline constexpr std::chrono::milliseconds kRegistryPatience{5000};
+// The registry of these two files, one connection each. They are opened at the first use; they are made, with
+// the folders that they lie in, by the first write. While a file is missing there are no keys below its
+// roots. A damaged file is set aside and another one begun, which is reported. Everybody may read the
+// machine's.
+HX_PLATFORM_API std::shared_ptr<IRegistry> OpenRegistryStore(
+    const std::filesystem::path& machine_file, const std::filesystem::path& user_file,
+    std::chrono::milliseconds patience = kRegistryPatience);
 
 // A registry that lives in memory and dies with its last owner.
 HX_PLATFORM_API std::shared_ptr<IRegistry> MakeMemoryRegistry();
@@ -88,8 +105,9 @@ struct RegistryReport {
     std::wstring reason;     // why it could not be used
 };
 using RegistryReportSink = void (*)(const RegistryReport& report);
-// Who is told from now on, null for nobody; reports that nobody has heard yet are told at once. The sink must
-// not use the registry.
+// Who is told from now on, null for nobody; reports that nobody has heard yet are told at once. The sink is
+// called on any thread, must use neither the registry nor this function, and throw nothing. It is not running
+// any more when this returns.
 HX_PLATFORM_API void SetRegistryReportSink(RegistryReportSink sink);
 
 }  // namespace hx

@@ -1,0 +1,201 @@
+#include "platform/registry/store_file.h"
+
+#include <thread>
+#include <utility>
+
+#include "platform/system/utf8.h"
+
+namespace hx {
+namespace {
+
+// Between two looks at a store that another process is about to put in order.
+constexpr std::chrono::milliseconds kPause{10};
+
+constexpr char kSettings[] =
+    "PRAGMA synchronous=NORMAL;"  // no write is lost with the process, and none is half there without power
+    "PRAGMA cell_size_check=ON;"
+    "PRAGMA temp_store=MEMORY;"
+    "PRAGMA journal_size_limit=4194304";
+
+std::wstring WidePath(const std::string& path) {
+    std::optional<std::wstring> text = FromUtf8(path);
+    if (!text) text.emplace(path.begin(), path.end());
+    return *text;
+}
+
+// SQLite needs the two files beside the database even for reading. Who cannot make them may still read a
+// database that nobody has open, if everything is in it.
+bool NeedsFilesBeside(StoreFault fault) {
+    return fault == StoreFault::kNoAccess || fault == StoreFault::kDiskFull ||
+           fault == StoreFault::kUnsettled;
+}
+
+bool MayWrite(SqliteConnection& connection) {
+    if (connection.IsReadOnly()) return false;
+    try {
+        SqliteTransaction transaction(connection);
+    } catch (const StoreError& error) {
+        // Anything else is for the write itself to meet.
+        return error.Fault() != StoreFault::kNoAccess && error.Fault() != StoreFault::kUnsettled;
+    }
+    return true;
+}
+
+}  // namespace
+
+StoreFile::StoreFile(StorePlace place, std::vector<std::string> roots, std::chrono::milliseconds patience)
+    : m_place(std::move(place)), m_roots(std::move(roots)), m_patience(patience) {}
+
+StoreFile::~StoreFile() = default;
+
+RegistryResult StoreFile::GetReady(StoreUse use) {
+    const bool is_write = use != StoreUse::kRead;
+    // Perhaps the reason for not writing has gone.
+    if (m_tables && is_write && m_why_frozen) Close();
+    if (!m_tables) {
+        const std::optional<FileState> state = StateOf(m_place.file);
+        if (!state && use != StoreUse::kMake) return RegistryResult::kNotFound;
+        if (state && m_refused == state->identity) return RegistryResult::kDamaged;
+        m_refused.reset();
+        if (!state) MakeFoldersOf(m_place);
+        m_file = Resolve(m_place.file);
+        const StoreLock lock(m_file, m_patience);
+        if (!StateOf(m_file)) Make(lock);
+        Open();
+    }
+    if (!is_write || m_may_write) return RegistryResult::kDone;
+    return m_why_frozen ? ResultOf(*m_why_frozen) : RegistryResult::kAccessDenied;
+}
+
+// Under another name first, so that whatever has the right name is whole.
+void StoreFile::Make(const StoreLock& lock) {
+    lock.MustBeHeld();
+    const std::string fresh = m_file + ".new";
+    MakeEmptyFile(fresh, m_place.file_mode);
+    try {
+        SqliteConnection connection(fresh, SqliteConnection::Mode::kNormal);
+        // It reaches the disk when it is moved.
+        connection.Execute("PRAGMA synchronous=OFF");
+        connection.Execute("PRAGMA journal_mode=WAL");
+        CreateTables(connection, m_roots);
+    } catch (...) {
+        RemoveFile(fresh);
+        throw;
+    }
+    // The log of a store that somebody has taken away would be taken for the new one's.
+    if (!HasEmptyLog(m_file) && !SetAside(m_file)) ThrowSystemError(m_file);
+    MoveIntoPlace(fresh, m_file);
+}
+
+void StoreFile::Open() {
+    m_state = StateOf(m_file);
+    if (!m_state) throw StoreError(StoreFault::kMissing, "gone again");
+    if (!m_state->is_regular) throw StoreError(StoreFault::kDamage, "is not a file");
+    try {
+        Connect(SqliteConnection::Mode::kNormal);
+    } catch (const StoreError& error) {
+        if (!NeedsFilesBeside(error.Fault()) || !HasEmptyLog(m_file)) throw;
+        Connect(SqliteConnection::Mode::kFrozen);
+        m_why_frozen = error.Fault();
+    }
+}
+
+void StoreFile::Connect(SqliteConnection::Mode mode) {
+    m_tables.reset();
+    m_connection.emplace(m_file, mode);
+    m_connection->KeepFilesBeside();
+    m_connection->SetPatience(m_patience);
+    m_connection->Execute(kSettings);
+    ExamineTables(*m_connection);
+    m_tables.emplace(*m_connection);
+    m_connection->SetPatience(std::chrono::milliseconds(0));
+    m_may_write = MayWrite(*m_connection);
+    m_connection->SetPatience(m_patience);
+}
+
+void StoreFile::Close() {
+    m_tables.reset();
+    m_connection.reset();
+    m_state.reset();
+    m_why_frozen.reset();
+}
+
+bool StoreFile::IsCurrent() const {
+    try {
+        const std::optional<FileState> now = StateOf(m_place.file);
+        if (!now || !m_state || now->identity != m_state->identity) return false;
+        return !m_why_frozen || (now->written_ns == m_state->written_ns && HasEmptyLog(m_file));
+    } catch (const StoreError&) {
+        return false;
+    }
+}
+
+std::optional<RegistryResult> StoreFile::HandleError(const StoreError& error) {
+    // What went wrong with a file that was replaced meanwhile says nothing about the other.
+    if (m_state && !IsCurrent()) {
+        Close();
+        return std::nullopt;
+    }
+    switch (error.Fault()) {
+        case StoreFault::kDamage:
+        case StoreFault::kNewer:
+            try {
+                return Recover(error);
+            } catch (const StoreError& obstacle) {
+                Close();
+                return ResultOf(obstacle.Fault());
+            }
+        case StoreFault::kUnsettled:
+            Close();
+            std::this_thread::sleep_for(kPause);
+            return std::nullopt;
+        default:
+            if (!m_tables || error.Fault() == StoreFault::kIo) Close();
+            return ResultOf(error.Fault());
+    }
+}
+
+std::optional<RegistryResult> StoreFile::Recover(const StoreError& error) {
+    const bool may_move =
+        error.Fault() == StoreFault::kDamage && !(m_connection && m_connection->IsReadOnly());
+    // The damaged file is kept as it was found. It is held open until it is known to be still the one that
+    // another process would set aside: thus no other file can have its identity.
+    if (m_connection) m_connection->KeepLogAsIs();
+    const StoreLock lock(m_file, m_patience);
+    if (!IsCurrent()) {
+        Close();
+        return std::nullopt;
+    }
+    const FileIdentity identity = m_state->identity;
+    Close();
+    if (error.Fault() == StoreFault::kDamage && TurnsOutSound()) return RegistryResult::kDamaged;
+    std::optional<std::string> aside;
+    if (may_move && lock.IsHeld()) aside = SetAside(m_file);
+    Report(aside.value_or(""), error.what());
+    if (!aside) {
+        m_refused = identity;
+        return RegistryResult::kDamaged;
+    }
+    Make(lock);
+    return std::nullopt;
+}
+
+// Damage that a fresh look does not find was only seen, as when somebody copies another store over an open
+// one.
+bool StoreFile::TurnsOutSound() {
+    try {
+        Open();
+        if (m_connection->QueryText("PRAGMA quick_check(1)") == "ok") return true;
+    } catch (const StoreError& error) {
+        if (error.Fault() != StoreFault::kDamage) throw;
+    }
+    if (m_connection) m_connection->KeepLogAsIs();
+    Close();
+    return false;
+}
+
+void StoreFile::Report(const std::string& set_aside, const std::string& reason) const {
+    AddRegistryReport({WidePath(m_file), WidePath(set_aside), WidePath(reason)});
+}
+
+}  // namespace hx
