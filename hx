@@ -75,8 +75,40 @@ run_demo() {
     done
     say "A null text resets the object:"
     hxctl settings check --type 257
-    say "What a chain of errors says, newest first:"
-    hxctl exception "$examples/exception_chain.xml"
+    local tag
+    say "The same error in five languages ($examples/profile_name_contains.xml):"
+    for tag in en-US de-DE fr-FR es-ES ja-JP; do
+        hxctl exception "$examples/profile_name_contains.xml" --locale "$tag" | sed '/^Error codes:/,$d'
+        echo
+    done
+    say "A failure that another component tells of, in its own words ($examples/remote_failure.xml):"
+    hxctl exception "$examples/remote_failure.xml" --locale en-US
+    say "The registry keys of the suite, and one that is set:"
+    hxctl keys list
+    hxctl keys set 79 true
+    hxctl keys get 79
+    demo_log
+}
+
+# In a folder of its own: a start with a damaged store, which the log tells of, and one that rolls over.
+demo_log() {
+    local folder i
+    folder=$(mktemp -d build/demo-XXXXXX)
+    local logs=$folder/data/Orvel/Logs
+    in_folder() { HX_REGISTRY=$folder/registry HX_DATA=$folder/data hxctl "$@"; }
+    mkdir -p "$folder/registry" "$logs"
+    printf 'no store' >"$folder/registry/machine.registry"
+    say "A start with a damaged registry store: the log has its header and one error."
+    in_folder settings new --type 257 >"$folder/settings.xml"
+    in_folder log
+    for i in $(seq -w 1 12); do : >"$logs/HXScannerCtrls_20240131_2359$i.log"; done
+    say "The logs are rolled over at the next start; of these..."
+    ls "$logs"
+    sleep 1  # a log is named after the second of its start
+    in_folder settings new --type 257 >"$folder/settings.xml"
+    echo "... the ten newest stay:"
+    ls "$logs"
+    rm -r "$folder"
 }
 
 # The demo alone needs no test framework; a tree that was configured with it keeps it.
