@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "apps/hxctl/command.h"
+#include "core/filer/RegistryType.h"
 #include "core/keys/MRegistryKeyLib.h"
 #include "platform/system/utf8.h"
 
@@ -33,7 +34,10 @@ struct Kind {
         char text[32];
         return {text, std::to_chars(std::begin(text), std::end(text), value).ptr};
     }
-    static Json ToJson(T value) { return value; }
+    // A number that JSON has no form for is given as its text.
+    static Json ToJson(T value) {
+        return std::isfinite(static_cast<double>(value)) ? Json(value) : Json(Show(value));
+    }
     static constexpr const char* kName = std::is_integral_v<T> ? "integer" : "double";
     static constexpr const char* kAccepts = std::is_floating_point_v<T> ? "a number such as -1.5e3"
                                             : std::is_signed_v<T>
@@ -115,12 +119,19 @@ std::string Line(std::initializer_list<std::string> cells) {
     return line;
 }
 
-// Why the store did not take a value.
-std::string WhyNotWritten(const RegistryKeyRow& row) {
+// Why the store did not take a value: the element does not say, so the store is asked to take it once more.
+std::string WhyNotWritten(const RegistryKeyRow& row, const hx::RegistryValue& value) {
     const auto root = RootOf(row);
-    const hx::RegistryResult result =
-        root ? hx::Registry()->CreateKey(*root, L"Software\\" + std::wstring(kOrvel))
-             : hx::RegistryResult::kInvalid;
+    hx::RegistryResult result = hx::RegistryResult::kInvalid;
+    if (root) {
+        std::wstring path = L"Software\\";
+        if ((row.flags & kView32) != 0 && *root == hx::RegistryRoot::kLocalMachine) path += L"Wow6432Node\\";
+        path.append(kOrvel).append(L"\\").append(row.place.path);
+        result = hx::Registry()->CreateKey(*root, path);
+        if (result == hx::RegistryResult::kDone) {
+            result = hx::Registry()->SetValue(*root, path, row.value_name, value);
+        }
+    }
     switch (result) {
         case hx::RegistryResult::kAccessDenied:
             return "access denied";
@@ -196,7 +207,10 @@ Outcome RunKeysSet(uint32_t id, const std::string& text, bool json) {
         if (!Kind<T>::Parse(text, value)) {
             return Refused(name + " takes " + Kind<T>::kAccepts + ", not \"" + text + "\"");
         }
-        if (!key.Set(value)) return Refused(name + " is not written: " + WhyNotWritten(row));
+        if (!key.Set(value)) {
+            return Refused(name +
+                           " is not written: " + WhyNotWritten(row, hx::RegistryType<T>::Store(value)));
+        }
         const std::string written = hx::ToUtf8(FullPath(row, kOrvel));
         const std::string read = hx::ToUtf8(key.GetFullPath());
         // Numbers are kept with fewer digits than may be given.

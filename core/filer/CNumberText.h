@@ -39,7 +39,8 @@ bool ParseNumber(std::wstring_view text, uint64_t& value);
 // zero.
 bool ParseNumber(std::wstring_view text, double& value);
 
-// Reads as "%lf" and "%f" scan: like the above, whatever follows the number.
+// Reads as "%lf" and "%f" scan: like the above, whatever follows the number. (Of "0x" and "infi", which a
+// scan refuses, the number in front is taken.)
 bool ScanNumber(std::wstring_view text, double& value);
 bool ScanNumber(std::wstring_view text, float& value);
 

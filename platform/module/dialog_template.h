@@ -23,7 +23,7 @@ inline constexpr uint32_t kNoControlId = UINT32_MAX;
 
 struct DialogControl {
     // "Static", "Button", "Edit", "ComboBox", "ListBox", "ScrollBar" and "msctls_trackbar32" in this
-    // spelling, any other as written; of a component its {CLSID}.
+    // spelling, any other as written.
     std::wstring window_class;
     std::wstring text;
     uint32_t id = 0;  // 16 bits, or kNoControlId

@@ -1,5 +1,6 @@
 // The resources of one module in one language: strings, dialogs and menus by their ids, as read from `.rc`
-// text in the syntax of the system's resource compiler. Made once, then unchanged: readable on any thread.
+// text in the syntax of the system's resource compiler, as far as dialogs here use it. Made once, then
+// unchanged: readable on any thread.
 //
 // Read are STRINGTABLE, DIALOGEX, MENU and VERSIONINFO with ids in numbers or in names that the script
 // itself defines (#define NAME number); LANGUAGE, #include and #pragma code_page(65001) mean nothing here.

@@ -153,7 +153,8 @@ DialogTemplate ReadDialog(ScriptParser& parser) {
             break;
         }
     }
-    // The statements say it, and not the style, as the system's resource compiler has it.
+    // As the system's resource compiler has it: DS_SETFONT comes from FONT alone, and CAPTION adds
+    // WS_CAPTION.
     dialog.style = (dialog.style & ~kFontStyle) | stated;
     dialog.controls = ReadControls(parser);
     return dialog;

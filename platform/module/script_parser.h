@@ -30,7 +30,6 @@ public:
 
     // Words compare without case. What is accepted is passed over.
     bool AcceptWord(std::wstring_view word);
-    bool AcceptWordBeginningWith(std::wstring_view beginning);
     bool AcceptMark(wchar_t mark);
     bool IsText() const { return m_token.kind == ScriptTokenKind::kText; }
 
@@ -63,6 +62,7 @@ private:
     void ReadDirective();
     void ReadDefine();
     void SkipLanguage();
+    bool AcceptWordBeginningWith(std::wstring_view beginning);
     void NextInLine(std::wstring_view what);
     int64_t NumberOfToken(std::wstring_view what) const;
     Sum ReadSum(std::wstring_view what, uint32_t depth);

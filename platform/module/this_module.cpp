@@ -21,7 +21,7 @@ std::wstring& GivenFileName() {
     return file_name;
 }
 
-std::wstring OwnFileName() {
+std::wstring FindOwnFileName() {
     static const char anchor = 0;
     Dl_info info{};
     void* entry = nullptr;
@@ -37,6 +37,14 @@ std::wstring OwnFileName() {
     path = std::filesystem::absolute(path, error);
     return FromUtf8(path.native()).value_or(std::wstring());
 }
+
+const std::wstring& OwnFileName() {
+    static const std::wstring file_name = FindOwnFileName();
+    return file_name;
+}
+
+// While it is loaded: a host may load it by a relative name and then change its current folder.
+[[maybe_unused]] const std::wstring& g_own_file_name = OwnFileName();
 
 // The build has read both scripts before: neither can be broken.
 Resources ReadEmbedded(std::string_view script) {

@@ -12,8 +12,8 @@ namespace hx {
 ModuleVersion ThisModuleVersion();
 
 // The module with its embedded resources, made and entered under its file name at the first call, and kept
-// until the program ends or the library is unloaded. Its file name is absolute, its links unresolved; empty
-// if it is no UTF-8. Throws std::bad_alloc.
+// until the program ends or the library is unloaded. Its file name is absolute, that of a library with
+// its links unresolved; empty if it is no UTF-8. Throws std::bad_alloc.
 ModuleHandle ThisModule();
 
 // Another file name for this module, of the library whose code the program shares: that is where satellites

@@ -1,4 +1,4 @@
-// What the catalog declares, checked key by key against what the suite's components rely on.
+// What the catalog declares, a selection of its keys checked against what the suite's components rely on.
 #include <gtest/gtest.h>
 
 #include <set>

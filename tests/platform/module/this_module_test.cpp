@@ -53,6 +53,19 @@ TEST(ThisModule, OfALibraryIsTheFileThatItWasLoadedFrom) {
     }
 }
 
+TEST(ThisModule, OfALibraryLoadedByARelativeNameIsFoundFromAnywhere) {
+    const fs::path start = fs::current_path();
+    fs::current_path(HX_BIN_DIR);
+    void* const handle = dlopen(("./" + kLibrary.filename().native()).c_str(), RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(handle, nullptr) << dlerror();
+    fs::current_path("/");
+    TestResources resources;
+    reinterpret_cast<TestResourcesFunction>(dlsym(handle, "TestResourcesOf"))(nullptr, &resources);
+    dlclose(handle);
+    fs::current_path(start);
+    EXPECT_TRUE(fs::equivalent(hx::ToUtf8(resources.module->FileName()), kLibrary));
+}
+
 TEST(ThisModule, OfAProgramIsTheProgram) {
     EXPECT_EQ(hx::ThisModule()->FileName(), *hx::FromUtf8(fs::read_symlink("/proc/self/exe").native()));
     EXPECT_EQ(hx::ThisModule(), hx::LoadedResourceModule(hx::ThisModule()->FileName()));
