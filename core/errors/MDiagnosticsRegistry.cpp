@@ -2,6 +2,8 @@
 
 #include <atomic>
 
+#include "platform/system/never_destroyed.h"
+
 namespace hx {
 namespace {
 
@@ -23,9 +25,9 @@ std::atomic<MDiagnosticsRegistryImplementation*>& Installed() {
 }  // namespace
 
 MDiagnosticsRegistryImplementation& DiagnosticsRegistry() {
-    static Nobody nobody;
+    static NeverDestroyed<Nobody> nobody;
     MDiagnosticsRegistryImplementation* installed = Installed();
-    return installed != nullptr ? *installed : nobody;
+    return installed != nullptr ? *installed : *nobody;
 }
 
 MDiagnosticsRegistryImplementation* SetDiagnosticsRegistry(MDiagnosticsRegistryImplementation* registry) {

@@ -17,10 +17,13 @@ public:
 
     // One more object holds a satellite.
     void Add() { ++m_holders; }
-    // One less. The last one frees them all.
+    // One less. The last one frees them all, and the program's own resources are then in use.
     void Remove();
     int32_t Holders() const { return m_holders; }
 
+    // Held while a satellite is kept and put into use: two objects that do so at once would each take the
+    // other's for what was in use before. Not to be held while Remove is called.
+    std::unique_lock<std::mutex> Lock();
     void Keep(const ModuleHandle& satellite);
 
 private:

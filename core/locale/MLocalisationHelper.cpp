@@ -119,8 +119,12 @@ void MLocalisationHelper::SetDefaultResources() {
 }
 
 void MLocalisationHelper::LoadSatelliteResources(std::wstring_view locale_name) {
-    const ModuleHandle own = GetCurrentModule();
-    const std::wstring base_path = own ? own->FileName() : std::wstring();
+    const std::wstring base_path = GetCurrentModule()->FileName();
+    if (base_path.empty()) {
+        MError error = LoadError(this, 29, L"GetModuleFileName");
+        error.AddParameter(L"winErrorCode", kModuleNotFound);
+        Throw(LoadLocation(), error);
+    }
     const auto load = [&](std::wstring_view name) {
         try {
             LoadSatelliteResources(name, base_path);
@@ -137,7 +141,8 @@ void MLocalisationHelper::LoadSatelliteResources(std::wstring_view locale_name) 
 
 void MLocalisationHelper::LoadSatelliteResources(std::wstring_view locale_name,
                                                  std::wstring_view base_module_path) {
-    if (m_satellite && m_locale_name == locale_name) return;
+    // Without a name the defaults are in use, whatever satellite is held.
+    if (m_satellite && !locale_name.empty() && m_locale_name == locale_name) return;
     if (base_module_path.empty()) Throw(LoadLocation(), LoadError(this, 54, L"NoModuleName"));
 
     const std::wstring long_path = LongPath(this, base_module_path);
@@ -146,6 +151,7 @@ void MLocalisationHelper::LoadSatelliteResources(std::wstring_view locale_name,
     const ModuleHandle satellite = LoadSatellite(this, locale_name, file_name);
 
     Holding holding(!m_satellite);
+    const auto lock = LoadedSatellites::Get().Lock();
     LoadedSatellites::Get().Keep(satellite);
     SetBaseModuleHandle(base_module_path);
     SetDefaultResources();

@@ -20,7 +20,8 @@ public:
     virtual ~MLocalisationHelper();
 
     // The satellite of that locale ("de-DE") beside this program's module, or else that of US English. Throws
-    // an MException (LoadSatelliteResourcesFallbackFailed) if there is neither; what was in use stays in use.
+    // an MException: LoadSatelliteResourcesFallbackFailed if there is neither, and the defaults or what was
+    // in use stay in use; GetModuleFileName ("winErrorCode").
     void LoadSatelliteResources(std::wstring_view locale_name);
     // The satellite of that locale beside the module of that file, and no other. Free if it is loaded
     // already. Throws an MException: NoModuleName, GetLongPathName ("winErrorCode"), PathTooLong, LoadLibrary

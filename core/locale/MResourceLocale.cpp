@@ -4,6 +4,7 @@
 
 #include "core/errors/MErrorLocation.h"
 #include "platform/module/this_module.h"
+#include "platform/system/never_destroyed.h"
 
 namespace hx {
 namespace {
@@ -19,16 +20,15 @@ struct InUse {
 };
 
 InUse& TheResources() {
-    static InUse in_use;
-    return in_use;
+    static NeverDestroyed<InUse> in_use;
+    return *in_use;
 }
 
-[[noreturn]] void Refuse(int32_t line, std::wstring_view error_name, uint32_t code) {
-    static MErrorLocation location("MResourceLocale", "LoadStringResource");
-    location.Set(nullptr, line);
-    MError error = MakeError(location, error_name);
+// A text that is missing is not reported as a new error: it is looked for while one is being told of.
+[[noreturn]] void Refuse(std::wstring_view error_name, uint32_t code) {
+    MError error(ErrorCode("MResourceLocale", "LoadStringResource", error_name));
     error.AddParameter(L"win32ErrorCode", code);
-    Throw(location, error);
+    throw MException(error);
 }
 
 }  // namespace
@@ -51,11 +51,11 @@ ModuleHandle MResourceLocale::ExchangeResourceModule(ModuleHandle module) {
 
 std::wstring MResourceLocale::LoadStringResource(uint32_t id) {
     const ModuleHandle module = ResourceModule();
-    if (!module) Refuse(27, L"GetModuleHandle", kModuleNotFound);
+    if (!module) Refuse(L"GetModuleHandle", kModuleNotFound);
     const std::wstring* const text = module->String(id);
     if (text == nullptr || text->empty()) {
         const bool has_strings = !module->GetResources().strings.empty();
-        Refuse(38, L"LoadString", has_strings ? kResourceNameNotFound : kResourceDataNotFound);
+        Refuse(L"LoadString", has_strings ? kResourceNameNotFound : kResourceDataNotFound);
     }
     return *text;
 }

@@ -1,5 +1,7 @@
 #include "core/messages/MDiagnosticsAtl.h"
 
+#include <algorithm>
+
 #include "core/log/MFlowScope.h"
 #include "core/messages/MErrorFormatter.h"
 #include "platform/com/boundary.h"
@@ -42,6 +44,8 @@ HRESULT MDiagnosticsAtl::MExceptionAsErrorinfo(REFCLSID component_class, const M
     const MFlowScope scope(kMethod, kSource, 18);
     const HRESULT set = AtBoundary([&] {
         MErrorFormatter::Formatted formatted = Format(exception);
+        // A description ends at its first NUL.
+        std::ranges::replace(formatted.chain_document, L'\0', L'\xFFFD');
         const std::wstring entry = formatted.message + L"\nError codes:\n" + formatted.error_codes;
         ModuleLogger().Log({MLogSeverity::kError, kSource, 23, kMethod, entry});
         std::wstring source = RegisteredProgId(component_class);

@@ -6,6 +6,11 @@
 namespace hx {
 namespace {
 
+// Values that hold placeholders of each other double a text with every parameter; no message for people is
+// longer.
+constexpr size_t kLongestMessage = 65536;
+
+// Up to the longest message; what is behind that stays as it is.
 void ReplaceAll(std::wstring& text, std::wstring_view placeholder, std::wstring_view value) {
     // Most texts have none; so nothing is built before one is found.
     size_t found = text.find(placeholder);
@@ -13,6 +18,8 @@ void ReplaceAll(std::wstring& text, std::wstring_view placeholder, std::wstring_
     std::wstring replaced;
     size_t copied = 0;
     for (; found != std::wstring::npos; found = text.find(placeholder, copied)) {
+        const size_t length = replaced.size() + (text.size() - copied) - placeholder.size() + value.size();
+        if (length > kLongestMessage) break;
         replaced.append(text, copied, found - copied).append(value);
         copied = found + placeholder.size();
     }

@@ -21,17 +21,18 @@ IErrorFormatterRuleBased::Found MakeFound(const IErrorFormatterRuleBased::ErrorM
 
 void MErrorFormatterMapped::AddMessage(std::wstring first_code, std::wstring second_code,
                                        std::unique_ptr<ErrorMessageProxy> message) {
+    if (!first_code.empty() && !second_code.empty()) m_newer_of_two.insert(second_code);
     m_messages.insert_or_assign(Codes(std::move(first_code), std::move(second_code)), std::move(message));
 }
 
 const IErrorFormatterRuleBased::ErrorMessageProxy* MErrorFormatterMapped::Message(
-    const std::wstring& first_code, const std::wstring& second_code) const {
-    const auto found = m_messages.find(Codes(first_code, second_code));
+    std::wstring_view first_code, std::wstring_view second_code) const {
+    const auto found = m_messages.find(CodesView(first_code, second_code));
     return found != m_messages.end() ? found->second.get() : nullptr;
 }
 
 IErrorFormatterRuleBased::Found MErrorFormatterMapped::Match(const MException::Chain& chain) const {
-    const std::wstring none;
+    const std::wstring_view none;
     std::vector<const MError*> newer;  // than the oldest, newest first
     for (auto place = chain.rbegin(); place != chain.rend(); ++place) newer.push_back(place->get());
     const MError* oldest = nullptr;
@@ -47,7 +48,7 @@ IErrorFormatterRuleBased::Found MErrorFormatterMapped::Match(const MException::C
         }
     }
     for (size_t i = 0; i < newer.size(); ++i) {
-        if (!has_code(newer[i])) continue;
+        if (!m_newer_of_two.contains(newer[i]->GetCode())) continue;
         for (size_t j = i + 1; j <= newer.size(); ++j) {
             const MError* const older = j < newer.size() ? newer[j] : oldest;
             if (!has_code(older)) continue;

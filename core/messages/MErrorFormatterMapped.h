@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -33,10 +34,20 @@ public:
 
 private:
     using Codes = std::pair<std::wstring, std::wstring>;
+    using CodesView = std::pair<std::wstring_view, std::wstring_view>;
+    // Looks up without a copy of the codes.
+    struct Less {
+        using is_transparent = void;
+        template <class A, class B>
+        bool operator()(const A& a, const B& b) const {
+            return CodesView(a) < CodesView(b);
+        }
+    };
 
-    const ErrorMessageProxy* Message(const std::wstring& first_code, const std::wstring& second_code) const;
+    const ErrorMessageProxy* Message(std::wstring_view first_code, std::wstring_view second_code) const;
 
-    std::map<Codes, std::unique_ptr<ErrorMessageProxy>> m_messages;
+    std::map<Codes, std::unique_ptr<ErrorMessageProxy>, Less> m_messages;
+    std::set<std::wstring, std::less<>> m_newer_of_two;  // the second codes of pairs: few records have one
     std::unique_ptr<ErrorMessageProxy> m_default;
 };
 

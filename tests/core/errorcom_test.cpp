@@ -212,7 +212,9 @@ public:
 TEST(DiagnosticsAtl, AnExceptionCrossesTheBoundaryAsErrorInformation) {
     hx::SetClassLookup(std::make_shared<OneClass>());
     hx::MException exception(hx::MError(L"first"));
-    exception.Append(hx::MError(L"second"));
+    hx::MError second(L"second");
+    second.AddParameter(L"name", std::wstring(L"a\0b", 3));
+    exception.Append(second);
     for (const bool registered : {true, false}) {
         SetErrorInfo(0, Information(IID_IUnknown, L"an older failure").get());
         EXPECT_EQ(hx::MDiagnosticsAtl::MExceptionAsErrorinfo(registered ? IID_IDispatch : IID_IErrorInfo,

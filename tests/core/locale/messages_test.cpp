@@ -111,6 +111,19 @@ TEST(Messages, PlaceholdersAreReplacedInTheOrderOfTheirNames) {
     }
 }
 
+// A description comes from another component, and need not be well meant.
+TEST(Messages, ValuesThatDoubleEachOtherEndAtTheLongestMessage) {
+    MError::Parameters parameters;
+    for (wchar_t name = L'a'; name < L'z'; ++name) {
+        const std::wstring next = L"${" + std::wstring(1, static_cast<wchar_t>(name + 1)) + L"}";
+        parameters[std::wstring(1, name)] = next + next;
+    }
+    parameters[L"z"] = L"0123456789";
+    const std::wstring text = MErrorFormatter::FormatMessage(MErrorMessageTrivial(L"${a}"), parameters);
+    EXPECT_GT(text.size(), 60000u);
+    EXPECT_LE(text.size(), 65536u);
+}
+
 TEST(Messages, TheBestRuleWinsAndOfEqualOnesTheFirst) {
     MErrorFormatterMapped first, second, better;
     first.AddMessage(L"", L"a", Text(L"first"));
