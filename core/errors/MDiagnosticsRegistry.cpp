@@ -1,6 +1,8 @@
 #include "core/errors/MDiagnosticsRegistry.h"
 
 #include <atomic>
+#include <cstddef>
+#include <new>
 
 namespace hx {
 namespace {
@@ -23,7 +25,9 @@ std::atomic<MDiagnosticsRegistryImplementation*>& Installed() {
 }  // namespace
 
 MDiagnosticsRegistryImplementation& DiagnosticsRegistry() {
-    static Nobody nobody;
+    // Never destroyed: errors are still raised while the process exits.
+    alignas(Nobody) static std::byte place[sizeof(Nobody)];
+    static Nobody& nobody = *new (place) Nobody;
     MDiagnosticsRegistryImplementation* installed = Installed();
     return installed != nullptr ? *installed : nobody;
 }
