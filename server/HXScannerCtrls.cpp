@@ -1,5 +1,6 @@
 // The library's entry points and its class table: one row per component class, from which the class objects,
 // the listing and the tests of all classes follow. Its log and event store live as long as it is loaded.
+#include "core/log/LoggingValues.h"
 #include "core/log/MModuleDiagnostics.h"
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "platform/com/class_table.h"
@@ -9,8 +10,7 @@
 
 namespace {
 
-const hx::MModuleDiagnostics g_diagnostics(L"HXScannerCtrls", hx::kLoggingKeyPath,
-                                           hx::ThisModuleVersion());
+hx::MModuleDiagnostics g_diagnostics(L"HXScannerCtrls", hx::kLoggingKeyPath, &hx::ThisModuleVersion);
 
 constexpr hx::ClassRow kClasses[] = {
     {CLSID_CoMHXSettingsFactory, kProgIdHXSettingsFactory, L"Orvel.HXScannerCtrls.HXSettingsFactory",
@@ -30,10 +30,13 @@ hx::ModuleClasses& Classes() {
 // A class factory of this library, [caller owns]. Any thread. CLASS_E_CLASSNOTAVAILABLE for a class that is
 // not here or an interface that its factory lacks; E_POINTER.
 STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
+    g_diagnostics.SetInUse(true);
     return Classes().GetClassObject(clsid, iid, object);
 }
 
 // S_OK when nothing of this library is alive any more, else S_FALSE. Any thread.
 STDAPI DllCanUnloadNow() {
-    return Classes().CanUnloadNow();
+    const HRESULT result = Classes().CanUnloadNow();
+    g_diagnostics.SetInUse(result != S_OK);
+    return result;
 }

@@ -8,6 +8,7 @@
 
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/log_records.h"
+#include "apps/hxctl/registry_reports.h"
 #include "core/log/LogFiles.h"
 #include "platform/system/utf8.h"
 
@@ -98,6 +99,8 @@ Outcome RunLog(const LogRequest& request, bool json) {
     const auto module = hx::FromUtf8(request.module);
     if (!module) return {kUsage, {}, "the module's name is no UTF-8"};
     LogReader reader(*module);
+    // Following may never return, and what was found in the configuration's store is part of the log.
+    LogRegistryReports();
     const auto newest = reader.Newest();
     if (!newest) {
         return Refused("no log of module " + request.module + " in the folder \"" +

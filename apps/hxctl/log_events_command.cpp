@@ -29,6 +29,8 @@ Answer UseSettings() {
 }  // namespace
 
 Outcome RunLogEvents(const std::string& file, bool json) {
+    // To the library an empty name means its own default.
+    if (file.empty()) return {kUsage, {}, "--events needs the name of a file"};
     std::error_code error;
     const std::filesystem::path path = std::filesystem::absolute(file, error);
     // So that the dump of another session is not taken for this one's.

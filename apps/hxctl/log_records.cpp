@@ -1,6 +1,7 @@
 #include "apps/hxctl/log_records.h"
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace hxctl {
@@ -38,22 +39,37 @@ Json ReadRecord(const std::vector<std::string_view>& lines, size_t& line) {
     return record;
 }
 
+constexpr std::string_view kHeader[] = {"*** Module version ", "*** Windows version ", "*** Architecture ",
+                                        "*** Module "};
+
+bool BeginsHeader(const std::vector<std::string_view>& lines, size_t line) {
+    if (lines.size() - line < std::size(kHeader)) return false;
+    for (size_t i = 0; i < std::size(kHeader); ++i) {
+        if (!lines[line + i].starts_with(kHeader[i])) return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 Json ReadLogRecords(const std::string& file, std::string_view text) {
     Json header = Json::array();
     Json records = Json::array();
     const std::vector<std::string_view> lines = SplitLines(text);
+    // A record is open until another one, or another run's header, begins.
+    bool is_open = false;
     for (size_t line = 0; line < lines.size(); ++line) {
         const bool begins_record =
             line + 1 < lines.size() && lines[line + 1].starts_with(kFields[0].introduction);
+        is_open = is_open && !BeginsHeader(lines, line);
         if (begins_record) {
             records.push_back(ReadRecord(lines, line));
+            is_open = records.back().contains("message");
+        } else if (is_open) {
+            // Messages may have several lines, with whatever in front.
+            records.back()["message"].get_ref<std::string&>().append("\n").append(lines[line]);
         } else if (lines[line].starts_with("*** ")) {
             header.push_back(lines[line]);
-        } else if (!records.empty() && records.back().contains("message")) {
-            // Messages may have several lines.
-            records.back()["message"].get_ref<std::string&>().append("\n").append(lines[line]);
         }
     }
     return {{"file", file}, {"header", std::move(header)}, {"records", std::move(records)}};

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "apps/hxctl/command.h"
+#include "apps/hxctl/registry_reports.h"
 #include "core/errors/MException.h"
 #include "platform/system/utf8.h"
 
@@ -147,7 +148,9 @@ int main(int argc, char** argv) {
         return hxctl::kUsage;
     }
     try {
+        hxctl::ListenForRegistryReports();
         const Outcome outcome = commands.Run();
+        hxctl::LogRegistryReports();
         std::cout << outcome.output << std::flush;
         if (!outcome.reason.empty()) std::cerr << "hxctl: " << outcome.reason << '\n';
         if (std::cout) return outcome.exit;

@@ -18,12 +18,19 @@ public:
     static constexpr std::wstring_view kCompanyKey = L"Orvel";
 
     void SetRoot(RegistryRoot root) { m_root = root; }
+    // What the registry answered to the last read or write of a value. kDone, though the read was false: the
+    // value is of another type.
+    RegistryResult LastResult() const { return m_last_result; }
 
 protected:
     IFilerTaggedRegistryBase(std::wstring_view base_path, bool view_32_bit)
         : m_base_path(base_path), m_view_32_bit(view_32_bit) {}
     ~IFilerTaggedRegistryBase() = default;
 
+    bool IsDone(RegistryResult result) {
+        m_last_result = result;
+        return result == RegistryResult::kDone;
+    }
     RegistryRoot Root() const { return m_root; }
     std::wstring KeyPath(std::wstring_view company_key) const;
     void PushGroup(std::wstring_view name) { m_groups.emplace_back(name); }
@@ -34,6 +41,7 @@ protected:
 
 private:
     RegistryRoot m_root = RegistryRoot::kCurrentUser;
+    RegistryResult m_last_result = RegistryResult::kDone;
     std::wstring m_base_path;
     bool m_view_32_bit;
     std::vector<std::wstring> m_groups;

@@ -17,12 +17,12 @@ bool IInFilerTaggedRegistry::ExtractGroup(std::wstring_view, std::wstring& docum
     return false;
 }
 
-bool IInFilerTaggedRegistry::Query(std::wstring_view name, RegistryValue& stored) const {
+bool IInFilerTaggedRegistry::Query(std::wstring_view name, RegistryValue& stored) {
     const std::shared_ptr<IRegistry> registry = Registry();
     const std::wstring path = KeyPath(m_company_key.empty() ? kCompanyKey : m_company_key);
     // Whoever may not make the key may still read it.
     if (m_create) registry->CreateKey(Root(), path);
-    return registry->QueryValue(Root(), path, name, stored) == RegistryResult::kDone;
+    return IsDone(registry->QueryValue(Root(), path, name, stored));
 }
 
 }  // namespace hx

@@ -33,7 +33,7 @@ private:
             return false;
         }
     }
-    bool Query(std::wstring_view name, RegistryValue& stored) const;
+    bool Query(std::wstring_view name, RegistryValue& stored);
 
     std::wstring m_company_key;
     bool m_create;

@@ -20,11 +20,10 @@ bool IOutFilerTaggedRegistry::InsertDocument(std::wstring_view, std::wstring_vie
     return false;
 }
 
-bool IOutFilerTaggedRegistry::Set(std::wstring_view name, const RegistryValue& value) const {
+bool IOutFilerTaggedRegistry::Set(std::wstring_view name, const RegistryValue& value) {
     const std::shared_ptr<IRegistry> registry = Registry();
     const std::wstring path = KeyPath(kCompanyKey);
-    return registry->CreateKey(Root(), path) == RegistryResult::kDone &&
-           registry->SetValue(Root(), path, name, value) == RegistryResult::kDone;
+    return IsDone(registry->CreateKey(Root(), path)) && IsDone(registry->SetValue(Root(), path, name, value));
 }
 
 }  // namespace hx

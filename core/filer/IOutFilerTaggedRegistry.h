@@ -28,7 +28,7 @@ private:
             return false;
         }
     }
-    bool Set(std::wstring_view name, const RegistryValue& value) const;
+    bool Set(std::wstring_view name, const RegistryValue& value);
 };
 
 }  // namespace hx

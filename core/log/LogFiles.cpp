@@ -4,6 +4,7 @@
 
 #include "core/errors/MErrorLocation.h"
 #include "core/log/LogTime.h"
+#include "core/log/MSpecialFolderImplementationWindows.h"
 #include "platform/system/append.h"
 #include "platform/system/folders.h"
 #include "platform/system/utf8.h"
@@ -13,26 +14,44 @@ namespace {
 
 constexpr const char* kExtension = ".log";
 
-std::wstring DefaultFolder(std::wstring_view company, const MSpecialFolderImplementation& folders) {
+// Empty if there is none.
+template <class Find>
+std::wstring FolderOrNone(Find find) {
     try {
-        return folders.GetLogFolder(company);
+        return find();
     } catch (const MException& exception) {
-        static MErrorLocation location("LogFiles", "DefaultFolder");
+        static MErrorLocation location("LogFiles", "GetLogFolder");
         location.Set(nullptr, 25);
         Dismiss(location, *exception.GetChain().back());
         return {};
     }
 }
 
+// Fixed now, so that the log does not move when the program changes its current folder.
+std::wstring Absolute(const std::wstring& folder) {
+    const std::filesystem::path path = ToUtf8(folder);
+    if (folder.empty() || path.is_absolute()) return folder;
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? folder : FromUtf8(absolute.native()).value_or(folder);
+}
+
 }  // namespace
 
 LogFolder GetLogFolder(LoggingValues& values, std::wstring_view company,
                        const MSpecialFolderImplementation& folders) {
-    const std::wstring usual = DefaultFolder(company, folders);
     constexpr std::wstring_view kName = L"LogOutputFolder";
+    const std::wstring usual = FolderOrNone([&] { return folders.GetLogFolder(company); });
+    const std::wstring machine =
+        FolderOrNone([&] { return MSpecialFolderImplementationWindows().GetMachineLogFolder(company); });
+    // What is written back holds for all users, so it must not be a folder of this one.
+    const bool is_for_all = !usual.empty() && usual == machine;
     LogFolder folder;
-    folder.text = usual.empty() ? values.GetUnlessMissing(kName, usual) : values.Get(kName, usual);
+    folder.text = is_for_all ? values.Get(kName, usual) : values.GetUnlessMissing(kName, usual);
+    // Nor may a run of somebody who can write to the machine's folder silence those who cannot.
+    if (folder.text == machine && !MayWriteIn(ToUtf8(machine))) folder.text = usual;
     folder.is_default = folder.text == usual;
+    folder.text = Absolute(folder.text);
     return folder;
 }
 

@@ -17,7 +17,9 @@ namespace hx {
 // nothing.
 enum class LogFileMode : uint32_t { kAppend = 0, kClear = 1, kRoll = 2 };
 
-// "LogOutputFolder"; the default is the company's log folder.
+// "LogOutputFolder", made absolute now; the default is the company's log folder. Where the machine's log
+// folder is configured and this process cannot write there, the default, which is then the user's, takes its
+// place.
 struct LogFolder {
     std::wstring text;        // empty if none is configured and the system has none
     bool is_default = false;  // so that it may be made if it is missing

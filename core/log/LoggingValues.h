@@ -1,6 +1,7 @@
 // How logging is configured: the values of a key in the machine's part of the registry. Every value that is
 // asked for and not there is written with its default, so that the configuration documents itself; if it
-// cannot be written, the default is used all the same. One thread at a time.
+// cannot be written, the default is used all the same. A registry that fails is asked no more: each question
+// might wait for as long as the first. One thread at a time.
 #pragma once
 
 #include <string_view>
@@ -28,19 +29,25 @@ public:
         m_out.SetRoot(RegistryRoot::kLocalMachine);
     }
 
-    // The value, or else the default. A stored value of another type counts as missing.
+    // The value, or else the default, which is written only where nothing stands: a value of another type, or
+    // one that cannot be read now, is somebody's all the same.
     template <class T>
     T Get(std::wstring_view name, const T& fallback) {
-        T value{};
-        if (!m_in.Read(name, value, fallback) && m_missing == Missing::kWriteBack)
-            m_out.Write(name, fallback);
+        const T value = GetUnlessMissing(name, fallback);
+        if (m_is_usable && m_missing == Missing::kWriteBack &&
+            m_in.LastResult() == RegistryResult::kNotFound && !m_out.Write(name, fallback)) {
+            m_missing = Missing::kLeave;
+            m_is_usable = m_out.LastResult() == RegistryResult::kAccessDenied;
+        }
         return value;
     }
     // The same for a default that holds today only: it is never written.
     template <class T>
     T GetUnlessMissing(std::wstring_view name, const T& fallback) {
+        if (!m_is_usable) return fallback;
         T value{};
-        m_in.Read(name, value, fallback);
+        m_is_usable = m_in.Read(name, value, fallback) || m_in.LastResult() == RegistryResult::kDone ||
+                      m_in.LastResult() == RegistryResult::kNotFound;
         return value;
     }
 
@@ -48,6 +55,7 @@ private:
     IInFilerTaggedRegistry m_in;
     IOutFilerTaggedRegistry m_out;
     Missing m_missing;
+    bool m_is_usable = true;
 };
 
 }  // namespace hx

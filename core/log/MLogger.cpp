@@ -24,7 +24,7 @@ void MLogger::Configure(std::wstring_view module_name, std::wstring_view key_pat
     const std::wstring device = values.Get(L"LoggingDevice", kFile);
     const auto threshold = values.Get(L"Severity", static_cast<uint32_t>(MLogSeverity::kError));
     if (device != kFile) return;
-    m_device = std::make_unique<MLoggerFiler>(module_name, key_path, company, module, *m_clock, folders);
+    m_device = std::make_unique<MLoggerFiler>(module_name, values, company, module, *m_clock, folders);
     m_device->WriteHeader();
     m_threshold = threshold;
 }

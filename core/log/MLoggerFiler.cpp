@@ -20,8 +20,13 @@ void DeleteOldest(const LogFiles& files, size_t remaining) {
 MLoggerFiler::MLoggerFiler(std::wstring_view module_name, std::wstring_view key_path,
                            std::wstring_view company, ModuleVersion module, const IClock& clock,
                            const MSpecialFolderImplementation& folders)
+    : MLoggerFiler(module_name, LoggingValues(key_path, company), company, std::move(module), clock,
+                   folders) {}
+
+MLoggerFiler::MLoggerFiler(std::wstring_view module_name, LoggingValues values, std::wstring_view company,
+                           ModuleVersion module, const IClock& clock,
+                           const MSpecialFolderImplementation& folders)
     : m_module_name(module_name), m_module(std::move(module)), m_clock(clock) {
-    LoggingValues values(key_path, company);
     const LogFolder folder = GetLogFolder(values, company, folders);
     // Without a folder the file would end up in the system's root.
     if (folder.text.empty()) return;

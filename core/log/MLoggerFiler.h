@@ -18,6 +18,9 @@ public:
     // ones. A file that cannot be made shows when it is written.
     MLoggerFiler(std::wstring_view module_name, std::wstring_view key_path, std::wstring_view company,
                  ModuleVersion module, const IClock& clock, const MSpecialFolderImplementation& folders);
+    // The same with values of that company that others were read from: if those failed, these are not asked.
+    MLoggerFiler(std::wstring_view module_name, LoggingValues values, std::wstring_view company,
+                 ModuleVersion module, const IClock& clock, const MSpecialFolderImplementation& folders);
 
     void WriteHeader() override;
     bool Write(std::wstring_view text) override;

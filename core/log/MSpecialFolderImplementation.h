@@ -1,5 +1,6 @@
 // Where modules of the suite find the well-known folders. Any thread. Every operation raises an MException if
-// the system has no such folder; folders that are not said to end with a separator have none.
+// the system has no such folder. Folders that are not said to end with a separator have none, except for the
+// system's root.
 #pragma once
 
 #include <string>

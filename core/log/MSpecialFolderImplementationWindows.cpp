@@ -52,6 +52,13 @@ std::wstring MSpecialFolderImplementationWindows::GetLogFolder(std::wstring_view
     return Below(Below(GetAllUsersApplicationDataFolder(), sub_path), L"Logs");
 }
 
+std::wstring MSpecialFolderImplementationWindows::GetMachineLogFolder(std::wstring_view sub_path) const {
+    std::wstring folder;
+    const HRESULT result = FindMachineData(folder);
+    if (FAILED(result)) RaiseNoFolder(SpecialFolder::kAllUsersData, result);
+    return Below(Below(folder, sub_path), L"Logs");
+}
+
 std::wstring MSpecialFolderImplementationWindows::GetTempFolder() const {
     std::wstring folder;
     if (FAILED(FindTemporaryFolder(folder))) {
@@ -65,15 +72,17 @@ std::wstring MSpecialFolderImplementationWindows::GetTempFolder() const {
 std::wstring MSpecialFolderImplementationWindows::GetSpecialFolder(SpecialFolder folder) const {
     std::wstring path;
     const HRESULT result = FindSpecialFolder(folder, path);
-    if (FAILED(result)) {
-        static MErrorLocation location("MSpecialFolderImplementationWindows", "GetSpecialFolder");
-        location.Set(this, 31);
-        MError error = MakeError(location, L"SHGetFolderPath");
-        error.AddParameter(L"folderId", static_cast<uint32_t>(folder));
-        error.AddParameter(L"errorCode", static_cast<uint32_t>(result), true);
-        Throw(location, error);
-    }
+    if (FAILED(result)) RaiseNoFolder(folder, result);
     return path;
+}
+
+void MSpecialFolderImplementationWindows::RaiseNoFolder(SpecialFolder folder, HRESULT result) const {
+    static MErrorLocation location("MSpecialFolderImplementationWindows", "GetSpecialFolder");
+    location.Set(this, 31);
+    MError error = MakeError(location, L"SHGetFolderPath");
+    error.AddParameter(L"folderId", static_cast<uint32_t>(folder));
+    error.AddParameter(L"errorCode", static_cast<uint32_t>(result), true);
+    Throw(location, error);
 }
 
 }  // namespace hx

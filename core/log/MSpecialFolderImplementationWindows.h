@@ -19,8 +19,14 @@ public:
     // Raises GetTempPathFailure.
     std::wstring GetTempFolder() const override;
 
+    // GetLogFolder as the machine has it: where its users' logs belong if they may be written there.
+    std::wstring GetMachineLogFolder(std::wstring_view sub_path) const;
+
     // Every folder but the temporary one. Raises SHGetFolderPath with "folderId" and "errorCode".
     std::wstring GetSpecialFolder(SpecialFolder folder) const;
+
+private:
+    [[noreturn]] void RaiseNoFolder(SpecialFolder folder, HRESULT result) const;
 };
 
 }  // namespace hx

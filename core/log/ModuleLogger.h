@@ -13,7 +13,11 @@ MLogger& ModuleLogger();
 // installed before, null likewise.
 MLogger* SetModuleLogger(MLogger* logger);
 
-// Logs that the registry's store could not be used. To be installed with SetRegistryReportSink.
+// That the registry's store could not be used, for people. Throws std::bad_alloc.
+std::wstring RegistryReportText(const RegistryReport& report);
+
+// Logs it. The one without a logger is to be installed with SetRegistryReportSink.
+void LogRegistryReport(const RegistryReport& report, MLogger& logger) noexcept;
 void LogRegistryReport(const RegistryReport& report) noexcept;
 
 }  // namespace hx

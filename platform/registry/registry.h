@@ -107,7 +107,7 @@ struct RegistryReport {
 using RegistryReportSink = void (*)(const RegistryReport& report);
 // Who is told from now on, null for nobody; reports that nobody has heard yet are told at once. The sink is
 // called on any thread, must use neither the registry nor this function, and throw nothing. It is not running
-// any more when this returns.
-HX_PLATFORM_API void SetRegistryReportSink(RegistryReportSink sink);
+// any more when this returns. Gives the one told before, null likewise.
+HX_PLATFORM_API RegistryReportSink SetRegistryReportSink(RegistryReportSink sink);
 
 }  // namespace hx

@@ -38,13 +38,14 @@ public:
     }
 
     // The former sink is not being called any more when this returns: its library may be unloaded.
-    void SetSink(RegistryReportSink sink) {
+    RegistryReportSink SetSink(RegistryReportSink sink) {
         {
             std::unique_lock guard(m_mutex);
             m_delivered.wait(guard, [this] { return !m_is_delivering; });
-            m_sink = sink;
+            std::swap(m_sink, sink);
         }
         Deliver();
+        return sink;
     }
 
 private:
@@ -72,8 +73,8 @@ void DeliverRegistryReports() {
     TheReports().Deliver();
 }
 
-void SetRegistryReportSink(RegistryReportSink sink) {
-    TheReports().SetSink(sink);
+RegistryReportSink SetRegistryReportSink(RegistryReportSink sink) {
+    return TheReports().SetSink(sink);
 }
 
 }  // namespace hx

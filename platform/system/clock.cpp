@@ -16,7 +16,7 @@ int64_t Read(clockid_t clock) {
 class MachineClock final : public IClock {
 public:
     int64_t WallMicroseconds() const override { return Read(CLOCK_REALTIME); }
-    int64_t SteadyMicroseconds() const override { return Read(CLOCK_MONOTONIC); }
+    int64_t SteadyMicroseconds() const override { return Read(CLOCK_BOOTTIME); }
 };
 
 }  // namespace

@@ -11,7 +11,7 @@ class IClock {
 public:
     // Since the beginning of 1970 in UTC. Jumps, backwards too, whenever somebody sets the machine's clock.
     virtual int64_t WallMicroseconds() const = 0;
-    // Since some moment before the program started. Never jumps.
+    // Since some moment before the program started. Never jumps, and goes on while the machine sleeps.
     virtual int64_t SteadyMicroseconds() const = 0;
 
 protected:

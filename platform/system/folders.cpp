@@ -32,15 +32,26 @@ std::optional<fs::path> OfUser(const char* variable, const char* below_home) {
     return home;
 }
 
-std::optional<fs::path> AllUsersData() {
-    constexpr const char* kMachine = "/var/lib";
+constexpr const char* kMachine = "/var/lib";
+
+bool IsWritable(const fs::path& folder) {
+    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+bool IsGiven(const std::optional<std::string>& variable) {
+    return variable && !variable->empty();
+}
+
+std::optional<fs::path> MachineData() {
     const auto given = EnvironmentValue("HX_DATA");
-    if (given && !given->empty()) {
-        std::error_code error;
-        const fs::path folder = fs::absolute(*given, error);
-        return error ? std::nullopt : std::optional(folder);
-    }
-    if (faccessat(AT_FDCWD, kMachine, W_OK | X_OK, AT_EACCESS) == 0) return kMachine;
+    if (!IsGiven(given)) return kMachine;
+    std::error_code error;
+    const fs::path folder = fs::absolute(*given, error);
+    return error ? std::nullopt : std::optional(folder);
+}
+
+std::optional<fs::path> AllUsersData() {
+    if (IsGiven(EnvironmentValue("HX_DATA")) || IsWritable(kMachine)) return MachineData();
     return OfUser("XDG_STATE_HOME", ".local/state");
 }
 
@@ -64,6 +75,7 @@ constexpr FolderRow kFolders[] = {
 HRESULT AsText(const fs::path& found, std::wstring& path) {
     auto text = FromUtf8(found.lexically_normal().native());
     if (!text) return E_FAIL;
+    if (text->size() > 1 && EndsWithSeparator(*text)) text->pop_back();
     path = std::move(*text);
     return S_OK;
 }
@@ -79,10 +91,22 @@ HRESULT FindSpecialFolder(SpecialFolder folder, std::wstring& path) {
     return E_INVALIDARG;
 }
 
+HRESULT FindMachineData(std::wstring& path) {
+    const auto found = MachineData();
+    return found ? AsText(*found, path) : E_FAIL;
+}
+
 HRESULT FindTemporaryFolder(std::wstring& path) {
     std::error_code error;
     const fs::path found = fs::temp_directory_path(error);
     return error ? E_FAIL : AsText(found, path);
+}
+
+bool MayWriteIn(const fs::path& folder) {
+    fs::path there = folder;
+    std::error_code error;
+    while (!fs::exists(there, error) && there.has_relative_path()) there = there.parent_path();
+    return IsWritable(there);
 }
 
 FileError MakeFolder(const fs::path& folder) {

@@ -20,12 +20,21 @@ enum class SpecialFolder : uint32_t {
     kCommonFiles32 = 0x2C,
 };
 
-// Absolute; it need not exist. On failure `path` is unchanged: E_INVALIDARG for an unknown folder, E_FAIL if
-// the user has no home or its name is no text.
+// Absolute, without a separator at the end unless it is the system's root; it need not exist. On failure
+// `path` is unchanged: E_INVALIDARG for an unknown folder, E_FAIL if the user has no home or its name is no
+// text.
 HX_PLATFORM_API HRESULT FindSpecialFolder(SpecialFolder folder, std::wstring& path);
 
-// TMPDIR or /tmp; it exists. On failure `path` is unchanged.
+// kAllUsersData as the machine has it, whoever asks: HX_DATA or /var/lib, though this process may be unable
+// to write there. Fails as FindSpecialFolder does.
+HX_PLATFORM_API HRESULT FindMachineData(std::wstring& path);
+
+// The first that is set of TMPDIR, TMP, TEMP and TEMPDIR, else /tmp; E_FAIL if that is no folder. Ends as
+// those above do. On failure `path` is unchanged.
 HX_PLATFORM_API HRESULT FindTemporaryFolder(std::wstring& path);
+
+// Whether this process may make files in the folder, which it may have to make first.
+HX_PLATFORM_API bool MayWriteIn(const std::filesystem::path& folder);
 
 // Makes the folder, and those above it, unless they are there.
 HX_PLATFORM_API FileError MakeFolder(const std::filesystem::path& folder);

@@ -19,6 +19,10 @@ protected:
 };
 
 const std::string kHeader = "*** Module version M 1\n*** Module M started on 31-01-2024 at 23:59:59\n";
+const std::string kFullHeader =
+    "*** Module version M\n*** Windows version W\n*** Architecture A\n*** Module M started\n";
+const std::string kFullHeaderJson =
+    ",\"*** Module version M\",\"*** Windows version W\",\"*** Architecture A\",\"*** Module M started\"";
 const std::string kRecord =
     "31-01-2024 at 23:59:59\n\t[Level]\t\t=\tError\n\t[File]\t\t=\tF\n\t[Line]\t\t=\t7\n"
     "\t[Location]\t=\tC::M\n\t[Message]\t=\tone\n\ntwo \xC3\xA4\n";
@@ -58,6 +62,23 @@ TEST_F(LogCommand, ShowsTheLogThatTheLibraryWrote) {
     EXPECT_EQ(fnmatch(header, answer.out.c_str(), 0), 0) << answer.out;
 }
 
+TEST_F(LogCommand, ADamagedStoreIsToldAndLoggedOnce) {
+    std::filesystem::create_directory(m_folder / "registry");
+    Write("registry/machine.registry", "no store at all");
+    const std::string reason = "The registry's store " + (m_folder / "registry/machine.registry").string();
+    const Answer answer = Run("settings new --type 257");
+    EXPECT_EQ(answer.exit, 0);
+    const std::string log = Run("log").out;
+    const size_t at = log.find(reason);
+    EXPECT_NE(at, std::string::npos) << log;
+    EXPECT_EQ(log.find(reason, at + 1), std::string::npos) << log;
+    EXPECT_TRUE(answer.err.starts_with("hxctl: " + reason)) << answer.err;
+    // Without the library, too; and the log that is shown has it.
+    Write("registry/machine.registry", "no store at all");
+    std::filesystem::remove_all(m_folder / "data");
+    EXPECT_NE(Run("log").out.find(reason), std::string::npos);
+}
+
 TEST_F(LogCommand, GivesRecordsAsJson) {
     const std::string name = (m_folder / m_logs / "HXScannerCtrls_20240131_235959.log").string();
     const std::string start = "{\"file\":\"" + name + "\",";
@@ -73,6 +94,9 @@ TEST_F(LogCommand, GivesRecordsAsJson) {
     const LogRow rows[] = {
         {"", start + "\"header\":[],\"records\":[]}\n"},
         {kHeader + kRecord + kRecord, start + header + "\"records\":[" + record + "," + record + "]}\n"},
+        {kHeader + kRecord + "*** no header\n" + kFullHeader + kRecord,
+         start + header.substr(0, header.size() - 2) + kFullHeaderJson + "],\"records\":[" +
+             record.substr(0, record.size() - 2) + "\\n*** no header\"}," + record + "]}\n"},
         {"cut off\n" + kRecord + "31-01-2024 at 23:59:59\n\t[Level]\t\t=\tErr\xFF",
          start + "\"header\":[],\"records\":[" + record +
              ",{\"time\":\"31-01-2024 at 23:59:59\",\"level\":\"Err\xEF\xBF\xBD\"}]}\n"},
@@ -112,6 +136,7 @@ TEST_F(LogCommand, WritesTheEventsOfASession) {
         {"log --events events", "", 0, "10 events in events\n", ""},
         {"log --events events --json", "", 0, "{\"file\":\"events\",\"events\":10}\n", ""},
         {"log --events missing/events", "", 1, "", "hxctl: missing/events: the events cannot be written\n"},
+        {"log --events ''", "", 2, "", "hxctl: --events needs the name of a file\n"},
         {"log --events data", "", 1, "", "hxctl: data: the events cannot be written\n"},
     });
     const std::string events = Read("events");

@@ -47,6 +47,8 @@ TEST(Machine, DataLieWhereTheProcessMayWrite) {
     constexpr SpecialFolder kUser = SpecialFolder::kUserData;
     ExpectFolder({{"HX_DATA", "/data"}, {"XDG_STATE_HOME", "/state"}}, kAllUsers, L"/data");
     ExpectFolder({{"HX_DATA", "/a//b/../c"}}, kAllUsers, L"/a/c");
+    ExpectFolder({{"HX_DATA", "/data/"}}, kAllUsers, L"/data");
+    ExpectFolder({{"HX_DATA", "/"}}, kAllUsers, L"/");
     ExpectFolder({{"HX_DATA", ""}, {"XDG_STATE_HOME", "/state"}, {"HOME", "/me"}}, kAllUsers, L"/state");
     ExpectFolder({{"XDG_STATE_HOME", "relative"}, {"HOME", "/me"}}, kAllUsers, L"/me/.local/state");
     ExpectFolder({{"HX_DATA", "/data"}, {"XDG_DATA_HOME", "/mine"}}, kUser, L"/mine");

@@ -3,6 +3,7 @@
 
 #include "core/errors/MErrorCom.h"
 #include "core/errors/MErrorLocation.h"
+#include "core/log/MKLoggerAdapter.h"
 #include "core/log/MModuleDiagnostics.h"
 #include "core/messages/MDiagnosticsAtl.h"
 #include "tests/core/log/log_fixture.h"
@@ -24,6 +25,8 @@ protected:
     Diagnostics() { Configure({{L"ClearLogFileUponStart", 0u}}); }
     ~Diagnostics() override { unsetenv("HX_EVENTS"); }
 
+    static hx::ModuleVersion Version() { return {L"Product", L"4.0"}; }
+
     // The lines of events, without thread and time.
     static std::vector<std::string> EventLines(const std::string& dump) {
         std::vector<std::string> lines;
@@ -34,14 +37,14 @@ protected:
         return lines;
     }
     static std::vector<std::string> EventLines(const hx::MModuleDiagnostics& diagnostics) {
-        return EventLines(hx::ToUtf8(diagnostics.Events().DumpText()));
+        return EventLines(hx::ToUtf8(diagnostics.Events()->DumpText()));
     }
 };
 
 TEST_F(Diagnostics, EveryReportIsAnEvent) {
     static MErrorLocation location("Class", "Method");  // entered while nobody listens
     location.Set(reinterpret_cast<const void*>(16), 7);
-    const hx::MModuleDiagnostics diagnostics(L"Mod", hx::kLoggingKeyPath, m_module);
+    const hx::MModuleDiagnostics diagnostics(L"Mod", hx::kLoggingKeyPath, &Version);
     static const MErrorLocation entered("Class", "Other");
     hx::MakeError(location, L"Root");
     hx::MakeCascadeError(entered, L"Cascade");
@@ -73,7 +76,7 @@ TEST_F(Diagnostics, EveryReportIsAnEvent) {
 TEST_F(Diagnostics, AnExceptionAtAnEntryPointIsLogged) {
     static MErrorLocation location("Class", "Method");
     location.Set(reinterpret_cast<const void*>(0xAB), 34);
-    const hx::MModuleDiagnostics diagnostics(L"Mod", hx::kLoggingKeyPath, m_module);
+    const hx::MModuleDiagnostics diagnostics(L"Mod", hx::kLoggingKeyPath, &Version);
     hx::DiagnosticsRegistry().OnException(location, Chain(), 3);
     EXPECT_TRUE(
         Contains(Text("Mod.log"),
@@ -108,7 +111,7 @@ TEST_F(Diagnostics, AModulesEndTakesAllBackAndDumpsWhereItIsAsked) {
         SCOPED_TRACE(row.what);
         if (row.variable) setenv("HX_EVENTS", row.variable->c_str(), 1);
         {
-            const hx::MModuleDiagnostics diagnostics(L"Mod", hx::kLoggingKeyPath, m_module);
+            const hx::MModuleDiagnostics diagnostics(L"Mod", hx::kLoggingKeyPath, &Version);
             EXPECT_TRUE(hx::ModuleLogger().Writes(hx::MLogSeverity::kError));
         }
         EXPECT_FALSE(hx::ModuleLogger().Writes(hx::MLogSeverity::kError));
@@ -124,10 +127,20 @@ TEST_F(Diagnostics, AModulesEndTakesAllBackAndDumpsWhereItIsAsked) {
     EXPECT_EQ(Files(), (std::vector<std::string>{"DebugDump.log", "Mod.log"}));
 }
 
+TEST_F(Diagnostics, AModulesEndLeavesWhatAnotherHasInstalled) {
+    std::optional<hx::MModuleDiagnostics> first(std::in_place, L"Mod", hx::kLoggingKeyPath, &Version);
+    const hx::MModuleDiagnostics second(L"Mod", hx::kLoggingKeyPath, &Version);
+    first.reset();
+    EXPECT_TRUE(hx::ModuleLogger().Writes(hx::MLogSeverity::kError));
+    static const MErrorLocation location("Class", "Later");
+    hx::MakeError(location, L"Root");
+    EXPECT_EQ(EventLines(second).back(), "% Root_error in_class Class to state_Root at Later");
+}
+
 TEST_F(Diagnostics, ThreadsReportAtTheSameTime) {
     constexpr int kThreads = 4;
     constexpr int kErrors = 300;
-    const hx::MModuleDiagnostics diagnostics(L"Mod", hx::kLoggingKeyPath, m_module);
+    const hx::MModuleDiagnostics diagnostics(L"Mod", hx::kLoggingKeyPath, &Version);
     std::vector<std::thread> threads;
     for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([i] {
@@ -145,7 +158,7 @@ TEST_F(Diagnostics, ThreadsReportAtTheSameTime) {
             }
         });
     }
-    (void)diagnostics.Events().DumpText();
+    (void)diagnostics.Events()->DumpText();
     for (std::thread& thread : threads) thread.join();
     const std::vector<std::string> lines = EventLines(diagnostics);
     EXPECT_EQ(lines.size(), 1u + kThreads * kErrors * 4);

@@ -1,5 +1,9 @@
 // The files of a log: where they are, what a start does to them, and what happens if they cannot be written.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include "core/errors/MErrorLocation.h"
+#include "platform/system/folders.h"
 #include "tests/core/log/log_fixture.h"
 
 namespace {
@@ -132,6 +136,51 @@ TEST_F(LoggerFiler, TheDefaultFolderIsMadeAlsoOnceItIsConfigured) {
     std::filesystem::remove_all(LogFolder());
     StartAndLog(L"x");
     EXPECT_EQ(Files(), Names{"Mod_20240131_235959.log"});
+}
+
+TEST_F(LoggerFiler, ARelativeFolderIsTheOneAtTheStart) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    for (const char* folder : {"logs", "other/logs"})
+        std::filesystem::create_directories(m_folder.path() / folder);
+    Configure({{L"ClearLogFileUponStart", 0u}, {L"LogOutputFolder", L"logs"}});
+    std::filesystem::current_path(m_folder.path());
+    hx::MLogger& logger = Start();
+    std::filesystem::current_path(m_folder.path() / "other");
+    LogError(logger, L"later");
+    std::filesystem::current_path(before);
+    std::string bytes;
+    hx::ReadFile(m_folder.path() / "logs/Mod.log", bytes);
+    EXPECT_TRUE(Contains(bytes, "later"));
+    EXPECT_FALSE(std::filesystem::exists(m_folder.path() / "other/logs/Mod.log"));
+}
+
+// Ends the process with 0 if it logs in its user's folder and leaves the configuration as it is.
+TEST_F(LoggerFiler, AUserWhoCannotWriteToTheMachinesFolderHasOneOfHisOwn) {
+    constexpr uid_t kNobody = 65534;
+    const std::wstring machine = L"/var/lib/Orvel/Logs/";
+    const auto runs_as_operator = [&](const Values& values) {
+        if (getuid() == 0 && setresuid(kNobody, kNobody, kNobody) != 0) return 3;
+        unsetenv("HX_DATA");
+        setenv("XDG_STATE_HOME", m_folder.path().c_str(), 1);
+        if (hx::MayWriteIn(hx::ToUtf8(machine))) return 2;
+        Configure(values);
+        StartAndLog(L"mine");
+        return Contains(Text("Mod_20240131_235959.log"), "mine") &&
+                       Configured().contains(L"LogOutputFolder") == values.contains(L"LogOutputFolder") &&
+                       (values.empty() || Configured()[L"LogOutputFolder"] == hx::RegistryValue(machine))
+                   ? 0
+                   : 1;
+    };
+    std::filesystem::permissions(m_folder.path(), std::filesystem::perms::all);
+    for (const Values& values : {Values{}, Values{{L"LogOutputFolder", machine}}}) {
+        std::filesystem::remove_all(m_folder.path() / "Orvel");
+        const pid_t child = fork();
+        if (child == 0) _exit(runs_as_operator(values));
+        int status = -1;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        if (WIFEXITED(status) && WEXITSTATUS(status) == 2) GTEST_SKIP() << "this machine is everybody's";
+        EXPECT_EQ(status, 0) << values.size();
+    }
 }
 
 class NoFolders final : public hx::MSpecialFolderImplementation {

@@ -107,6 +107,18 @@ TEST_F(Logger, WritesBackExactlyWhatItReadAndDidNotFind) {
           {L"LogOutputFolder", folder},
           {L"ClearLogFileUponStart", 0u}},
          true},
+        {"values of another type",
+         {{L"LogAllModules", L"no"},
+          {L"LoggingDevice", 7u},
+          {L"Severity", L"3"},
+          {L"LogsMaxBeforeRoll", L""}},
+         {{L"LogAllModules", L"no"},
+          {L"LoggingDevice", 7u},
+          {L"Severity", L"3"},
+          {L"LogOutputFolder", folder},
+          {L"ClearLogFileUponStart", 2u},
+          {L"LogsMaxBeforeRoll", L""}},
+         true},
         {"another device",
          {{L"LoggingDevice", L"logfile"}},
          {{L"LogAllModules", yes}, {L"LoggingDevice", L"logfile"}, {L"Severity", 0u}},
@@ -126,38 +138,76 @@ TEST_F(Logger, WritesBackExactlyWhatItReadAndDidNotFind) {
     }
 }
 
-// Refuses every change, as the machine's store does for most users.
-class ReadOnlyRegistry final : public hx::IRegistry {
+// Answers to every question and to every change the same, and counts them.
+class FailingRegistry final : public hx::IRegistry {
+public:
+    FailingRegistry(hx::RegistryResult question, hx::RegistryResult change)
+        : m_question(question), m_change(change) {}
+    int questions = 0;
+    int changes = 0;
+
+private:
     hx::RegistryResult OpenKey(hx::RegistryRoot, std::wstring_view, hx::RegistryAccess) override {
-        return hx::RegistryResult::kNotFound;
+        return Question();
     }
-    hx::RegistryResult CreateKey(hx::RegistryRoot, std::wstring_view) override { return kRefused; }
-    hx::RegistryResult DeleteKey(hx::RegistryRoot, std::wstring_view) override { return kRefused; }
+    hx::RegistryResult CreateKey(hx::RegistryRoot, std::wstring_view) override { return Change(); }
+    hx::RegistryResult DeleteKey(hx::RegistryRoot, std::wstring_view) override { return Change(); }
     hx::RegistryResult QueryValue(hx::RegistryRoot, std::wstring_view, std::wstring_view,
                                   hx::RegistryValue&) override {
-        return hx::RegistryResult::kNotFound;
+        return Question();
     }
     hx::RegistryResult SetValue(hx::RegistryRoot, std::wstring_view, std::wstring_view,
                                 const hx::RegistryValue&) override {
-        return kRefused;
+        return Change();
     }
     hx::RegistryResult DeleteValue(hx::RegistryRoot, std::wstring_view, std::wstring_view) override {
-        return kRefused;
+        return Change();
     }
     hx::RegistryResult ListKeys(hx::RegistryRoot, std::wstring_view, std::vector<std::wstring>&) override {
-        return kRefused;
+        return Question();
     }
     hx::RegistryResult ListValues(hx::RegistryRoot, std::wstring_view,
                                   std::vector<hx::NamedRegistryValue>&) override {
-        return kRefused;
+        return Question();
     }
-    static constexpr hx::RegistryResult kRefused = hx::RegistryResult::kAccessDenied;
+    hx::RegistryResult Question() {
+        ++questions;
+        return m_question;
+    }
+    hx::RegistryResult Change() {
+        ++changes;
+        return m_change;
+    }
+
+    const hx::RegistryResult m_question;
+    const hx::RegistryResult m_change;
 };
 
-TEST_F(Logger, LogsWithDefaultsWhereNothingCanBeWrittenBack) {
-    hx::SetRegistry(std::make_shared<ReadOnlyRegistry>());
-    LogError(Start(), L"all the same");
-    EXPECT_TRUE(Contains(Text("Mod_20240131_235959.log"), "all the same"));
+// Each question and each change may take as long as the store's patience.
+TEST_F(Logger, LogsWithDefaultsAndAsksNoMoreWhereTheRegistryFails) {
+    using hx::RegistryResult;
+    struct Row {
+        RegistryResult question, change;
+        int questions, changes;
+    };
+    const Row rows[] = {
+        {RegistryResult::kNotFound, RegistryResult::kAccessDenied, 6, 1},  // as for most users
+        {RegistryResult::kNotFound, RegistryResult::kBusy, 1, 1},
+        {RegistryResult::kBusy, RegistryResult::kDone, 1, 0},
+        {RegistryResult::kIoFailed, RegistryResult::kDone, 1, 0},
+        {RegistryResult::kAccessDenied, RegistryResult::kDone, 1, 0},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::Message()
+                     << static_cast<uint32_t>(row.question) << ", " << static_cast<uint32_t>(row.change));
+        std::filesystem::remove_all(LogFolder());
+        const auto registry = std::make_shared<FailingRegistry>(row.question, row.change);
+        hx::SetRegistry(registry);
+        LogError(Start(), L"all the same");
+        EXPECT_TRUE(Contains(Text("Mod_20240131_235959.log"), "all the same"));
+        EXPECT_EQ(registry->questions, row.questions);
+        EXPECT_EQ(registry->changes, row.changes);
+    }
 }
 
 TEST_F(Logger, NeverRaises) {

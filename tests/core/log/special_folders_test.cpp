@@ -34,7 +34,7 @@ TEST_F(SpecialFolderNames, AreJoinedWithExactlyOneSeparator) {
             std::wstring expected;
         };
         const Row rows[] = {
-            {folders.GetAllUsersApplicationDataFolder(), data + end},
+            {folders.GetAllUsersApplicationDataFolder(), data},
             {folders.GetUserApplicationDataFolder(), L"/home/me/data"},
             {folders.GetProgramFilesFolder(), L"/opt"},
             {folders.GetProgramFilesSubfolder(L"Orvel/X"), L"/opt/Orvel/X/"},
