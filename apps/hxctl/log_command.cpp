@@ -100,7 +100,7 @@ Outcome RunLog(const LogRequest& request, bool json) {
     if (!module) return {kUsage, {}, "the module's name is no UTF-8"};
     LogReader reader(*module);
     // Following may never return, and what was found in the configuration's store is part of the log.
-    LogRegistryReports();
+    TellRegistryReports();
     const auto newest = reader.Newest();
     if (!newest) {
         return Refused("no log of module " + request.module + " in the folder \"" +

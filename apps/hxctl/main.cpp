@@ -148,9 +148,8 @@ int main(int argc, char** argv) {
         return hxctl::kUsage;
     }
     try {
-        hxctl::ListenForRegistryReports();
         const Outcome outcome = commands.Run();
-        hxctl::LogRegistryReports();
+        hxctl::TellRegistryReports();
         std::cout << outcome.output << std::flush;
         if (!outcome.reason.empty()) std::cerr << "hxctl: " << outcome.reason << '\n';
         if (std::cout) return outcome.exit;

@@ -1,7 +1,6 @@
 #include "apps/hxctl/registry_reports.h"
 
 #include <iostream>
-#include <mutex>
 #include <vector>
 
 #include "core/log/ModuleLogger.h"
@@ -12,23 +11,12 @@
 namespace hxctl {
 namespace {
 
-struct Reports {
-    std::mutex mutex;
-    std::vector<hx::RegistryReport> reports;
-};
-
-// Never destroyed: the registry is still used while the process exits.
-Reports& Unlogged() {
-    static Reports& unlogged = *new Reports;
-    return unlogged;
-}
+std::vector<hx::RegistryReport> g_reports;
 
 // Must not use the registry, which the log's configuration is in.
-void Tell(const hx::RegistryReport& report) {
+void Collect(const hx::RegistryReport& report) {
     try {
-        std::cerr << "hxctl: " << hx::ToUtf8(hx::RegistryReportText(report)) << '\n';
-        const std::lock_guard guard(Unlogged().mutex);
-        Unlogged().reports.push_back(report);
+        g_reports.push_back(report);
     } catch (...) {
         // Without memory the report is lost.
     }
@@ -36,19 +24,16 @@ void Tell(const hx::RegistryReport& report) {
 
 }  // namespace
 
-void ListenForRegistryReports() {
-    hx::SetRegistryReportSink(&Tell);
-}
-
-void LogRegistryReports() {
-    std::vector<hx::RegistryReport> reports;
-    {
-        const std::lock_guard guard(Unlogged().mutex);
-        reports.swap(Unlogged().reports);
-    }
-    if (reports.empty()) return;
+void TellRegistryReports() {
+    // Told at once is what nobody was there to hear.
+    hx::SetRegistryReportSink(hx::SetRegistryReportSink(&Collect));
+    if (g_reports.empty()) return;
     hx::MLogger logger(L"HXScannerCtrls", hx::kLoggingKeyPath, hx::ThisModuleVersion());
-    for (const hx::RegistryReport& report : reports) hx::LogRegistryReport(report, logger);
+    for (const hx::RegistryReport& report : g_reports) {
+        std::cerr << "hxctl: " << hx::ToUtf8(hx::RegistryReportText(report)) << '\n';
+        hx::LogRegistryReport(report, logger);
+    }
+    g_reports.clear();
 }
 
 }  // namespace hxctl
