@@ -33,7 +33,7 @@ public:
     // one that cannot be read now, is somebody's all the same.
     template <class T>
     T Get(std::wstring_view name, const T& fallback) {
-        const T value = GetUnlessMissing(name, fallback);
+        T value = GetUnlessMissing(name, fallback);
         if (m_is_usable && m_missing == Missing::kWriteBack &&
             m_in.LastResult() == RegistryResult::kNotFound && !m_out.Write(name, fallback)) {
             m_missing = Missing::kLeave;

@@ -37,8 +37,8 @@ public:
     }
 
 private:
-    void Configure(std::wstring_view module_name, std::wstring_view key_path,
-                   const ModuleVersion& module, const MSpecialFolderImplementation& folders);
+    void Configure(std::wstring_view module_name, std::wstring_view key_path, const ModuleVersion& module,
+                   const MSpecialFolderImplementation& folders);
     void WriteRecord(const MLogRecord& record) noexcept;
     // With m_critical_section held.
     std::wstring_view TimeText();

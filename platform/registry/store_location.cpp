@@ -21,7 +21,7 @@ std::filesystem::path PathFromEnvironment(const char* name) {
 }
 
 std::filesystem::path Home() {
-    const std::filesystem::path home = PathFromEnvironment("HOME");
+    std::filesystem::path home = PathFromEnvironment("HOME");
     if (home.is_absolute()) return home;
     std::vector<char> buffer(16384);
     passwd entry{};
