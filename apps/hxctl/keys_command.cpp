@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "apps/hxctl/command.h"
-#include "core/filer/RegistryType.h"
+#include "core/filer/IOutFilerTaggedRegistry.h"
 #include "core/keys/MRegistryKeyLib.h"
 #include "platform/system/utf8.h"
 
@@ -120,17 +120,14 @@ std::string Line(std::initializer_list<std::string> cells) {
 }
 
 // Why the store did not take a value: the element does not say, so the store is asked to take it once more.
-std::string WhyNotWritten(const RegistryKeyRow& row, const hx::RegistryValue& value) {
-    const auto root = RootOf(row);
+template <class T>
+std::string WhyNotWritten(const RegistryKeyRow& row, const T& value) {
     hx::RegistryResult result = hx::RegistryResult::kInvalid;
-    if (root) {
-        std::wstring path = L"Software\\";
-        if ((row.flags & kView32) != 0 && *root == hx::RegistryRoot::kLocalMachine) path += L"Wow6432Node\\";
-        path.append(kOrvel).append(L"\\").append(row.place.path);
-        result = hx::Registry()->CreateKey(*root, path);
-        if (result == hx::RegistryResult::kDone) {
-            result = hx::Registry()->SetValue(*root, path, row.value_name, value);
-        }
+    if (const auto root = RootOf(row)) {
+        hx::IOutFilerTaggedRegistry filer(row.place.path, (row.flags & kView32) != 0);
+        filer.SetRoot(*root);
+        filer.Write(row.value_name, value);
+        result = filer.LastResult();
     }
     switch (result) {
         case hx::RegistryResult::kAccessDenied:
@@ -208,8 +205,7 @@ Outcome RunKeysSet(uint32_t id, const std::string& text, bool json) {
             return Refused(name + " takes " + Kind<T>::kAccepts + ", not \"" + text + "\"");
         }
         if (!key.Set(value)) {
-            return Refused(name +
-                           " is not written: " + WhyNotWritten(row, hx::RegistryType<T>::Store(value)));
+            return Refused(name + " is not written: " + WhyNotWritten(row, value));
         }
         const std::string written = hx::ToUtf8(FullPath(row, kOrvel));
         const std::string read = hx::ToUtf8(key.GetFullPath());
