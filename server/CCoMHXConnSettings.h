@@ -6,7 +6,7 @@
 #include "hxapi/IXmlBstrSerializable.h"
 #include "platform/com/class_table.h"
 #include "platform/com/implements.h"
-#include "settings/MHXConnectionSettings.h"
+#include "settings/connection/MHXConnectionSettings.h"
 
 namespace hx {
 

@@ -1,75 +1,57 @@
-// hxctl inspect: reads one record from a document and shows every field of it. One row per record class.
-#include <algorithm>
-#include <iterator>
-#include <nlohmann/json.hpp>
-
+// hxctl inspect: reads one record from a document and shows every field of it.
 #include "apps/hxctl/command.h"
+#include "apps/hxctl/record_json.h"
 #include "core/errors/MException.h"
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/MOutFilerTaggedXml.h"
-#include "core/filer/TaggedXml.h"
 #include "platform/system/utf8.h"
-#include "settings/MHXConnectionSettings.h"
+#include "settings/inventory/RecordInventory.h"
 
 namespace hxctl {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 struct Inspection {
     bool read = false;
     Json fields;
-    Json valid = Json::array();  // names of the fields whose validity flag is set
+    Json valid;
     std::wstring error_codes;
     std::wstring rewritten;
 };
 
-Json FieldsOf(const hx::MHXConnectionSettings& record) {
-    return {{"ServerIP", hx::ToUtf8(record.ServerIP)},
-            {"IsProxy", record.IsProxy},
-            {"WiFiConnection", record.WiFiConnection}};
-}
-
-template <class Record>
-bool ReadRecord(std::wstring text, std::wstring_view element, const Record& defaults, Record& record) {
-    hx::MInFilerTaggedXml reader(std::move(text), hx::kTaggedXmlRoot);
+bool ReadRecord(std::wstring text, const hx::InventoryRow& row, std::wstring_view element, void* record,
+                const void* defaults) {
+    hx::MInFilerTaggedXml reader(std::move(text), row.root);
     hx::MFilerTaggedPair filer(reader);
-    return record.ReadTagged(filer, element, defaults);
+    return row.type->read(record, filer, element, defaults);
 }
 
-template <class Record>
-Inspection Inspect(std::wstring text, std::wstring_view element, const std::wstring* defaults_text) {
+Inspection Inspect(std::wstring text, const hx::InventoryRow& row, std::wstring_view element,
+                   const std::wstring* defaults_text) {
     Inspection inspection;
-    Record record;
+    const auto record = row.type->make();
     try {
-        Record defaults;
-        if (defaults_text != nullptr) ReadRecord(*defaults_text, element, Record(), defaults);
-        inspection.read = ReadRecord(std::move(text), element, defaults, record);
+        const auto defaults = row.type->make();
+        if (defaults_text != nullptr) {
+            ReadRecord(*defaults_text, row, element, defaults.get(), row.type->make().get());
+        }
+        inspection.read = ReadRecord(std::move(text), row, element, record.get(), defaults.get());
     } catch (const hx::MException& exception) {
         inspection.error_codes = hx::ErrorCodesText(exception);
     }
-    inspection.fields = FieldsOf(record);
-    hx::MOutFilerTaggedXml writer(hx::kTaggedXmlRoot);
+    inspection.fields = FieldsOf(*row.type, record.get());
+    inspection.valid = ValidFieldsOf(*row.type, record.get());
+    hx::MOutFilerTaggedXml writer(row.root);
     hx::MFilerTaggedPair filer(writer);
-    if (record.WriteTagged(filer, element)) inspection.rewritten = writer.TakeText();
+    if (row.type->write(record.get(), filer, element)) inspection.rewritten = writer.TakeText();
     return inspection;
 }
-
-struct RecordRow {
-    std::string_view name;
-    std::wstring_view element;
-    Inspection (*inspect)(std::wstring text, std::wstring_view element, const std::wstring* defaults_text);
-};
-
-constexpr RecordRow kRecords[] = {
-    {"MHXConnectionSettings", hx::MHXConnectionSettings::kElement, &Inspect<hx::MHXConnectionSettings>},
-};
 
 }  // namespace
 
 Outcome RunInspect(const InspectRequest& request, bool json) {
-    const auto* const row = std::ranges::find(kRecords, request.record, &RecordRow::name);
-    if (row == std::end(kRecords)) return {kUsage, {}, "no record class \"" + request.record + "\""};
+    const auto class_name = hx::FromUtf8(request.record);
+    const hx::InventoryRow* const row = class_name ? hx::FindRecordClass(*class_name) : nullptr;
+    if (row == nullptr) return {kUsage, {}, "no record class \"" + request.record + "\""};
     const auto element = request.element.empty() ? std::wstring(row->element) : hx::FromUtf8(request.element);
     if (!element) return {kUsage, {}, "the element's name is no UTF-8"};
     std::string reason;
@@ -81,7 +63,7 @@ Outcome RunInspect(const InspectRequest& request, bool json) {
         if (!defaults) return Refused(reason);
     }
 
-    const Inspection inspection = row->inspect(std::move(*text), *element, defaults ? &*defaults : nullptr);
+    const Inspection inspection = Inspect(std::move(*text), *row, *element, defaults ? &*defaults : nullptr);
     Outcome outcome;
     if (!inspection.read) outcome = Refused(request.file + ": not read as " + request.record);
     Json answer = {{"read", inspection.read},

@@ -2,6 +2,7 @@
 
 #include <atomic>
 
+#include "core/errors/MRegisteredClasses.h"
 #include "platform/system/never_destroyed.h"
 
 namespace hx {
@@ -9,6 +10,7 @@ namespace {
 
 class Nobody final : public MDiagnosticsRegistryImplementation {
 public:
+    void OnClass(const char*) override {}
     void OnLocation(const char*, const char*) override {}
     void OnRootError(const MErrorLocation&, std::wstring_view) override {}
     void OnCascadeError(const MErrorLocation&, std::wstring_view) override {}
@@ -31,7 +33,9 @@ MDiagnosticsRegistryImplementation& DiagnosticsRegistry() {
 }
 
 MDiagnosticsRegistryImplementation* SetDiagnosticsRegistry(MDiagnosticsRegistryImplementation* registry) {
-    return Installed().exchange(registry);
+    MDiagnosticsRegistryImplementation* const before = Installed().exchange(registry);
+    if (registry != nullptr) MRegisteredClasses::TellAll(*registry);
+    return before;
 }
 
 }  // namespace hx

@@ -16,6 +16,8 @@ class MDiagnosticsRegistryImplementation {
 public:
     virtual ~MDiagnosticsRegistryImplementation() = default;
 
+    // There is a class of this name; told again for each source that tells of it.
+    virtual void OnClass(const char* class_name) = 0;
     // A method that can raise errors was entered into the program's list of them.
     virtual void OnLocation(const char* class_name, const char* method_name) = 0;
     // A new error; one raised while another is handled; one caught and not passed on.
@@ -32,8 +34,8 @@ public:
 // The one that listens.
 MDiagnosticsRegistryImplementation& DiagnosticsRegistry();
 
-// Installs `registry`, which the caller keeps alive until it is replaced; null: nobody listens. Gives the one
-// installed before, null likewise.
+// Installs `registry`, which the caller keeps alive until it is replaced, and tells it of the classes known
+// so far; null: nobody listens. Gives the one installed before, null likewise.
 MDiagnosticsRegistryImplementation* SetDiagnosticsRegistry(MDiagnosticsRegistryImplementation* registry);
 
 }  // namespace hx

@@ -15,6 +15,10 @@ std::wstring_view CodeOf(const MException& exception) {
 
 }  // namespace
 
+void MKLoggerAdapter::OnClass(const char* class_name) {
+    m_events.AddNames(class_name, nullptr);
+}
+
 void MKLoggerAdapter::OnLocation(const char* class_name, const char* method_name) {
     m_events.AddNames(class_name, method_name);
 }

@@ -13,6 +13,7 @@ public:
     // `events` outlives the adapter.
     explicit MKLoggerAdapter(KLogger& events) : m_events(events) {}
 
+    void OnClass(const char* class_name) override;
     void OnLocation(const char* class_name, const char* method_name) override;
     void OnRootError(const MErrorLocation& location, std::wstring_view error_name) override;
     void OnCascadeError(const MErrorLocation& location, std::wstring_view error_name) override;

@@ -133,6 +133,7 @@ public:
     using At = const hx::MErrorLocation&;
     Listener() { hx::SetDiagnosticsRegistry(this); }
     ~Listener() override { EXPECT_EQ(hx::SetDiagnosticsRegistry(nullptr), this); }
+    void OnClass(const char*) override {}
     void OnLocation(const char* class_name, const char* method_name) override {
         Note(L"location", hx::ErrorCode(class_name, method_name, L""));
     }

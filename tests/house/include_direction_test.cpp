@@ -116,10 +116,12 @@ TEST(House, OnlyThePlatformKnowsTheSystem) {
 
 // A forbidden arrow is found, so that the rules above cannot pass by finding nothing.
 TEST(House, AnArrowThatRunsUpIsSeen) {
-    EXPECT_FALSE(MayInclude(*RoomOf("core/xml/MXmlDocument.h"), "settings/MHXConnectionSettings.h"));
+    EXPECT_FALSE(
+        MayInclude(*RoomOf("core/xml/MXmlDocument.h"), "settings/connection/MHXConnectionSettings.h"));
     EXPECT_FALSE(MayInclude(*RoomOf("platform/com/bstr.h"), "core/errors/MError.h"));
     EXPECT_FALSE(MayInclude(*RoomOf("apps/hxhost/main.cpp"), "server/CCoMHXConnSettings.h"));
-    EXPECT_TRUE(MayInclude(*RoomOf("server/CCoMHXConnSettings.h"), "settings/MHXConnectionSettings.h"));
+    EXPECT_TRUE(
+        MayInclude(*RoomOf("server/CCoMHXConnSettings.h"), "settings/connection/MHXConnectionSettings.h"));
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include "core/log/MSpecialFolderImplementation.h"
 #include "hxapi/ICoMHXConnSettings.h"
 #include "hxapi/IProfileSettingsFactory.h"
-#include "settings/MHXConnectionSettings.h"
+#include "settings/connection/MHXConnectionSettings.h"
 #include "tests/vtable_slot.h"
 
 namespace {

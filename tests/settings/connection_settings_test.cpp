@@ -1,4 +1,4 @@
-#include "settings/MHXConnectionSettings.h"
+#include "settings/connection/MHXConnectionSettings.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/filer/MFilerTaggedPair.h"
+#include "core/records/RecordType.h"
 
 namespace hx {
 
@@ -14,8 +14,9 @@ public:
     static constexpr std::wstring_view kElement = L"HXConnectionSettings";
     // Written into every record; a newer one is not read.
     static constexpr int32_t kVersion = 2;
-    // The scanner controller's address as it leaves the factory.
-    static constexpr const wchar_t* kDefaultServerIP = L"192.168.178.10";
+    static const RecordType kType;
+
+    MHXConnectionSettings();
 
     // Reads group `tag`. Absent or unreadable, ServerIP is taken from `defaults` and the read fails; IsProxy
     // becomes false, and so does WiFiConnection from version 2 on. Older versions leave WiFiConnection alone,
@@ -24,9 +25,9 @@ public:
                             const MHXConnectionSettings& defaults);
     virtual bool WriteTagged(MFilerTaggedPair& filer, std::wstring_view tag) const;
 
-    std::wstring ServerIP = kDefaultServerIP;  // dotted decimal
-    bool IsProxy = true;
-    bool WiFiConnection = false;
+    std::wstring ServerIP;  // dotted decimal
+    bool IsProxy{};
+    bool WiFiConnection{};
 
 private:
     bool ReadImpTagged(MFilerTaggedPair& filer, const MHXConnectionSettings& defaults);

@@ -1,0 +1,32 @@
+#include "settings/inventory/RecordInventory.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "core/filer/TaggedXml.h"
+#include "settings/connection/MHXConnectionSettings.h"
+#include "settings/measurement/MHXMeasurementSettings.h"
+#include "settings/profile/MLaserProfileSettings.h"
+
+namespace hx {
+namespace {
+
+constexpr InventoryRow kRows[] = {
+    {&MHXConnectionSettings::kType, MHXConnectionSettings::kElement, kTaggedXmlRoot},
+    {&MLaserProfileSettings::kType, L"LaserProfileSettings", kTaggedXmlRoot},
+    {&MHXMeasurementSettings::kType, L"HXMeasurementSettings", kTaggedXmlRoot},
+};
+
+}  // namespace
+
+std::span<const InventoryRow> RecordInventory() {
+    return kRows;
+}
+
+const InventoryRow* FindRecordClass(std::wstring_view name) {
+    const auto* const row =
+        std::ranges::find(kRows, name, [](const InventoryRow& each) { return each.type->name; });
+    return row == std::end(kRows) ? nullptr : row;
+}
+
+}  // namespace hx
