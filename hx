@@ -15,6 +15,7 @@ usage: ./hx COMMAND
   fuzz TARGET [SECONDS]    feeds a target with arbitrary input (600 s if left out); TARGET: xml_document,
                            tagged_reader, tagged_optional_reader, resource_script, chain_document,
                            registry_filers
+  docs                     writes docs/settings_format.md from the tables of the records
   lint                     clang-format and clang-tidy over the whole tree
   ctl ARGS...              runs hxctl
 TEXT
@@ -139,6 +140,18 @@ run_fuzz() {
         -artifact_prefix="build/fuzz/$1-" "build/fuzz/corpus/$1" "fuzz/inputs/$1"
 }
 
+# Written aside and then moved: a build that fails leaves the document as it is.
+run_docs() {
+    need "${TOOLS[@]}" "${LIBRARIES[@]}"
+    configure_without_tests release
+    build release hxctl HXScannerCtrls
+    local written
+    written=$(mktemp docs/settings_format.XXXXXX)
+    hxctl format >"$written" || { rm "$written"; exit 1; }
+    chmod 644 "$written"
+    mv "$written" docs/settings_format.md
+}
+
 run_lint() {
     need "${TOOLS[@]}" "${LIBRARIES[@]}" "${FUZZING[@]}" "${LINTING[@]}"
     git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror
@@ -158,6 +171,7 @@ case "$command" in
         build/bench/bin/hxbench "$@"
         ;;
     fuzz) run_fuzz "$@" ;;
+    docs) run_docs ;;
     lint) run_lint ;;
     ctl)
         need "${TOOLS[@]}" "${LIBRARIES[@]}"

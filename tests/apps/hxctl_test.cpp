@@ -91,34 +91,6 @@ TEST_F(Hxctl, TakesSettingsThroughTheLibrary) {
                                      "\"S_OK\",\"document\":\"<?xml"));
 }
 
-std::string Inspection(const char* read, const std::string& server, const char* proxy, const char* wifi) {
-    return "{\n  \"read\": "s + read + ",\n  \"fields\": {\n    \"ServerIP\": \"" + server +
-           "\",\n    \"IsProxy\": " + proxy + ",\n    \"WiFiConnection\": " + wifi +
-           "\n  },\n  \"valid\": [],\n  \"error\": {\n    \"codes\": \"\"\n  }\n}\n";
-}
-
-TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
-    const std::string no_server =
-        "<MFilerTaggedXml><HXConnectionSettings><IsProxy type='bool'>1</IsProxy>"
-        "</HXConnectionSettings></MFilerTaggedXml>";
-    Write("defaults", Document("other", '0', '1'));
-    Check({
-        {"inspect -", kDefaults, 0, Inspection("true", "192.168.178.10", "true", "false"), ""},
-        {"inspect - --record MHXConnectionSettings", kVersion1, 0,
-         Inspection("true", "\xC3\xA4", "false", "false"), ""},
-        {"inspect -", no_server, 1, Inspection("false", "192.168.178.10", "true", "false"),
-         "hxctl: -: not read as MHXConnectionSettings\n"},
-        {"inspect - --defaults defaults", no_server, 1, Inspection("false", "other", "true", "false"),
-         "hxctl: -: not read as MHXConnectionSettings\n"},
-        {"inspect - --element Other", kDefaults, 1, Inspection("false", "192.168.178.10", "true", "false"),
-         "hxctl: -: not read as MHXConnectionSettings\n"},
-        {"inspect - --rewrite", kVersion1, 0, Document("\xC3\xA4", '0', '0'), ""},
-        {"inspect missing", "", 1, "", "hxctl: missing: No such file or directory\n"},
-        {"inspect - --defaults missing", kDefaults, 1, "", "hxctl: missing: No such file or directory\n"},
-        {"inspect - --record Other", kDefaults, 2, "", "hxctl: no record class \"Other\"\n"},
-    });
-}
-
 TEST_F(Hxctl, TellsWhatAChainSaysToTheUser) {
     const auto error = [](const std::string& code, const std::string& name, const std::string& value) {
         return "<Error><Code type='string'>" + code + "</Code><Parameter><Name type='string'>" + name +
@@ -179,8 +151,9 @@ TEST_F(Hxctl, WrongUseIsToldOnStandardErrorAlone) {
 }
 
 TEST_F(Hxctl, HelpIsEverywhere) {
-    for (const char* command : {"", "xml", "settings", "settings new", "settings check", "settings convert",
-                                "inspect", "exception", "keys", "keys list", "keys get", "keys set", "log"}) {
+    for (const char* command :
+         {"", "xml", "settings", "settings new", "settings check", "settings convert", "inspect", "format",
+          "exception", "keys", "keys list", "keys get", "keys set", "log"}) {
         const Answer answer = Run(command + " --help"s);
         EXPECT_EQ(answer.exit, 0) << command;
         EXPECT_NE(answer.out.find("Usage: hxctl"), std::string::npos) << answer.out;

@@ -1,0 +1,252 @@
+#include "apps/hxctl/record_account.h"
+
+#include <algorithm>
+#include <optional>
+#include <type_traits>
+
+#include "core/filer/TaggedType.h"
+#include "core/records/ListType.h"
+#include "core/records/RecordFields.h"
+#include "platform/system/utf8.h"
+#include "settings/inventory/FieldShape.h"
+
+namespace hxctl {
+namespace {
+
+std::optional<int64_t> VersionOf(const hx::RecordType& type, const DocumentElement& element) {
+    const DocumentElement* const child = element.Find(hx::kVersionChild);
+    if (child == nullptr || child->type != hx::WordOf(type.version)) return {};
+    uint32_t number = 0;
+    int32_t signed_number = 0;
+    if (type.version.word == hx::RecordVersion::kUint) {
+        if (hx::TaggedType<uint32_t>::Parse(child->text, number)) return number;
+    } else if (hx::TaggedType<int32_t>::Parse(child->text, signed_number)) {
+        return signed_number;
+    }
+    return {};
+}
+
+// Whether the field has the value that the document tells.
+bool Holds(hx::FieldRef field, std::wstring_view text) {
+    return std::visit(
+        [&](auto at) {
+            if constexpr (std::is_pointer_v<decltype(at)>) {
+                using Value = std::remove_pointer_t<decltype(at)>;
+                if constexpr (!std::is_same_v<Value, hx::XmlFragment>) {
+                    Value value{};
+                    return hx::TaggedType<Value>::Parse(text, value) && value == *at;
+                }
+            }
+            return true;
+        },
+        field);
+}
+
+std::string Shortened(std::wstring_view text) {
+    constexpr size_t kShown = 40;
+    return text.size() <= kShown ? hx::ToUtf8(text) : hx::ToUtf8(text.substr(0, kShown)) + "...";
+}
+
+// What the document has of a field that is read and dropped.
+Json Dropped(const DocumentElement& child) {
+    Json field = {{"name", hx::ToUtf8(child.name)}};
+    if (child.type.empty()) {
+        field["fields"] = Json::array();
+        for (const DocumentElement& inner : child.children) field["fields"].push_back(Dropped(inner));
+    } else {
+        field["value"] = hx::ToUtf8(child.text);
+    }
+    return field;
+}
+
+std::string Path(const std::string& owner, const std::string& child) {
+    return owner.empty() ? child : owner + "/" + child;
+}
+
+class FieldTeller {
+public:
+    // Null for a record of which it is not known where the document has it.
+    Json FieldsOf(const hx::RecordType& type, void* record, const DocumentElement* element,
+                  const std::string& path);
+
+    std::vector<std::string> m_missing;
+    std::vector<std::string> m_unknown;
+
+private:
+    // Of the row in its table, beside the document's element of that name, if there is one.
+    struct Place {
+        const hx::RecordType& type;
+        void* record;
+        const DocumentElement* element;
+        int64_t version;
+    };
+    Json Tell(const hx::Field& field, const Place& place, const std::string& path);
+    void TellPresence(Json& entry, const hx::Field& field, const Place& place, const DocumentElement* child,
+                      const std::string& path);
+    void TellContent(Json& entry, hx::FieldRef at, const DocumentElement* child, const std::string& path);
+    Json EntriesOf(hx::ListRef list, const DocumentElement* element, const std::string& path);
+    void CollectUnknown(const Place& place, const std::string& path);
+};
+
+// Whether a field that is no part of the document's version is told by another row of its table.
+bool HasOtherRow(const hx::Field& field, const hx::RecordType& type, void* record, int64_t version) {
+    const void* const address = hx::AddressOf(field, record);
+    return std::ranges::any_of(type.fields, [&](const hx::Field& other) {
+        const bool is_told = &other < &field || other.versions.Contains(version);
+        return &other != &field && is_told && hx::AddressOf(other, record) == address;
+    });
+}
+
+Json FieldTeller::FieldsOf(const hx::RecordType& type, void* record, const DocumentElement* element,
+                           const std::string& path) {
+    const auto version =
+        element == nullptr ? std::optional<int64_t>(type.version.current) : VersionOf(type, *element);
+    const Place place{type, record, element, version.value_or(0)};
+    Json fields = Json::array();
+    for (const hx::Field& field : type.fields) {
+        const bool is_part = field.versions.Contains(place.version);
+        if (field.ops->at != nullptr && !is_part && HasOtherRow(field, type, record, place.version)) continue;
+        Json entry = Tell(field, place, path);
+        if (!entry.is_null()) fields.push_back(std::move(entry));
+    }
+    if (element != nullptr) CollectUnknown(place, path);
+    return fields;
+}
+
+Json FieldTeller::Tell(const hx::Field& field, const Place& place, const std::string& path) {
+    const DocumentElement* const child =
+        place.element == nullptr ? nullptr : place.element->Find(field.child);
+    const std::string name = hx::ToUtf8(field.child);
+    if (field.ops->at == nullptr) {
+        if (child != nullptr) {
+            Json entry = Dropped(*child);
+            entry["note"] = "no longer kept";
+            return entry;
+        }
+        const bool is_due = place.element != nullptr && field.versions.Contains(place.version);
+        if (is_due && !field.optional) m_missing.push_back(Path(path, name));
+        return {};
+    }
+    Json entry = {{"name", name}};
+    TellContent(entry, field.ops->at(place.record), child, Path(path, name));
+    if (!field.unit.empty()) entry["unit"] = field.unit;
+    if (place.element != nullptr) TellPresence(entry, field, place, child, Path(path, name));
+    return entry;
+}
+
+void FieldTeller::TellPresence(Json& entry, const hx::Field& field, const Place& place,
+                               const DocumentElement* child, const std::string& path) {
+    const std::wstring_view word = hx::WordOf(field, place.record);
+    const bool is_part = field.versions.Contains(place.version);
+    const bool has_type = child != nullptr && child->type == word;
+    const bool in_document = field.flag >= 0 && place.type.is_valid != nullptr
+                                 ? place.type.is_valid(place.record, static_cast<uint32_t>(field.flag))
+                                 : is_part && has_type;
+    entry["inDocument"] = in_document;
+    if (in_document) {
+        if (has_type && !Holds(field.ops->at(place.record), child->text)) {
+            entry["note"] = "the document has " + Shortened(child->text);
+        }
+        return;
+    }
+    if (!is_part) {
+        entry["note"] = "not part of version " + std::to_string(place.version);
+        return;
+    }
+    if (!field.optional && !has_type) m_missing.push_back(path);
+    if (child == nullptr) {
+        entry["note"] = "not in the document";
+    } else if (has_type) {
+        entry["note"] = "in the document, but not read: " + Shortened(child->text);
+    } else {
+        entry["note"] = "in the document as " + (child->type.empty() ? "a group" : hx::ToUtf8(child->type)) +
+                        ", not " + (word.empty() ? "a group" : hx::ToUtf8(word));
+    }
+}
+
+void FieldTeller::TellContent(Json& entry, hx::FieldRef at, const DocumentElement* child,
+                              const std::string& path) {
+    if (const auto* const inner = std::get_if<hx::RecordRef>(&at)) {
+        if (inner->type->make != nullptr) entry["class"] = hx::ToUtf8(inner->type->name);
+        entry["fields"] = FieldsOf(*inner->type, inner->record, child, path);
+    } else if (const auto* const list = std::get_if<hx::ListRef>(&at)) {
+        entry["entries"] = EntriesOf(*list, child, path);
+    } else {
+        entry["value"] = JsonOf(at);
+    }
+}
+
+Json FieldTeller::EntriesOf(hx::ListRef list, const DocumentElement* element, const std::string& path) {
+    std::vector<const DocumentElement*> groups;
+    if (element != nullptr) {
+        for (const DocumentElement& child : element->children) {
+            if (child.type.empty()) groups.push_back(&child);
+        }
+    }
+    size_t count = 0;
+    bool has_keys = false;
+    list.type->each(list.list, [&](std::wstring_view key, hx::FieldRef) {
+        ++count;
+        has_keys |= !key.empty();
+    });
+    // With a key, an entry may have come from several elements, or from one at another place.
+    const bool is_told = !has_keys && count == groups.size();
+    Json entries = Json::array();
+    list.type->each(list.list, [&](std::wstring_view key, hx::FieldRef at) {
+        Json entry = Json::object();
+        if (!key.empty()) entry["name"] = hx::ToUtf8(key);
+        const DocumentElement* const group = is_told ? groups[entries.size()] : nullptr;
+        TellContent(entry, at, group, Path(path, std::to_string(entries.size())));
+        entries.push_back(std::move(entry));
+    });
+    return entries;
+}
+
+void FieldTeller::CollectUnknown(const Place& place, const std::string& path) {
+    for (const DocumentElement& child : place.element->children) {
+        const bool is_version =
+            child.name == hx::kVersionChild && place.type.version.word != hx::RecordVersion::kNone;
+        if (is_version ||
+            std::ranges::find(place.type.fields, child.name, &hx::Field::child) != place.type.fields.end()) {
+            continue;
+        }
+        m_unknown.push_back(Path(path, hx::ToUtf8(child.name)));
+    }
+}
+
+std::string ReasonOf(const RecordReading& reading, const hx::RecordType& type,
+                     const std::optional<int64_t>& version, const std::vector<std::string>& missing) {
+    if (!reading.error_codes.empty()) return hx::ToUtf8(reading.error_codes);
+    if (type.version.word != hx::RecordVersion::kNone) {
+        if (!version) return "no \"Version\" of type " + hx::ToUtf8(hx::WordOf(type.version));
+        if (*version > type.version.current) {
+            return "version " + std::to_string(*version) + " is newer than " +
+                   std::to_string(type.version.current);
+        }
+    }
+    if (missing.empty()) return "its elements are not in the order in which they are read";
+    std::string reason = "missing: ";
+    constexpr size_t kNamed = 5;
+    for (size_t i = 0; i < std::min(missing.size(), kNamed); ++i) reason += (i == 0 ? "" : ", ") + missing[i];
+    if (missing.size() > kNamed) reason += " and " + std::to_string(missing.size() - kNamed) + " more";
+    return reason;
+}
+
+}  // namespace
+
+Json RecordAccount(const hx::RecordType& type, const RecordReading& reading, const DocumentElement& element) {
+    FieldTeller teller;
+    Json fields = teller.FieldsOf(type, reading.record.get(), &element, {});
+    const auto version = VersionOf(type, element);
+    Json account = {{"class", hx::ToUtf8(type.name)}, {"purpose", type.purpose}};
+    account["version"] = version ? Json(*version) : Json();
+    if (type.version.word != hx::RecordVersion::kNone) account["newest"] = type.version.current;
+    account["read"] = reading.read;
+    if (!reading.read) account["reason"] = ReasonOf(reading, type, version, teller.m_missing);
+    if (!reading.error_codes.empty()) account["errorCodes"] = hx::ToUtf8(reading.error_codes);
+    account["fields"] = std::move(fields);
+    account["unknown"] = teller.m_unknown;
+    return account;
+}
+
+}  // namespace hxctl

@@ -1,0 +1,17 @@
+// What a document has where a table has a row: a value of some type, or a group. Any thread.
+#pragma once
+
+#include "core/records/RecordType.h"
+
+namespace hx {
+
+// The type word of a value; empty for a group. `record` is of the class whose row it is.
+std::wstring_view WordOf(const Field& field, void* record);
+// Of the child "Version"; empty for a class without one.
+std::wstring_view WordOf(const RecordVersion& version);
+// Where the field is in memory; null for what is read and dropped.
+const void* AddressOf(const Field& field, void* record);
+// The class, or none, of a record inside a record, of the entries of a list, or of what is read and dropped.
+const RecordType* ClassOf(const Field& field, void* record);
+
+}  // namespace hx
