@@ -9,6 +9,7 @@
 #include "apps/hxctl/record_reading.h"
 #include "core/errors/MException.h"
 #include "core/filer/TaggedXml.h"
+#include "core/records/RecordFields.h"
 #include "platform/system/utf8.h"
 #include "settings/inventory/RecordRecognition.h"
 
@@ -31,6 +32,7 @@ public:
     // What the document holds.
     Json TellAll() {
         std::vector<Json> told;
+        TellRoot(told);
         TellChildren({}, 0, told);
         return told;
     }
@@ -46,18 +48,42 @@ private:
         size_t shown_refused = 0;
     };
 
+    void TellRoot(std::vector<Json>& told);
     bool TellChildren(const std::string& path, int depth, std::vector<Json>& told);
     bool TellChild(const std::string& path, int depth, std::vector<Json>& told, std::vector<Json>& others);
     void TellRecord(const std::string& path, const hx::RecordRecognition::Answer& answer,
                     std::vector<Json>& told);
     Count& CountOf(const hx::RecordType& type);
+    void Refuse(const Json& item);
 
     hx::MXmlDocument& m_document;
     const std::wstring m_root;
     const hx::RecordRecognition m_recognition;
     std::vector<Count> m_counts;
+    bool m_root_is_record = false;
+    size_t m_refused = 0;
     std::string m_first_refusal;
 };
+
+// Where the root is a record itself, of those in its children; they are told by themselves.
+void RecordFinder::TellRoot(std::vector<Json>& told) {
+    for (const hx::InventoryRow& row : hx::RecordInventory()) {
+        if (!row.element.empty() || row.root != m_root) continue;
+        m_root_is_record = true;
+        const RecordReading reading = ReadRecord(m_document.GetText(), row, {});
+        Json item = {{"path", hx::ToUtf8(m_root)}, {"knownBy", "name"}};
+        item.update(RecordAccount(*row.type, reading, ElementTree(m_document)));
+        item["fields"] = item["unknown"] = Json::array();
+        if (!reading.read) Refuse(item);
+        told.push_back(std::move(item));
+    }
+}
+
+void RecordFinder::Refuse(const Json& item) {
+    if (m_refused++ > 0) return;
+    const auto text = [&](const char* key) { return item[key].get<std::string>(); };
+    m_first_refusal = text("path") + ": not read as " + text("class") + ": " + text("reason");
+}
 
 // True if there is a record among the children of the current element, or below them.
 bool RecordFinder::TellChildren(const std::string& path, int depth, std::vector<Json>& told) {
@@ -83,6 +109,8 @@ bool RecordFinder::TellChild(const std::string& path, int depth, std::vector<Jso
                              std::vector<Json>& others) {
     const std::wstring type = TypeOfElement(m_document);
     if (!type.empty()) {
+        const bool is_roots = m_root_is_record && depth == 0 && m_document.IsElement(hx::kVersionChild);
+        if (is_roots) return false;
         others.push_back(
             {{"path", path}, {"type", hx::ToUtf8(type)}, {"value", hx::ToUtf8(m_document.GetContent())}});
         return false;
@@ -111,15 +139,16 @@ void RecordFinder::TellRecord(const std::string& path, const hx::RecordRecogniti
     ++count.records;
     if (reading.read) ++count.read;
     const bool one_more_refused = !reading.read && count.shown_refused < kToldInFull;
-    if (count.shown >= kToldInFull && !one_more_refused) return;
+    if (count.shown >= kToldInFull && !one_more_refused) {
+        if (!reading.read) ++m_refused;
+        return;
+    }
     ++count.shown;
-    if (!reading.read) ++count.shown_refused;
-
     Json item = {{"path", path}, {"knownBy", answer.by_name ? "name" : "children"}};
     item.update(RecordAccount(type, reading, ElementTree(m_document)));
-    if (!reading.read && m_first_refusal.empty()) {
-        m_first_refusal =
-            path + ": not read as " + hx::ToUtf8(type.name) + ": " + item["reason"].get<std::string>();
+    if (!reading.read) {
+        ++count.shown_refused;
+        Refuse(item);
     }
     told.push_back(std::move(item));
 }
@@ -141,10 +170,8 @@ Json RecordFinder::Classes() const {
 }
 
 std::string RecordFinder::Refusal() const {
-    size_t refused = 0;
-    for (const Count& count : m_counts) refused += count.records - count.read;
-    if (refused < 2) return m_first_refusal;
-    return m_first_refusal + " (and " + std::to_string(refused - 1) + " more not read)";
+    if (m_refused < 2) return m_first_refusal;
+    return m_first_refusal + " (and " + std::to_string(m_refused - 1) + " more not read)";
 }
 
 // The elements of the first levels, "  " in front of each level below the first.

@@ -16,6 +16,11 @@ std::string Text(const Json& item, const char* key) {
 
 // On one line, cut if it is long.
 std::string Value(const Json& value) {
+    if (value.is_structured()) {
+        const std::string text = value.dump();
+        if (text.size() <= kLongText) return text;
+        return text.substr(0, kLongText) + "... (" + std::to_string(value.size()) + " values)";
+    }
     if (!value.is_string() || value.get_ref<const std::string&>().size() <= kLongText) return value.dump();
     const std::string& text = value.get_ref<const std::string&>();
     size_t end = kLongText;
@@ -53,8 +58,12 @@ private:
 
 void Writer::Head(const Json& content) {
     const bool well_formed = content["wellFormed"].get<bool>();
+    const bool readable = content.contains("contents");
     Line(0, {Text(content, "file"),
-             well_formed ? ": well-formed XML" : ": not well-formed: ", Text(content, "error")});
+             well_formed ? ": well-formed XML"
+             : readable  ? ": not well-formed, but readable: "
+                         : ": not well-formed: ",
+             Text(content, "error")});
     Line(0, {"Root: ", content["root"].dump(), ", ", Text(content, "kind")});
     if (content.contains("errorCodes")) Line(0, {"Error codes:\n", Text(content, "errorCodes")});
     if (content.contains("outline")) {
@@ -85,8 +94,9 @@ void Writer::Record(const Json& record) {
         state.append(" (this program knows ").append(record["newest"].dump()).append("): ");
     }
     const bool read = record["read"].get<bool>();
-    Line(4, {state, read ? "read." : "NOT READ: ", Text(record, "reason")});
-    if (!read) Line(4, {"What a record then holds:"});
+    Line(4, {state, !read ? "NOT READ: " : state.empty() ? "Read." : "read.", Text(record, "reason")});
+    if (record.contains("errorCodes")) Line(4, {"Error codes: ", Text(record, "errorCodes")});
+    if (!read && !record["fields"].empty()) Line(4, {"What a record then holds:"});
     Fields(record["fields"], 8);
     for (const Json& name : record["unknown"]) {
         Line(8, {name.get_ref<const std::string&>(), ": not known"});
@@ -112,7 +122,8 @@ void Writer::Field(const Json& field, size_t indent, size_t width) {
     if (field.contains("value")) line.append("  ").append(Value(field["value"]));
     add("class", "  ", "");
     if (field.contains("entries")) {
-        line.append("  ").append(std::to_string(field["entries"].size())).append(" entries");
+        const size_t count = field["entries"].size();
+        line.append("  ").append(std::to_string(count)).append(count == 1 ? " entry" : " entries");
     }
     add("unit", "  [", "]");
     add("note", "  (", ")");

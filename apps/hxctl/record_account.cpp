@@ -83,8 +83,11 @@ private:
     Json Tell(const hx::Field& field, const Place& place, const std::string& path);
     void TellPresence(Json& entry, const hx::Field& field, const Place& place, const DocumentElement* child,
                       const std::string& path);
-    void TellContent(Json& entry, hx::FieldRef at, const DocumentElement* child, const std::string& path);
-    Json EntriesOf(hx::ListRef list, const DocumentElement* element, const std::string& path);
+    // `entries`: where the document has those of a list.
+    void TellContent(Json& entry, hx::FieldRef at, const DocumentElement* child,
+                     const std::vector<const DocumentElement*>& entries, const std::string& path);
+    Json EntriesOf(hx::ListRef list, const std::vector<const DocumentElement*>& elements,
+                   const std::string& path);
     void CollectUnknown(const Place& place, const std::string& path);
 };
 
@@ -113,6 +116,21 @@ Json FieldTeller::FieldsOf(const hx::RecordType& type, void* record, const Docum
     return fields;
 }
 
+// The entries of a list of records lie in its element, or stand in the owner's one after the other.
+std::vector<const DocumentElement*> EntriesAt(hx::FieldRef at, const DocumentElement* child,
+                                              const DocumentElement* owner) {
+    std::vector<const DocumentElement*> entries;
+    const auto* const list = std::get_if<hx::ListRef>(&at);
+    if (list == nullptr || list->type->entries == nullptr || child == nullptr) return entries;
+    const std::span<const hx::Field> rows = list->type->entries->fields;
+    const bool is_entry =
+        std::ranges::any_of(rows, [&](const hx::Field& row) { return child->Find(row.child) != nullptr; });
+    for (const DocumentElement& element : is_entry ? owner->children : child->children) {
+        if (element.type.empty() && (!is_entry || element.name == child->name)) entries.push_back(&element);
+    }
+    return entries;
+}
+
 Json FieldTeller::Tell(const hx::Field& field, const Place& place, const std::string& path) {
     const DocumentElement* const child =
         place.element == nullptr ? nullptr : place.element->Find(field.child);
@@ -128,7 +146,8 @@ Json FieldTeller::Tell(const hx::Field& field, const Place& place, const std::st
         return {};
     }
     Json entry = {{"name", name}};
-    TellContent(entry, field.ops->at(place.record), child, Path(path, name));
+    const hx::FieldRef at = field.ops->at(place.record);
+    TellContent(entry, at, child, EntriesAt(at, child, place.element), Path(path, name));
     if (!field.unit.empty()) entry["unit"] = field.unit;
     if (place.element != nullptr) TellPresence(entry, field, place, child, Path(path, name));
     return entry;
@@ -165,24 +184,19 @@ void FieldTeller::TellPresence(Json& entry, const hx::Field& field, const Place&
 }
 
 void FieldTeller::TellContent(Json& entry, hx::FieldRef at, const DocumentElement* child,
-                              const std::string& path) {
+                              const std::vector<const DocumentElement*>& entries, const std::string& path) {
     if (const auto* const inner = std::get_if<hx::RecordRef>(&at)) {
         if (inner->type->make != nullptr) entry["class"] = hx::ToUtf8(inner->type->name);
         entry["fields"] = FieldsOf(*inner->type, inner->record, child, path);
-    } else if (const auto* const list = std::get_if<hx::ListRef>(&at)) {
-        entry["entries"] = EntriesOf(*list, child, path);
+    } else if (const auto* const list = std::get_if<hx::ListRef>(&at); list && list->type->entries) {
+        entry["entries"] = EntriesOf(*list, entries, path);
     } else {
         entry["value"] = JsonOf(at);
     }
 }
 
-Json FieldTeller::EntriesOf(hx::ListRef list, const DocumentElement* element, const std::string& path) {
-    std::vector<const DocumentElement*> groups;
-    if (element != nullptr) {
-        for (const DocumentElement& child : element->children) {
-            if (child.type.empty()) groups.push_back(&child);
-        }
-    }
+Json FieldTeller::EntriesOf(hx::ListRef list, const std::vector<const DocumentElement*>& elements,
+                            const std::string& path) {
     size_t count = 0;
     bool has_keys = false;
     list.type->each(list.list, [&](std::wstring_view key, hx::FieldRef) {
@@ -190,33 +204,33 @@ Json FieldTeller::EntriesOf(hx::ListRef list, const DocumentElement* element, co
         has_keys |= !key.empty();
     });
     // With a key, an entry may have come from several elements, or from one at another place.
-    const bool is_told = !has_keys && count == groups.size();
+    const bool is_told = !has_keys && count == elements.size();
     Json entries = Json::array();
     list.type->each(list.list, [&](std::wstring_view key, hx::FieldRef at) {
+        const size_t number = entries.size();
         Json entry = Json::object();
         if (!key.empty()) entry["name"] = hx::ToUtf8(key);
-        const DocumentElement* const group = is_told ? groups[entries.size()] : nullptr;
-        TellContent(entry, at, group, Path(path, std::to_string(entries.size())));
+        TellContent(entry, at, is_told ? elements[number] : nullptr, {}, Path(path, std::to_string(number)));
         entries.push_back(std::move(entry));
     });
     return entries;
 }
 
 void FieldTeller::CollectUnknown(const Place& place, const std::string& path) {
+    const auto is_known = [&](const DocumentElement& child) {
+        if (child.name == hx::kVersionChild && place.type.version.word != hx::RecordVersion::kNone)
+            return true;
+        return std::ranges::any_of(place.type.fields, [&](const hx::Field& field) {
+            return field.child == child.name || field.ops->companion == child.name;
+        });
+    };
     for (const DocumentElement& child : place.element->children) {
-        const bool is_version =
-            child.name == hx::kVersionChild && place.type.version.word != hx::RecordVersion::kNone;
-        if (is_version ||
-            std::ranges::find(place.type.fields, child.name, &hx::Field::child) != place.type.fields.end()) {
-            continue;
-        }
-        m_unknown.push_back(Path(path, hx::ToUtf8(child.name)));
+        if (!is_known(child)) m_unknown.push_back(Path(path, hx::ToUtf8(child.name)));
     }
 }
 
 std::string ReasonOf(const RecordReading& reading, const hx::RecordType& type,
                      const std::optional<int64_t>& version, const std::vector<std::string>& missing) {
-    if (!reading.error_codes.empty()) return hx::ToUtf8(reading.error_codes);
     if (type.version.word != hx::RecordVersion::kNone) {
         if (!version) return "no \"Version\" of type " + hx::ToUtf8(hx::WordOf(type.version));
         if (*version > type.version.current) {
@@ -224,6 +238,7 @@ std::string ReasonOf(const RecordReading& reading, const hx::RecordType& type,
                    std::to_string(type.version.current);
         }
     }
+    if (!reading.error_codes.empty()) return hx::ToUtf8(reading.error_codes);
     if (missing.empty()) return "its elements are not in the order in which they are read";
     std::string reason = "missing: ";
     constexpr size_t kNamed = 5;

@@ -9,16 +9,17 @@ namespace hxctl {
 namespace {
 
 Json ListOf(hx::ListRef list) {
-    Json entries = Json::array();
-    Json keyed = Json::object();
+    // Records tell their keys themselves.
+    const bool has_keys = list.type->renew == nullptr && list.type->entries == nullptr;
+    Json entries = has_keys ? Json::object() : Json::array();
     list.type->each(list.list, [&](std::wstring_view key, hx::FieldRef entry) {
-        if (key.empty() || list.type->entries != nullptr) {
-            entries.push_back(JsonOf(entry));
+        if (has_keys) {
+            entries[hx::ToUtf8(key)] = JsonOf(entry);
         } else {
-            keyed[hx::ToUtf8(key)] = JsonOf(entry);
+            entries.push_back(JsonOf(entry));
         }
     });
-    return keyed.empty() ? entries : keyed;
+    return entries;
 }
 
 struct ToJson {

@@ -3,6 +3,7 @@
 #include "core/errors/MException.h"
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/MOutFilerTaggedXml.h"
+#include "core/records/InGroup.h"
 
 namespace hxctl {
 namespace {
@@ -11,6 +12,8 @@ bool Read(std::wstring text, const hx::InventoryRow& row, std::wstring_view elem
           const void* defaults) {
     hx::MInFilerTaggedXml reader(std::move(text), row.root);
     hx::MFilerTaggedPair filer(reader);
+    // Not there, it leaves a record found that stands in the root.
+    if (!row.group.empty()) filer.BeginGroup(row.group);
     return row.type->read(record, filer, element, defaults);
 }
 
@@ -34,7 +37,9 @@ RecordReading ReadRecord(std::wstring text, const hx::InventoryRow& row, std::ws
 std::wstring WriteRecord(const void* record, const hx::InventoryRow& row, std::wstring_view element) {
     hx::MOutFilerTaggedXml writer(row.root);
     hx::MFilerTaggedPair filer(writer);
-    return row.type->write(record, filer, element) ? writer.TakeText() : std::wstring();
+    const auto write = [&] { return row.type->write(record, filer, element); };
+    const bool written = row.group.empty() ? write() : hx::InGroup(filer, row.group, write);
+    return written ? writer.TakeText() : std::wstring();
 }
 
 }  // namespace hxctl

@@ -15,12 +15,14 @@ struct Search {
     std::wstring alone;  // a document with that element
 };
 
+// At depth 0 the children of the root are searched.
 void SearchChildren(hx::MXmlDocument& document, Search& search, int depth) {
     constexpr int kDeepest = 6;
+    const bool in_usual_group = depth == 0 || (depth == 1 && document.IsElement(search.row->group));
     ForEachChild(document, [&] {
         if (!TypeOfElement(document).empty()) return;
         const std::wstring name = document.GetTagName();
-        search.has_usual |= depth == 0 && name == search.row->element;
+        search.has_usual |= in_usual_group && name == search.row->element;
         if (search.has_usual || search.candidates > 1) return;
         const auto children = ChildrenOfElement(document);
         if (search.recognition.RecogniseChildren(search.row->root, children) == search.row) {
@@ -36,6 +38,7 @@ void SearchChildren(hx::MXmlDocument& document, Search& search, int depth) {
 }  // namespace
 
 std::wstring FindElementOf(const hx::InventoryRow& row, std::wstring& document) {
+    if (row.element.empty()) return {};  // the root itself
     hx::MXmlDocument parsed;
     parsed.Parse(document);
     if (!parsed.IsReadable() || !parsed.FindElement(row.root)) return std::wstring(row.element);

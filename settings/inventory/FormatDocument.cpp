@@ -133,6 +133,9 @@ void Sections::WriteCells(std::initializer_list<std::string_view> cells) {
 std::string Sections::TypeText(const Field& field, void* record) {
     const RecordType* const inner = ClassOf(field, record);
     const bool is_list = field.ops->at != nullptr && std::holds_alternative<ListRef>(field.ops->at(record));
+    // A record of which only a list is kept, or one that may be of a derived class.
+    const InventoryRow* const named = FindRecordClass(field.ops->type);
+    if (named != nullptr && !(is_list && named->type == inner)) return Link(*named->type);
     std::string text;
     if (inner != nullptr) {
         text = inner->make == nullptr ? "group" : Link(*inner);

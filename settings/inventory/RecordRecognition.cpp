@@ -16,6 +16,7 @@ constexpr size_t kTelling = 3;
 
 RecordRecognition::RecordRecognition() {
     for (const InventoryRow& row : RecordInventory()) {
+        if (row.element.empty()) continue;  // the root itself
         Shape shape{&row, {}};
         const auto record = row.type->make();
         for (const Field& field : row.type->fields) {
