@@ -81,6 +81,7 @@ private:
         int64_t version;
     };
     Json Tell(const hx::Field& field, const Place& place, const std::string& path);
+    static const DocumentElement* FormerChild(const hx::Field& field, const Place& place);
     void TellPresence(Json& entry, const hx::Field& field, const Place& place, const DocumentElement* child,
                       const std::string& path);
     // `entries`: where the document has those of a list.
@@ -93,10 +94,9 @@ private:
 
 // Whether a field that is no part of the document's version is told by another row of its table.
 bool HasOtherRow(const hx::Field& field, const hx::RecordType& type, void* record, int64_t version) {
-    const void* const address = hx::AddressOf(field, record);
     return std::ranges::any_of(type.fields, [&](const hx::Field& other) {
         const bool is_told = &other < &field || other.versions.Contains(version);
-        return &other != &field && is_told && hx::AddressOf(other, record) == address;
+        return &other != &field && is_told && hx::IsSameField(field, other, record);
     });
 }
 
@@ -136,12 +136,13 @@ Json FieldTeller::Tell(const hx::Field& field, const Place& place, const std::st
         place.element == nullptr ? nullptr : place.element->Find(field.child);
     const std::string name = hx::ToUtf8(field.child);
     if (field.ops->at == nullptr) {
-        if (child != nullptr) {
+        if (child != nullptr && field.ops->former == nullptr) {
             Json entry = Dropped(*child);
             entry["note"] = "no longer kept";
             return entry;
         }
-        const bool is_due = place.element != nullptr && field.versions.Contains(place.version);
+        const bool is_due =
+            place.element != nullptr && child == nullptr && field.versions.Contains(place.version);
         if (is_due && !field.optional) m_missing.push_back(Path(path, name));
         return {};
     }
@@ -153,10 +154,25 @@ Json FieldTeller::Tell(const hx::Field& field, const Place& place, const std::st
     return entry;
 }
 
+// What the document has under the name that its version gives the field.
+const DocumentElement* FieldTeller::FormerChild(const hx::Field& field, const Place& place) {
+    for (const hx::Field& row : place.type.fields) {
+        if (!row.versions.Contains(place.version) || !hx::IsFormerName(row, field, place.record)) continue;
+        const DocumentElement* const child = place.element->Find(row.child);
+        if (child != nullptr && child->type == row.ops->type) return child;
+    }
+    return nullptr;
+}
+
 void FieldTeller::TellPresence(Json& entry, const hx::Field& field, const Place& place,
                                const DocumentElement* child, const std::string& path) {
     const std::wstring_view word = hx::WordOf(field, place.record);
     const bool is_part = field.versions.Contains(place.version);
+    if (const DocumentElement* const former = FormerChild(field, place)) {
+        entry["inDocument"] = true;
+        entry["note"] = "in the document as " + hx::ToUtf8(former->name);
+        return;
+    }
     const bool has_type = child != nullptr && child->type == word;
     const bool in_document = field.flag >= 0 && place.type.is_valid != nullptr
                                  ? place.type.is_valid(place.record, static_cast<uint32_t>(field.flag))

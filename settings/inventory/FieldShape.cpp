@@ -28,6 +28,10 @@ struct Address {
     const void* operator()(const void* value) const { return value; }
 };
 
+const void* AddressOf(FieldRef field) {
+    return std::visit(Address(), field);
+}
+
 }  // namespace
 
 std::wstring_view WordOf(const Field& field, void* record) {
@@ -48,8 +52,14 @@ std::wstring_view WordOf(const RecordVersion& version) {
     return {};
 }
 
-const void* AddressOf(const Field& field, void* record) {
-    return field.ops->at == nullptr ? nullptr : std::visit(Address(), field.ops->at(record));
+bool IsSameField(const Field& one, const Field& other, void* record) {
+    return one.ops->at != nullptr && other.ops->at != nullptr &&
+           AddressOf(one.ops->at(record)) == AddressOf(other.ops->at(record));
+}
+
+bool IsFormerName(const Field& former, const Field& row, void* record) {
+    return former.ops->former != nullptr && row.ops->at != nullptr &&
+           AddressOf(former.ops->former(record)) == AddressOf(row.ops->at(record));
 }
 
 const RecordType* ClassOf(const Field& field, void* record) {

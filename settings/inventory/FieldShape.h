@@ -9,8 +9,10 @@ namespace hx {
 std::wstring_view WordOf(const Field& field, void* record);
 // Of the child "Version"; empty for a class without one.
 std::wstring_view WordOf(const RecordVersion& version);
-// Where the field is in memory; null for what is read and dropped.
-const void* AddressOf(const Field& field, void* record);
+// Whether two rows list the same field.
+bool IsSameField(const Field& one, const Field& other, void* record);
+// Whether `former` is the row of a name that the field of `row` had.
+bool IsFormerName(const Field& former, const Field& row, void* record);
 // The class, or none, of a record inside a record, of the entries of a list, or of what is read and dropped.
 const RecordType* ClassOf(const Field& field, void* record);
 

@@ -105,9 +105,15 @@ void Sections::WriteRow(const Field& field, const RecordType& owner, void* recor
     const auto note = [&](std::string_view text) { notes += Joined({notes.empty() ? "" : ", ", text}); };
     if (field.optional) note("optional");
     if (field.ops->write == nullptr || !is_current) note("no longer written");
-    if (field.ops->at == nullptr) note("dropped");
+    std::string_view unit = field.unit;
+    if (field.ops->former != nullptr) {
+        note(Joined({"former name of ", Code(unit)}));
+        unit = {};
+    } else if (field.ops->at == nullptr) {
+        note("dropped");
+    }
     if (field.flag >= 0) note(Joined({"flag ", std::to_string(field.flag)}));
-    WriteCells({Code(place), TypeText(field, record), field.unit, std::visit(DefaultText(), field.fallback),
+    WriteCells({Code(place), TypeText(field, record), unit, std::visit(DefaultText(), field.fallback),
                 VersionsText(field.versions, owner.version.current), notes});
 
     const RecordType* const inner = ClassOf(field, record);

@@ -37,6 +37,9 @@ An element with the attribute `type` is a value, one without is a group. The typ
 
 Numbers are written in one way everywhere, whatever the language of the machine.
 
+A `transform` is a group with `Version` (`int`, 32 bits) and 16 numbers (`float`), row by row: named `00` to `33` below
+version 2, and `E00` to `E33` from version 2 on. `elements` are kept as they stand, for another program.
+
 ## Order
 
 Values are read in the order of the table. A value that is not expected at its place, or not of its type, hides all
@@ -60,6 +63,7 @@ of the table. Records whose values have validity flags keep what they found and 
 - *optional*: may be missing
 - *no longer written*: of older versions; read, so that their documents load
 - *dropped*: read, and not kept
+- *former name*: read into the field of the present name
 - *flag N*: the index of the value's validity flag
 )";
 }
