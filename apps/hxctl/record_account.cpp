@@ -174,12 +174,15 @@ void FieldTeller::TellPresence(Json& entry, const hx::Field& field, const Place&
         return;
     }
     const bool has_type = child != nullptr && child->type == word;
-    const bool in_document = field.flag >= 0 && place.type.is_valid != nullptr
-                                 ? place.type.is_valid(place.record, static_cast<uint32_t>(field.flag))
-                                 : is_part && has_type;
+    const bool holds = child != nullptr && !child->type.empty() && !word.empty() &&
+                       Holds(field.ops->at(place.record), child->text);
+    // A few values are read from other types, too.
+    const bool has_flag = field.flag >= 0 && place.type.is_valid != nullptr;
+    const bool in_document = has_flag ? place.type.is_valid(place.record, static_cast<uint32_t>(field.flag))
+                                      : is_part && (has_type || holds);
     entry["inDocument"] = in_document;
     if (in_document) {
-        if (has_type && !Holds(field.ops->at(place.record), child->text)) {
+        if (has_type && !word.empty() && !holds) {
             entry["note"] = "the document has " + Shortened(child->text);
         }
         return;

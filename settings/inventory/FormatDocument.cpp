@@ -4,6 +4,7 @@
 #include <charconv>
 #include <vector>
 
+#include "core/records/ListType.h"
 #include "platform/system/utf8.h"
 #include "settings/inventory/FieldShape.h"
 #include "settings/inventory/RecordInventory.h"
@@ -82,8 +83,11 @@ void Sections::WriteAll() {
 
 void Sections::WriteSection(const RecordType& type, const InventoryRow* row) {
     m_text += Joined({"\n## ", ToUtf8(type.name), "\n\n", type.purpose, "\n\n"});
-    if (row != nullptr)
+    if (row != nullptr && row->element.empty()) {
+        m_text += Joined({"It is the root ", Code(row->root), " itself. "});
+    } else if (row != nullptr) {
         m_text += Joined({"Usual element ", Code(row->element), ", root ", Code(row->root), ". "});
+    }
     if (type.version.word == RecordVersion::kNone) {
         m_text += "It has no version.\n";
     } else {
@@ -105,7 +109,9 @@ void Sections::WriteRow(const Field& field, const RecordType& owner, void* recor
     const auto note = [&](std::string_view text) { notes += Joined({notes.empty() ? "" : ", ", text}); };
     if (field.optional) note("optional");
     if (field.ops->write == nullptr || !is_current) note("no longer written");
-    std::string_view unit = field.unit;
+    const RecordType* const inner = ClassOf(field, record);
+    const bool is_group = inner != nullptr && inner->make == nullptr;
+    std::string_view unit = field.unit.empty() && is_group ? inner->purpose : field.unit;
     if (field.ops->former != nullptr) {
         note(Joined({"former name of ", Code(unit)}));
         unit = {};
@@ -116,7 +122,6 @@ void Sections::WriteRow(const Field& field, const RecordType& owner, void* recor
     WriteCells({Code(place), TypeText(field, record), unit, std::visit(DefaultText(), field.fallback),
                 VersionsText(field.versions, owner.version.current), notes});
 
-    const RecordType* const inner = ClassOf(field, record);
     if (inner == nullptr) return;
     if (inner->make != nullptr) {
         const bool is_listed = FindRecordClass(inner->name) != nullptr;
@@ -126,7 +131,7 @@ void Sections::WriteRow(const Field& field, const RecordType& owner, void* recor
     // Its rows are fields of the same record.
     if (inner->version.word != RecordVersion::kNone) {
         WriteCells({Code(place + "/Version"), IntegerWord(WordOf(inner->version), 32), "", "", "all",
-                    Joined({"at most ", std::to_string(inner->version.current)})});
+                    Joined({std::to_string(inner->version.current), " is written"})});
     }
     WriteRows(*inner, record, place + "/");
 }
@@ -138,10 +143,14 @@ void Sections::WriteCells(std::initializer_list<std::string_view> cells) {
 
 std::string Sections::TypeText(const Field& field, void* record) {
     const RecordType* const inner = ClassOf(field, record);
-    const bool is_list = field.ops->at != nullptr && std::holds_alternative<ListRef>(field.ops->at(record));
+    const ListType* list = nullptr;
+    if (field.ops->at != nullptr) {
+        const FieldRef at = field.ops->at(record);
+        if (const auto* const ref = std::get_if<ListRef>(&at)) list = ref->type;
+    }
     // A record of which only a list is kept, or one that may be of a derived class.
     const InventoryRow* const named = FindRecordClass(field.ops->type);
-    if (named != nullptr && !(is_list && named->type == inner)) return Link(*named->type);
+    if (named != nullptr && (list == nullptr || named->type != inner)) return Link(*named->type);
     std::string text;
     if (inner != nullptr) {
         text = inner->make == nullptr ? "group" : Link(*inner);
@@ -149,6 +158,8 @@ std::string Sections::TypeText(const Field& field, void* record) {
         // A byte tells its size.
         text = field.ops->bits <= 8 ? Code(field.ops->type) : IntegerWord(field.ops->type, field.ops->bits);
     }
+    // Other values that are kept as a list go by a word of their own.
+    const bool is_list = list != nullptr && (inner != nullptr || list->word == field.ops->type);
     return is_list ? Joined({"list of ", text}) : text;
 }
 
