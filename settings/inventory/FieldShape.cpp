@@ -34,6 +34,10 @@ const void* AddressOf(FieldRef field) {
 
 }  // namespace
 
+std::wstring_view ElementOf(const Field& field) {
+    return field.child.substr(0, field.child.find(L' '));
+}
+
 std::wstring_view WordOf(const Field& field, void* record) {
     if (field.ops->at != nullptr && IsGroup(field.ops->at(record))) return {};
     return std::ranges::find(kWords, field.ops->type) == std::end(kWords) ? std::wstring_view()

@@ -5,6 +5,8 @@
 
 namespace hx {
 
+// The name that readers look for: up to a blank, which some names of old documents have.
+std::wstring_view ElementOf(const Field& field);
 // The type word of a value; empty for a group. `record` is of the class whose row it is.
 std::wstring_view WordOf(const Field& field, void* record);
 // Of the child "Version"; empty for a class without one.

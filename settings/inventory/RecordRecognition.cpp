@@ -20,7 +20,7 @@ RecordRecognition::RecordRecognition() {
         Shape shape{&row, {}};
         const auto record = row.type->make();
         for (const Field& field : row.type->fields) {
-            shape.children.emplace_back(field.child, WordOf(field, record.get()));
+            shape.children.emplace_back(ElementOf(field), WordOf(field, record.get()));
         }
         std::ranges::sort(shape.children);
         const auto repeated = std::ranges::unique(shape.children);

@@ -110,6 +110,32 @@ TEST_F(Hxctl, TellsWhatADocumentOfUnknownKindHolds) {
          1,
          {"NOT READ: version 7 is newer than 6\n", "\"\"  (the document has Fine)\n", "Foo: not known\n"},
          "hxctl: -: LaserProfileSettings: not read as MLaserProfileSettings: version 7 is newer than 6\n"},
+        {"a field under the name that it had",
+         Settings("<ImageInterpolatorSettings><Version type='int'>0</Version><Min Reflectivity type='float'>5"
+                  "</Min Reflectivity></ImageInterpolatorSettings>"),
+         1,
+         {"MinReflectivity        5.0  [0 to 1]  (in the document under its former name)\n",
+          "NOT READ: missing: Smooth, PerspectiveOnly, SpeckleSettings, Max Reflectivity\n"},
+         "hxctl: -: ImageInterpolatorSettings: not read as MImageInterpolatorSettings: missing: Smooth, "
+         "PerspectiveOnly, SpeckleSettings, Max Reflectivity\n"},
+        {"a root that is a record, and one of several classes of one name",
+         "<Properties><Version type='uint'>2</Version><Driver/><DeviceList><Device><CommonDeviceProperties>"
+         "<Version type='uint'>2</Version><InternalName type='string'>a</InternalName>"
+         "<ConfigurationIdentity type='string'>b</ConfigurationIdentity><DisplayName type='string'>c"
+         "</DisplayName></CommonDeviceProperties></Device></DeviceList></Properties>",
+         1,
+         {"Properties: MPropertiesHelper, known by its name\n", "Driver: MCommonDriverProperties, ",
+          "DeviceList/Device: MCommonDeviceProperties, known by its name\n",
+          "NOT READ: CommonDeviceProperties: version 2 is newer than 1\n"},
+         "hxctl: -: Properties: not read as MPropertiesHelper: "
+         "MPropertiesHelper.ReadXML:ReadImpTagged () (and 2 more not read)\n"},
+        {"entries of a list, with what each of them has",
+         Settings("<SupportedConfigurations><Version type='uint'>1</Version><Configuration><Version "
+                  "type='uint'>1</Version><InternalName type='string'>n</InternalName><DeviceSettings/>"
+                  "<Foo/></Configuration></SupportedConfigurations>"),
+         0,
+         {"Configuration  1 entry\n", "InternalName    \"n\"\n", "Configuration/0/Foo: not known\n"},
+         ""},
         {"a chain of exceptions",
          "<ExceptionChain><Exception><Error><Code type='string'>A.B:C</Code></Error></Exception>"
          "</ExceptionChain>",
