@@ -4,8 +4,10 @@
 #include <iterator>
 
 #include "core/filer/TaggedXml.h"
+#include "settings/catalogue/MDeviceType.h"
 #include "settings/connection/MHXConnectionSettings.h"
 #include "settings/measurement/MHXMeasurementSettings.h"
+#include "settings/measurement/MScanningMeasurementFacetSettings.h"
 #include "settings/profile/MLaserProfileSettings.h"
 
 namespace hx {
@@ -15,6 +17,18 @@ constexpr InventoryRow kRows[] = {
     {&MHXConnectionSettings::kType, MHXConnectionSettings::kElement, kTaggedXmlRoot},
     {&MLaserProfileSettings::kType, L"LaserProfileSettings", kTaggedXmlRoot},
     {&MHXMeasurementSettings::kType, L"HXMeasurementSettings", kTaggedXmlRoot},
+    {&MScanningMeasurementFacetSettings::kType, MScanningMeasurementFacetSettings::kElement, kTaggedXmlRoot},
+    {&MDeviceMeasurementSettings::kType, L"DeviceMeasurementSettings", kTaggedXmlRoot},
+    {&StageSettingsLocation::kType, L"Stage2DSettings", kTaggedXmlRoot},
+    {&MScanEngineProcessingSettings::kType, L"ScanEngineProcessingSettings", kTaggedXmlRoot},
+    {&MDeviceSettingsList::kType, L"DeviceSettingsList", kTaggedXmlRoot},
+    {&MDeviceType::kType, L"DeviceType", kTaggedXmlRoot},
+    {&MSupportedDevices::kType, L"SupportedDevices", kTaggedXmlRoot},
+    {&MDeviceModel::kType, L"DeviceModel", kTaggedXmlRoot},
+    {&MSupportedConfigurationCapabilities::kType, L"SupportedCapabilities", kTaggedXmlRoot},
+    {&MConfigurationCapability::kType, L"Capability", kTaggedXmlRoot},
+    {&MSupportedConfigurations::kType, L"SupportedConfigurations", kTaggedXmlRoot},
+    {&MConfiguration::kType, L"Configuration", kTaggedXmlRoot},
 };
 
 }  // namespace
