@@ -2,7 +2,7 @@
 // for names, calls by number, and the description of the interface. Each component library links its own
 // (target hxmodule).
 //     constexpr DispatchMember kMembers[] = {
-//         MembersOf<IThing>::Method<&IThing::SetSpeed>(3, L"SetSpeed", L"speed"),
+//         DispatchMembersOf<IThing>::Method<&IThing::SetSpeed>(3, L"SetSpeed", L"speed"),
 //     };
 //     const DispatchType kThing{L"IThing", IID_IThing, kMembers};
 // Usable on any thread; members are called on the thread that calls.
@@ -68,7 +68,7 @@ struct DispatchKind<T*> {
 
 // Rows for interface I; its methods may be inherited.
 template <class I>
-class MembersOf {
+class DispatchMembersOf {
 public:
     template <auto method, class... Names>
     static constexpr DispatchMember Method(DISPID id, const wchar_t* name, Names... names) {

@@ -49,9 +49,10 @@ public:
 };
 
 constexpr hx::DispatchMember kMembers[] = {
-    hx::MembersOf<IPlotter>::Method<&IPlotter::Draw>(7, L"Draw", L"length", L"pen", L"label", L"more"),
-    hx::MembersOf<IPlotter>::Method<&IPlotter::Attach>(8, L"Attach", L"paper"),
-    hx::MembersOf<IPlotter>::Method<&IPlotter::Fail>(-5, L"Fail"),
+    hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Draw>(7, L"Draw", L"length", L"pen", L"label",
+                                                             L"more"),
+    hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Attach>(8, L"Attach", L"paper"),
+    hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Fail>(-5, L"Fail"),
 };
 const hx::DispatchType Plotter::kDispatchType{L"IPlotter", IID_IPlotter, kMembers};
 
