@@ -8,6 +8,8 @@
 #include "settings/connection/MHXConnectionSettings.h"
 #include "settings/measurement/MHXMeasurementSettings.h"
 #include "settings/measurement/MScanningMeasurementFacetSettings.h"
+#include "settings/measurement/MTriggerSettings.h"
+#include "settings/measurement/ZRDMeasurementSettings.h"
 #include "settings/profile/MLaserProfileSettings.h"
 
 namespace hx {
@@ -17,6 +19,8 @@ constexpr InventoryRow kRows[] = {
     {&MHXConnectionSettings::kType, MHXConnectionSettings::kElement, kTaggedXmlRoot},
     {&MLaserProfileSettings::kType, L"LaserProfileSettings", kTaggedXmlRoot},
     {&MHXMeasurementSettings::kType, L"HXMeasurementSettings", kTaggedXmlRoot},
+    {&ZRDMeasurementSettings::kType, L"ZRDMeasurementSettings", kTaggedXmlRoot},
+    {&MTriggerSettings::kType, L"TriggerSettingsFromLocaliser", kTaggedXmlRoot},
     {&MScanningMeasurementFacetSettings::kType, MScanningMeasurementFacetSettings::kElement, kTaggedXmlRoot},
     {&MDeviceMeasurementSettings::kType, L"DeviceMeasurementSettings", kTaggedXmlRoot},
     {&StageSettingsLocation::kType, L"Stage2DSettings", kTaggedXmlRoot},
