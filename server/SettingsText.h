@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "core/filer/MFilerTaggedPair.h"
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/MOutFilerTaggedXml.h"
 #include "core/filer/TaggedXml.h"
