@@ -275,19 +275,6 @@ TEST_F(Dispatch, TheInterfaceDescribesItself) {
         EXPECT_EQ(documented.view(), name);
     }
     EXPECT_EQ(info->GetDocumentation(1, nullptr, nullptr, nullptr, nullptr), TYPE_E_ELEMENTNOTFOUND);
-
-    // It calls as the object itself does.
-    wchar_t name[] = L"attach";
-    LPOLESTR asked = name;
-    MEMBERID member = 0;
-    EXPECT_EQ(info->GetIDsOfNames(&asked, 1, &member), S_OK);
-    Counted paper;
-    Variant argument(&paper);
-    DISPPARAMS arguments{const_cast<VARIANT*>(&argument.get()), nullptr, 1, 0};
-    EXPECT_EQ(info->Invoke(static_cast<IPlotter*>(m_plotter.get()), member, DISPATCH_METHOD, &arguments,
-                           nullptr, nullptr, nullptr),
-              S_OK);
-    EXPECT_EQ(m_plotter->attached, &paper);
 }
 
 TEST_F(Dispatch, ADescriptionKeepsTheLibrary) {

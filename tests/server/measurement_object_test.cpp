@@ -29,6 +29,7 @@ protected:
 
 TEST_F(MeasurementObject, KeepsTheFrequenciesForWhoeverComesByItsPointer) {
     void* address = nullptr;
+    EXPECT_EQ(m_object->GetPointer(nullptr), E_POINTER);
     ASSERT_EQ(m_object->GetPointer(&address), S_OK);
     const auto& object = *static_cast<const hx::CCoMHXMeasSettings*>(address);
     EXPECT_TRUE(std::isnan(object.MaximumTriggerFrequency()));

@@ -8,7 +8,6 @@
 #include "hxapi/IGetPointer.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "platform/com/errorinfo.h"
-#include "platform/com/typeinfo.h"
 #include "platform/com/variant.h"
 #include "tests/server/component_library.h"
 
@@ -191,27 +190,6 @@ TEST_F(MeasurementSettings, TakesTriggerFrequenciesByNameAndByNumber) {
                   DISP_E_MEMBERNOTFOUND);
     }
     EXPECT_EQ(Text(), kFresh);
-}
-
-TEST_F(MeasurementSettings, ATypeDescriptionKeepsTheLibrary) {
-    ComPtr<ITypeInfo> info;
-    ASSERT_EQ(m_settings.as<IDispatch>()->GetTypeInfo(0, 0, info.put()), S_OK);
-    m_settings.reset();
-    CoFreeUnusedLibraries();
-    EXPECT_TRUE(IsLoaded());
-    Bstr name;
-    EXPECT_EQ(info->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr), S_OK);
-    EXPECT_EQ(name.view(), L"ICoMHXMeasSettings");
-}
-
-TEST_F(MeasurementSettings, GivesItsAddress) {
-    const auto way = m_settings.as<IGetPointer>();
-    ASSERT_TRUE(way);
-    EXPECT_EQ(way->GetPointer(nullptr), E_POINTER);
-    // The object begins with its first interface.
-    void* address = nullptr;
-    EXPECT_EQ(way->GetPointer(&address), S_OK);
-    EXPECT_EQ(address, m_settings.as<ICoMHXMeasSettings>().get());
 }
 
 }  // namespace
