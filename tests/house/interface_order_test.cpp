@@ -11,6 +11,8 @@
 #include "core/log/MLoggingDevice.h"
 #include "core/log/MSpecialFolderImplementation.h"
 #include "hxapi/ICoMHXConnSettings.h"
+#include "hxapi/ICoMHXMeasSettings.h"
+#include "hxapi/IGetPointer.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "settings/connection/MHXConnectionSettings.h"
 #include "settings/properties/MCommonDriverProperties.h"
@@ -143,7 +145,13 @@ TEST(InterfaceOrder, RecordsAndComponentInterfaces) {
         {SlotOf(&IXmlBstrSerializable::ReadXmlBstr), SlotOf(&IXmlBstrSerializable::WriteXmlBstr)},
         kBehindUnknown);
     EXPECT_EQ(SlotOf(&IProfileSettingsFactory::CreateSettingsObject), kBehindUnknown);
+    EXPECT_EQ(SlotOf(&IGetPointer::GetPointer), kBehindUnknown);
+    constexpr size_t kBehindDispatch = 7;
+    ExpectConsecutive({SlotOf(&ITriggerSource::SetMaximumTriggerFrequency),
+                       SlotOf(&ITriggerSource::SetMinimumTriggerFrequency)},
+                      kBehindDispatch);
     static_assert(sizeof(ICoMHXConnSettings) == sizeof(void*) &&
+                  sizeof(ICoMHXMeasSettings) == sizeof(void*) &&
                   sizeof(IXmlBstrSerializable) == sizeof(void*));
     static_assert(!std::has_virtual_destructor_v<IXmlBstrSerializable> &&
                   !std::has_virtual_destructor_v<IProfileSettingsFactory> &&
