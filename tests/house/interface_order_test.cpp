@@ -18,6 +18,8 @@
 #include "settings/measurement/MHXMeasurementSettings.h"
 #include "settings/measurement/ZRDMeasurementSettings.h"
 #include "settings/profile/MLaserProfileSettings.h"
+#include "settings/properties/MCommonDriverProperties.h"
+#include "settings/properties/MHXFamilyDeviceProperties.h"
 #include "tests/vtable_slot.h"
 
 namespace {
@@ -130,6 +132,17 @@ TEST(InterfaceOrder, RecordsAndComponentInterfaces) {
     using hx::MHXConnectionSettings;
     ExpectConsecutive(
         {SlotOf(&MHXConnectionSettings::ReadTagged), SlotOf(&MHXConnectionSettings::WriteTagged)}, 0);
+    using Scanner = hx::MCommonScannerDeviceProperties;
+    for (const auto& slots : {
+             std::pair{SlotOf(&hx::MCommonDriverProperties::ReadTagged),
+                       SlotOf(&hx::MCommonDriverProperties::WriteTagged)},
+             std::pair{SlotOf(&hx::MButtonProperties::ReadTagged),
+                       SlotOf(&hx::MButtonProperties::WriteTagged)},
+             std::pair{SlotOf(&Scanner::ReadTagged), SlotOf(&Scanner::WriteTagged)},
+         }) {
+        ExpectConsecutive({slots.first, slots.second}, 0);
+    }
+    EXPECT_EQ(SlotOf(&Scanner::DisablePowered), 2 + kBehindDestructor);
     constexpr size_t kBehindUnknown = 3;
     ExpectConsecutive(
         {SlotOf(&IXmlBstrSerializable::ReadXmlBstr), SlotOf(&IXmlBstrSerializable::WriteXmlBstr)},
