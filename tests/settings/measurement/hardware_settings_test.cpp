@@ -195,11 +195,14 @@ struct Counted {
     inline static int alive = 0;
 };
 
-TEST(ReferenceCopy, DoesNotGrowWhenARecordIsReadAgainstItself) {
-    Counted record;
+TEST(ReferenceCopy, DoesNotGrowWithEveryRead) {
+    Counted one;
+    Counted other;
     for (int i = 0; i < 3; ++i) {
-        record.reference.Set(record);
-        EXPECT_EQ(Counted::alive, 2);
+        one.reference.Set(one);
+        other.reference.Set(one);
+        one.reference.Set(other);
+        EXPECT_EQ(Counted::alive, 4);
     }
 }
 

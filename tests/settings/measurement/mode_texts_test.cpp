@@ -1,8 +1,7 @@
 // The texts of frequencies and measurement areas.
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <vector>
+#include <utility>
 
 #include "settings/measurement/FrequencySelectionHelper.h"
 #include "settings/measurement/MeasurementAreaHX.h"
@@ -46,47 +45,30 @@ TEST(ModeTexts, EachValueHasItsText) {
 }
 
 TEST(ModeTexts, WhatIsUnknownIsRaised) {
-    struct Text {
-        void (*parse)(std::wstring_view text);
-        std::wstring code;
-        std::vector<std::wstring> texts;
+    struct Row {
+        void (*call)();
+        std::wstring_view raised;
     };
-    const Text texts[] = {
-        {[](std::wstring_view text) { Frequency::GetFrequencySelectionEnumFromString(text); },
-         L"FrequencySelectionHelper.GetFrequencySelectionEnumFromString:WrongStringForFrequencySelection",
-         {L"", L"75 %", L" 75%", L"75", L"100%%", L"Near 50%"}},
-        {[](std::wstring_view text) { Area::GetMeasurementAreaDepthEnumFromString(text); },
-         L"MeasurementAreaHX.GetMeasurementAreaDepthEnumFromString:WrongStringForMeasurementArea",
-         {L"", L"near 50%", L"Near  50%", L"25%"}},
-        {[](std::wstring_view text) { Area::GetMeasurementAreaWidthEnumFromString(text); },
-         L"MeasurementAreaHX.GetMeasurementAreaWidthEnumFromString:WrongStringForMeasurementArea",
-         {L"", L"Far 50%", L"75%"}},
+    const Row rows[] = {
+        {[] { Frequency::GetFrequencySelectionEnumFromString(L"75 %"); },
+         L"FrequencySelectionHelper.GetFrequencySelectionEnumFromString:WrongStringForFrequencySelection "
+         L"mode=75 %"},
+        {[] { Frequency::GetFrequencySelectionFromEnum(FrequencySelection{-1}); },
+         L"FrequencySelectionHelper.GetFrequencySelectionFromEnum:WrongEnumForFrequencySelection mode=-1"},
+        {[] { Frequency::GetFrequencySelectionEnumValue(FrequencySelection{4}); },
+         L"FrequencySelectionHelper.GetFrequencySelectionEnumValue:WrongEnumForFrequencySelection mode=4"},
+        {[] { Area::GetMeasurementAreaDepthEnumFromString(L"near 50%"); },
+         L"MeasurementAreaHX.GetMeasurementAreaDepthEnumFromString:WrongStringForMeasurementArea "
+         L"mode=near 50%"},
+        {[] { Area::GetMeasurementAreaDepthStringFromEnum(MeasurementAreaDepth{4}); },
+         L"MeasurementAreaHX.GetMeasurementAreaDepthStringFromEnum:WrongEnumForMeasurementArea mode=4"},
+        {[] { Area::GetMeasurementAreaWidthEnumFromString(L"Far 50%"); },
+         L"MeasurementAreaHX.GetMeasurementAreaWidthEnumFromString:WrongStringForMeasurementArea "
+         L"mode=Far 50%"},
+        {[] { Area::GetMeasurementAreaWidthStringFromEnum(MeasurementAreaWidth{2}); },
+         L"MeasurementAreaHX.GetMeasurementAreaWidthStringFromEnum:WrongEnumForMeasurementArea mode=2"},
     };
-    for (const Text& row : texts) {
-        for (const std::wstring& text : row.texts) {
-            EXPECT_EQ(RaisedBy([&] { row.parse(text); }), row.code + L" mode=" + text);
-        }
-    }
-    struct Value {
-        void (*tell)(int32_t value);
-        std::wstring code;
-        int32_t beyond;
-    };
-    const Value values[] = {
-        {[](int32_t value) { Frequency::GetFrequencySelectionFromEnum(FrequencySelection{value}); },
-         L"FrequencySelectionHelper.GetFrequencySelectionFromEnum:WrongEnumForFrequencySelection", 4},
-        {[](int32_t value) { Frequency::GetFrequencySelectionEnumValue(FrequencySelection{value}); },
-         L"FrequencySelectionHelper.GetFrequencySelectionEnumValue:WrongEnumForFrequencySelection", 4},
-        {[](int32_t value) { Area::GetMeasurementAreaDepthStringFromEnum(MeasurementAreaDepth{value}); },
-         L"MeasurementAreaHX.GetMeasurementAreaDepthStringFromEnum:WrongEnumForMeasurementArea", 4},
-        {[](int32_t value) { Area::GetMeasurementAreaWidthStringFromEnum(MeasurementAreaWidth{value}); },
-         L"MeasurementAreaHX.GetMeasurementAreaWidthStringFromEnum:WrongEnumForMeasurementArea", 2},
-    };
-    for (const Value& row : values) {
-        for (const int32_t value : {-1, row.beyond, std::numeric_limits<int32_t>::min()}) {
-            EXPECT_EQ(RaisedBy([&] { row.tell(value); }), row.code + L" mode=" + std::to_wstring(value));
-        }
-    }
+    for (const Row& row : rows) EXPECT_EQ(RaisedBy(row.call), row.raised);
 }
 
 }  // namespace
