@@ -65,14 +65,20 @@ private:
     std::string m_first_refusal;
 };
 
+Json Item(const std::string& path, bool by_name, Json record) {
+    Json item = {{"path", path}, {"knownBy", by_name ? "name" : "children"}};
+    for (auto& [key, value] : record.items()) item[key] = std::move(value);
+    return item;
+}
+
 // Where the root is a record itself, of those in its children; they are told by themselves.
 void RecordFinder::TellRoot(std::vector<Json>& told) {
     for (const hx::InventoryRow& row : hx::RecordInventory()) {
         if (!row.element.empty() || row.root != m_root) continue;
         m_root_is_record = true;
         const RecordReading reading = ReadRecord(m_document.GetText(), row, {});
-        Json item = {{"path", hx::ToUtf8(m_root)}, {"knownBy", "name"}};
-        item.update(RecordAccount(*row.type, reading, ElementTree(m_document)));
+        Json item =
+            Item(hx::ToUtf8(m_root), true, RecordAccount(*row.type, reading, ElementTree(m_document)));
         item["fields"] = item["unknown"] = Json::array();
         if (!reading.read) Refuse(item);
         told.push_back(std::move(item));
@@ -144,8 +150,7 @@ void RecordFinder::TellRecord(const std::string& path, const hx::RecordRecogniti
         return;
     }
     ++count.shown;
-    Json item = {{"path", path}, {"knownBy", answer.by_name ? "name" : "children"}};
-    item.update(RecordAccount(type, reading, ElementTree(m_document)));
+    Json item = Item(path, answer.by_name, RecordAccount(type, reading, ElementTree(m_document)));
     if (!reading.read) {
         ++count.shown_refused;
         Refuse(item);

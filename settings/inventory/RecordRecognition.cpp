@@ -23,8 +23,7 @@ RecordRecognition::RecordRecognition() {
             shape.children.emplace_back(ElementOf(field), WordOf(field, record.get()));
         }
         std::ranges::sort(shape.children);
-        const auto repeated = std::ranges::unique(shape.children);
-        shape.children.erase(repeated.begin(), repeated.end());
+        shape.children.erase(std::unique(shape.children.begin(), shape.children.end()), shape.children.end());
         m_shapes.push_back(std::move(shape));
     }
 }
