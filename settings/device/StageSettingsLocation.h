@@ -10,7 +10,7 @@
 
 namespace hx {
 
-class StageSettingsLocation : public SettingsObjectBase,
+class StageSettingsLocation final : public SettingsObjectBase,
                               public Streamable<StageSettingsLocation, 1, StreamableBase, 0> {
 public:
     static const RecordType kType;

@@ -15,6 +15,9 @@
 #include "hxapi/IGetPointer.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "settings/connection/MHXConnectionSettings.h"
+#include "settings/measurement/MHXMeasurementSettings.h"
+#include "settings/measurement/ZRDMeasurementSettings.h"
+#include "settings/profile/MLaserProfileSettings.h"
 #include "settings/properties/MCommonDriverProperties.h"
 #include "settings/properties/MHXFamilyDeviceProperties.h"
 #include "tests/vtable_slot.h"
@@ -156,6 +159,24 @@ TEST(InterfaceOrder, RecordsAndComponentInterfaces) {
     static_assert(!std::has_virtual_destructor_v<IXmlBstrSerializable> &&
                   !std::has_virtual_destructor_v<IProfileSettingsFactory> &&
                   !std::has_virtual_destructor_v<MHXConnectionSettings>);
+}
+
+template <class Settings>
+void ExpectSettingsOrder() {
+    ExpectConsecutive({SlotOf(&Settings::SetStrict), SlotOf(&Settings::IsStrict),
+                       SlotOf(&Settings::ReadTagged), SlotOf(&Settings::WriteTagged)},
+                      0);
+    static_assert(!std::has_virtual_destructor_v<Settings>);
+}
+
+TEST(InterfaceOrder, SettingsRecords) {
+    ExpectSettingsOrder<hx::MHXMeasurementSettings>();
+    ExpectSettingsOrder<hx::ZRDMeasurementSettings>();
+    using hx::MLaserProfileSettings;
+    ExpectConsecutive(
+        {SlotOf(&MLaserProfileSettings::ReadTagged), SlotOf(&MLaserProfileSettings::WriteTagged)},
+        kBehindDestructor);
+    static_assert(std::has_virtual_destructor_v<MLaserProfileSettings>);
 }
 
 }  // namespace
