@@ -11,7 +11,7 @@
 namespace hx {
 
 class StageSettingsLocation final : public SettingsObjectBase,
-                              public Streamable<StageSettingsLocation, 1, StreamableBase, 0> {
+                                    public Streamable<StageSettingsLocation, 1, StreamableBase, 0> {
 public:
     static const RecordType kType;
 

@@ -70,6 +70,26 @@ TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
     EXPECT_EQ(Run("inspect - --rewrite", usual).exit, 2);
 }
 
+TEST_F(Hxctl, InspectsADeviceInsideTheDocumentOfItsDriver) {
+    const std::string version = "<Version type=\"uint\">1</Version>\n";
+    const std::string capability =
+        "<Capability>\n<InternalName type=\"string\">a</InternalName>\n"
+        "<Configuration type=\"string\">b</Configuration>\n</Capability>\n";
+    const std::string device =
+        "<DeviceList>\n<Device>\n<CommonDeviceProperties>\n" + version +
+        "<InternalName type=\"string\"/>\n<ConfigurationIdentity type=\"string\"/>\n"
+        "<DisplayName type=\"string\">d</DisplayName>\n<Buttons>\n"
+        "<NumberOfButtons type=\"int\">0</NumberOfButtons>\n</Buttons>\n<ConfigurationList>\n" +
+        capability + "</ConfigurationList>\n</CommonDeviceProperties>\n</Device>\n</DeviceList>\n";
+    const std::string head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Properties>\n";
+    Check({{"inspect - --record MCommonDeviceProperties --rewrite", head + version + device + "</Properties>",
+            0, head + device + "</Properties>\n", ""}});
+    EXPECT_EQ(Run("inspect - --record MCommonDeviceProperties", head + device + "</Properties>").exit, 0);
+    EXPECT_NE(Read("stdout").find("\"ConfigurationList\": {\n      \"a\": \"b\"\n"), std::string::npos);
+    EXPECT_EQ(Run("inspect - --record MPropertiesHelper", head + version + device + "</Properties>").exit, 1);
+    EXPECT_NE(Read("stdout").find("\"codes\": \"MPropertiesHelper.ReadXML:ReadImpTagged"), std::string::npos);
+}
+
 TEST_F(Hxctl, TellsWhatADocumentOfUnknownKindHolds) {
     struct Case {
         const char* about;
