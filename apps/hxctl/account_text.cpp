@@ -51,6 +51,7 @@ public:
 private:
     void Record(const Json& record);
     void Fields(const Json& fields, size_t indent);
+    void Entries(const Json& list, size_t indent);
     void Field(const Json& field, size_t indent, size_t width);
 
     std::string m_text;
@@ -105,12 +106,15 @@ void Writer::Record(const Json& record) {
 
 void Writer::Fields(const Json& fields, size_t indent) {
     const size_t width = Width(fields);
-    size_t told = 0;
-    for (const Json& field : fields) {
-        if (!field.contains("name") && ++told > kManyEntries) continue;
-        Field(field, indent, width);
-    }
-    if (told > kManyEntries) Line(indent, {"and ", std::to_string(told - kManyEntries), " more"});
+    for (const Json& field : fields) Field(field, indent, width);
+}
+
+void Writer::Entries(const Json& list, size_t indent) {
+    const Json& entries = list["entries"];
+    const size_t told = std::min(entries.size(), kManyEntries);
+    for (size_t i = 0; i < told; ++i) Field(entries[i], indent, 0);
+    const auto count = list["count"].get<size_t>();
+    if (count > told) Line(indent, {"and ", std::to_string(count - told), " more"});
 }
 
 void Writer::Field(const Json& field, size_t indent, size_t width) {
@@ -122,16 +126,15 @@ void Writer::Field(const Json& field, size_t indent, size_t width) {
     if (field.contains("value")) line.append("  ").append(Value(field["value"]));
     add("class", "  ", "");
     if (field.contains("entries")) {
-        const size_t count = field["entries"].size();
+        const auto count = field["count"].get<size_t>();
         line.append("  ").append(std::to_string(count)).append(count == 1 ? " entry" : " entries");
     }
     add("unit", "  [", "]");
     add("note", "  (", ")");
     line.erase(line.find_last_not_of(' ') + 1);
     Line(indent, {line});
-    for (const char* inner : {"fields", "entries"}) {
-        if (field.contains(inner)) Fields(field[inner], indent + 4);
-    }
+    if (field.contains("fields")) Fields(field["fields"], indent + 4);
+    if (field.contains("entries")) Entries(field, indent + 4);
 }
 
 void Writer::Class(const Json& counted) {

@@ -28,6 +28,9 @@ bool Holds(hx::FieldRef field, std::wstring_view text) {
         field);
 }
 
+// Of a longer list the rest is counted.
+constexpr size_t kEntriesInFull = 100;
+
 std::string Shortened(std::wstring_view text) {
     constexpr size_t kShown = 40;
     return text.size() <= kShown ? hx::ToUtf8(text) : hx::ToUtf8(text.substr(0, kShown)) + "...";
@@ -191,14 +194,14 @@ void FieldTeller::TellContent(Json& entry, hx::FieldRef at, const DocumentElemen
         if (inner->type->make != nullptr) entry["class"] = hx::ToUtf8(inner->type->name);
         entry["fields"] = FieldsOf(*inner->type, inner->record, child, path);
     } else if (const auto* const list = std::get_if<hx::ListRef>(&at); list && list->type->entries) {
-        entry["entries"] = EntriesOf(*list, entries, path);
+        TellEntries(entry, *list, entries, path);
     } else {
         entry["value"] = JsonOf(at);
     }
 }
 
-Json FieldTeller::EntriesOf(hx::ListRef list, const std::vector<const DocumentElement*>& elements,
-                            const std::string& path) {
+void FieldTeller::TellEntries(Json& field, hx::ListRef list,
+                              const std::vector<const DocumentElement*>& elements, const std::string& path) {
     size_t count = 0;
     bool has_keys = false;
     list.type->each(list.list, [&](std::wstring_view key, hx::FieldRef) {
@@ -210,12 +213,14 @@ Json FieldTeller::EntriesOf(hx::ListRef list, const std::vector<const DocumentEl
     Json entries = Json::array();
     list.type->each(list.list, [&](std::wstring_view key, hx::FieldRef at) {
         const size_t number = entries.size();
+        if (number == kEntriesInFull) return;
         Json entry = Json::object();
         if (!key.empty()) entry["name"] = hx::ToUtf8(key);
         TellContent(entry, at, is_told ? elements[number] : nullptr, {}, Path(path, std::to_string(number)));
         entries.push_back(std::move(entry));
     });
-    return entries;
+    field["count"] = count;
+    field["entries"] = std::move(entries);
 }
 
 void FieldTeller::CollectUnknown(const Place& place, const std::string& path) {

@@ -40,8 +40,8 @@ private:
     // `entries`: where the document has those of a list.
     void TellContent(Json& entry, hx::FieldRef at, const DocumentElement* child,
                      const std::vector<const DocumentElement*>& entries, const std::string& path);
-    Json EntriesOf(hx::ListRef list, const std::vector<const DocumentElement*>& elements,
-                   const std::string& path);
+    void TellEntries(Json& field, hx::ListRef list, const std::vector<const DocumentElement*>& elements,
+                     const std::string& path);
     void CollectUnknown(const Place& place, const std::string& path);
 };
 
