@@ -82,14 +82,18 @@ bool ParseShortDouble(std::wstring_view text, double& value) {
 // As `parse` does; the number of characters that it took. 0 if there is no number, and `value` is unchanged.
 template <class T>
 size_t Scan(T (*parse)(const char*, const char**), std::wstring_view text, T& value) {
-    std::string narrow;
-    for (const wchar_t c : text) {
-        // No number has such a character, and a NUL would hide what follows it.
-        narrow += c > 0 && c < 128 ? static_cast<char>(c) : '?';
+    char kept[128];
+    std::string longer;
+    if (text.size() >= sizeof kept) longer.resize(text.size());
+    char* const narrow = text.size() < sizeof kept ? kept : longer.data();
+    for (size_t i = 0; i < text.size(); ++i) {
+        // No number has another character, and a NUL would hide what follows it.
+        narrow[i] = text[i] > 0 && text[i] < 128 ? static_cast<char>(text[i]) : '?';
     }
+    narrow[text.size()] = '\0';
     const char* end = nullptr;
-    const T parsed = parse(narrow.c_str(), &end);
-    const auto length = static_cast<size_t>(end - narrow.c_str());
+    const T parsed = parse(narrow, &end);
+    const auto length = static_cast<size_t>(end - narrow);
     if (length != 0) value = parsed;
     return length;
 }

@@ -21,7 +21,8 @@ void Join(std::wstring& error, std::wstring_view message) {
     error += message;
 }
 
-// True for the start tag <name attribute="value">, as a writer makes it.
+// True for the start tag <name attribute="value"> or <name attribute="value"/>, as a writer makes it;
+// `length` is the one without the slash.
 bool IsWrittenTag(const wchar_t* tag, size_t length, std::wstring_view name, std::wstring_view attribute,
                   std::wstring_view value) {
     if (length != name.size() + attribute.size() + value.size() + 6) return false;
@@ -114,9 +115,11 @@ bool MXmlDocument::FindNext(std::wstring_view name, std::wstring_view attribute,
     if (next == 0) return false;
     const Position before = m_position;
     m_position = {before.parent, next, kElementNode};
-    if (IsWrittenTag(m_text.data() + m_index.Start(next), m_index[next].start_tag_length, name, attribute,
+    const ElementRecord& record = m_index[next];
+    const uint32_t slash = (record.flags & kEmpty) != 0 ? 1 : 0;
+    if (IsWrittenTag(m_text.data() + m_index.Start(next), record.start_tag_length - slash, name, attribute,
                      value) ||
-        (IsElement(name) && GetAttribute(attribute) == value)) {
+        (IsElement(name) && IsAttribute(attribute, value))) {
         return true;
     }
     m_position = before;
@@ -171,6 +174,12 @@ std::wstring_view MXmlDocument::RawAttribute(std::wstring_view name) const {
     return {};
 }
 
+// Decoded only if there is something to decode: reading a value needs no memory.
+bool MXmlDocument::IsAttribute(std::wstring_view name, std::wstring_view value) const {
+    const std::wstring_view written = RawAttribute(name);
+    return written.find(L'&') == std::wstring_view::npos ? written == value : GetAttribute(name) == value;
+}
+
 std::wstring MXmlDocument::GetAttribute(std::wstring_view name) const {
     std::wstring value;
     AppendDecoded(value, RawAttribute(name));
@@ -194,6 +203,10 @@ std::wstring_view MXmlDocument::Content(std::wstring& scratch) const {
     if ((m_index[element].flags & kPlain) != 0) {
         const Range range = ContentRange(element);
         return {m_text.data() + range.begin, range.end - range.begin};
+    }
+    const std::wstring_view written = ElementContent();
+    if (written.find(L'<') == std::wstring_view::npos && written.find(L'&') == std::wstring_view::npos) {
+        return written;
     }
     scratch.clear();
     AppendContent(scratch, element);

@@ -158,6 +158,7 @@ private:
         return m_position.main != 0 ? m_position.main : FirstChild(m_position.parent);
     }
     uint32_t NextElement() const;
+    bool IsAttribute(std::wstring_view name, std::wstring_view value) const;
     bool AtOtherNode() const { return m_position.node_length != 0; }
     uint32_t EndOf(uint32_t element) const { return m_index.Start(element) + m_index[element].length; }
     Range ContentRange(uint32_t element) const;
