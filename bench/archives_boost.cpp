@@ -3,6 +3,7 @@
 #include <boost/archive/xml_iarchive.hpp>
 #include <boost/archive/xml_oarchive.hpp>
 
+#include "bench/plain_device.h"
 #include "bench/plain_profiles.h"
 
 namespace hx::bench {
@@ -19,5 +20,8 @@ void ReadBoost(typename Root::Text text, Root& root) {
 
 template std::string WriteBoost(const PlainProfiles<std::string>&);
 template void ReadBoost(std::string, PlainProfiles<std::string>&);
+template std::string WriteBoost(const PlainDeviceRead<std::string>&);
+template void ReadBoost(std::string, PlainDeviceRead<std::string>&);
+template std::string WriteBoost(const PlainDeviceWritten<std::string>&);
 
 }  // namespace hx::bench

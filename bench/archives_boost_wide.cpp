@@ -3,6 +3,7 @@
 #include <boost/archive/xml_wiarchive.hpp>
 #include <boost/archive/xml_woarchive.hpp>
 
+#include "bench/plain_device.h"
 #include "bench/plain_profiles.h"
 
 namespace hx::bench {
@@ -19,5 +20,8 @@ void ReadBoost(typename Root::Text text, Root& root) {
 
 template std::wstring WriteBoost(const PlainProfiles<std::wstring>&);
 template void ReadBoost(std::wstring, PlainProfiles<std::wstring>&);
+template std::wstring WriteBoost(const PlainDeviceRead<std::wstring>&);
+template void ReadBoost(std::wstring, PlainDeviceRead<std::wstring>&);
+template std::wstring WriteBoost(const PlainDeviceWritten<std::wstring>&);
 
 }  // namespace hx::bench

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "bench/archives.h"
+#include "bench/plain_device.h"
 #include "bench/plain_profiles.h"
 
 namespace hx::bench {
@@ -51,5 +52,8 @@ void ReadCereal(std::string text, Root& root) {
 
 template std::string WriteCereal(const PlainProfiles<std::string>&);
 template void ReadCereal(std::string, PlainProfiles<std::string>&);
+template std::string WriteCereal(const PlainDeviceRead<std::string>&);
+template void ReadCereal(std::string, PlainDeviceRead<std::string>&);
+template std::string WriteCereal(const PlainDeviceWritten<std::string>&);
 
 }  // namespace hx::bench
