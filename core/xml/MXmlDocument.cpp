@@ -102,12 +102,20 @@ uint32_t MXmlDocument::NextElement() const {
 
 bool MXmlDocument::FindElement(std::wstring_view name) {
     for (uint32_t element = NextElement(); element != 0; element = m_index[element].next) {
-        if (name.empty() || MatchesRequest(TagName(element), name, IgnoreCase())) {
+        if (name.empty() || IsBareTag(element, name) ||
+            MatchesRequest(TagName(element), name, IgnoreCase())) {
             m_position = {m_position.parent, element, kElementNode};
             return true;
         }
     }
     return false;
+}
+
+bool MXmlDocument::IsBareTag(uint32_t element, std::wstring_view name) const {
+    const ElementRecord& record = m_index[element];
+    const uint32_t slash = (record.flags & kEmpty) != 0 ? 1 : 0;
+    return record.start_tag_length - slash == name.size() + 2 &&
+           SameChars(m_text.data() + m_index.Start(element) + 1, name);
 }
 
 bool MXmlDocument::FindNext(std::wstring_view name, std::wstring_view attribute, std::wstring_view value) {
@@ -145,11 +153,6 @@ std::wstring_view MXmlDocument::Slice(uint32_t begin, uint32_t end) const {
 std::wstring_view MXmlDocument::TagName(uint32_t element) const {
     const uint32_t name = m_index.Start(element) + 1;
     return Slice(name, NameEnd(m_text.data(), name, static_cast<uint32_t>(m_text.size())));
-}
-
-MXmlDocument::Range MXmlDocument::ContentRange(uint32_t element) const {
-    const ElementRecord& record = m_index[element];
-    return {m_index.Start(element) + record.start_tag_length, EndOf(element) - record.end_tag_length};
 }
 
 std::wstring_view MXmlDocument::StartTag() const {
@@ -197,19 +200,13 @@ std::wstring MXmlDocument::GetElementContent() const {
     return std::wstring(ElementContent());
 }
 
-std::wstring_view MXmlDocument::Content(std::wstring& scratch) const {
-    const uint32_t element = Current();
-    if (element == 0) return {};
-    if ((m_index[element].flags & kPlain) != 0) {
-        const Range range = ContentRange(element);
-        return {m_text.data() + range.begin, range.end - range.begin};
-    }
+std::wstring_view MXmlDocument::ContentOtherwise(std::wstring& scratch) const {
     const std::wstring_view written = ElementContent();
     if (written.find(L'<') == std::wstring_view::npos && written.find(L'&') == std::wstring_view::npos) {
         return written;
     }
     scratch.clear();
-    AppendContent(scratch, element);
+    AppendContent(scratch, Current());
     return scratch;
 }
 
