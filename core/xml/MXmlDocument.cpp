@@ -14,7 +14,8 @@
 namespace hx {
 namespace {
 
-constexpr size_t kCharactersPerRecord = 64;
+// Settings documents have some 50 characters for each element.
+constexpr size_t kCharactersPerRecord = 48;
 
 void Join(std::wstring& error, std::wstring_view message) {
     if (!error.empty()) error += L", ";
