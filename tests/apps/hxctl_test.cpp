@@ -86,6 +86,22 @@ TEST_F(Hxctl, TakesSettingsThroughTheLibrary) {
         {"settings check --type 257 --json", "", 0,
          "{\"operation\":\"ReadXmlBstr\",\"hresult\":\"0x00000000\",\"name\":\"S_OK\"}\n", ""},
     });
+    // Measurement settings tell why, where reading raised an error.
+    const std::string empty_catalogue = Run("settings new --type 258").out;
+    const std::string codes = "CCoMHXMeasSettings.ReadXmlBstr ()";
+    const std::string cause = "MDeviceSettingsList.ReadImpTagged:Read ($category=";
+    Check({
+        {"settings check --type 258", "", 1, refused, reason},
+        {"settings convert --type 258 -", empty_catalogue, 1, "",
+         "hxctl: ReadXmlBstr answered E_FAIL (0x80004005)\nError codes:\n" + codes + "\n" + cause +
+             "\"DeviceType\")\n"},
+        {"settings check --type 258 - --json", empty_catalogue, 1,
+         "{\"operation\":\"ReadXmlBstr\",\"hresult\":\"0x80004005\",\"name\":\"E_FAIL\",\"error\":{"
+         "\"codes\":\"" +
+             codes + "\\n" + cause + "\\\"DeviceType\\\")\"}}\n",
+         "hxctl: ReadXmlBstr answered E_FAIL (0x80004005)\nError codes:\n" + codes + "\n" + cause +
+             "\"DeviceType\")\n"},
+    });
     EXPECT_TRUE(Run("settings new --type 257 --json")
                     .out.starts_with("{\"operation\":\"WriteXmlBstr\",\"hresult\":\"0x00000000\",\"name\":"
                                      "\"S_OK\",\"document\":\"<?xml"));
