@@ -24,7 +24,8 @@ TEXT
 TOOLS=(g++ cmake ninja-build)
 LIBRARIES=(libcli11-dev nlohmann-json3-dev libsqlite3-dev libicu-dev)
 TESTING=(libgtest-dev librapidcheck-dev binutils)
-BENCHING=(libpugixml-dev libtinyxml2-dev libexpat1-dev libxml2-dev libcereal-dev libboost-dev)
+BENCHING=(libpugixml-dev libtinyxml2-dev libexpat1-dev libxml2-dev libcereal-dev libboost-dev
+          libboost-serialization-dev)
 FUZZING=(clang libclang-rt-14-dev)
 LINTING=(clang-format clang-tidy git)
 

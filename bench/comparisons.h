@@ -34,5 +34,6 @@ void CompareInserting(Benchmark& benchmark);
 void CompareMemory(Benchmark& benchmark);
 void CompareLogging(Benchmark& benchmark);
 void CompareRegistry(Benchmark& benchmark);
+void CompareSettings(Benchmark& benchmark);
 
 }  // namespace hx::bench

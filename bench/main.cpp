@@ -1,6 +1,6 @@
-// hxbench: how fast the XML document, the tagged filers and the log are beside others. Prints tables; what
-// falls short of its target is told, not punished. Exit 0 done, 1 if a contender did something else than the
-// others, 2 usage.
+// hxbench: how fast the XML document, the tagged filers, the records and the log are beside others. Prints
+// tables; what falls short of its target is told, not punished. Exit 0 done, 1 if a contender did something
+// else than the others, 2 usage.
 #include <algorithm>
 #include <fstream>
 #include <iostream>
@@ -16,7 +16,8 @@ namespace hx::bench {
 namespace {
 
 constexpr char kUsage[] =
-    "usage: hxbench [--quick] [--markdown FILE] [--only parse,read,write,insert,memory,log,registry]\n";
+    "usage: hxbench [--quick] [--markdown FILE] [--only "
+    "parse,read,write,insert,memory,log,registry,settings]\n";
 
 struct Comparison {
     std::string name;
@@ -24,9 +25,9 @@ struct Comparison {
 };
 
 const Comparison kComparisons[] = {
-    {"parse", CompareParsing},     {"read", CompareReading},  {"write", CompareWriting},
-    {"insert", CompareInserting},  {"memory", CompareMemory}, {"log", CompareLogging},
-    {"registry", CompareRegistry},
+    {"parse", CompareParsing},     {"read", CompareReading},      {"write", CompareWriting},
+    {"insert", CompareInserting},  {"memory", CompareMemory},     {"log", CompareLogging},
+    {"registry", CompareRegistry}, {"settings", CompareSettings},
 };
 
 struct Options {

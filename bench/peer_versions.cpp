@@ -21,7 +21,8 @@ std::string Dotted(Numbers... numbers) {
 }  // namespace
 
 std::string PeerVersions() {
-    return "pugixml " + Dotted(PUGIXML_VERSION / 1000, PUGIXML_VERSION / 10 % 100) + ", rapidxml of Boost " +
+    return "pugixml " + Dotted(PUGIXML_VERSION / 1000, PUGIXML_VERSION / 10 % 100) +
+           ", rapidxml and Serialization of Boost " +
            Dotted(BOOST_VERSION / 100'000, BOOST_VERSION / 100 % 1000) + ", tinyxml2 " +
            Dotted(TIXML2_MAJOR_VERSION, TIXML2_MINOR_VERSION, TIXML2_PATCH_VERSION) + ", expat " +
            Dotted(XML_MAJOR_VERSION, XML_MINOR_VERSION, XML_MICRO_VERSION) + ", libxml2 " +

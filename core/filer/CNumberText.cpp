@@ -55,6 +55,12 @@ bool ParseShortDouble(std::wstring_view text, double& value) {
     const auto digit_at = [&](size_t place) { return static_cast<uint32_t>(text[place]) - L'0'; };
     const auto read_digits = [&] {
         const size_t first = at;
+        // Four at a time, as far as they go: one multiplication then waits for the other a quarter as often.
+        for (; at + 4 <= size; at += 4) {
+            const uint32_t a = digit_at(at), b = digit_at(at + 1), c = digit_at(at + 2), d = digit_at(at + 3);
+            if (a >= 10 || b >= 10 || c >= 10 || d >= 10) break;
+            mantissa = mantissa * 10'000 + (a * 1000 + b * 100 + c * 10 + d);
+        }
         for (; at < size && digit_at(at) < 10; ++at) mantissa = mantissa * 10 + digit_at(at);
         return static_cast<int>(at - first);
     };
@@ -65,7 +71,10 @@ bool ParseShortDouble(std::wstring_view text, double& value) {
         power = -read_digits();
         digits -= power;
     }
-    if (digits == 0 || digits > kMaxDigits || mantissa > kExactMantissa) return false;
+    if (digits == 0 || digits > kMaxDigits) return false;
+    // Writers fill up with zeros.
+    for (; mantissa > kExactMantissa && mantissa % 10 == 0; mantissa /= 10) ++power;
+    if (mantissa > kExactMantissa) return false;
     if (size - at == 4 && text[at] == L'e' && (text[at + 1] == L'+' || text[at + 1] == L'-') &&
         digit_at(at + 2) < 10 && digit_at(at + 3) < 10) {
         const auto exponent = static_cast<int>(digit_at(at + 2) * 10 + digit_at(at + 3));
@@ -82,14 +91,18 @@ bool ParseShortDouble(std::wstring_view text, double& value) {
 // As `parse` does; the number of characters that it took. 0 if there is no number, and `value` is unchanged.
 template <class T>
 size_t Scan(T (*parse)(const char*, const char**), std::wstring_view text, T& value) {
-    std::string narrow;
-    for (const wchar_t c : text) {
-        // No number has such a character, and a NUL would hide what follows it.
-        narrow += c > 0 && c < 128 ? static_cast<char>(c) : '?';
+    char kept[128];
+    std::string longer;
+    if (text.size() >= sizeof kept) longer.resize(text.size());
+    char* const narrow = text.size() < sizeof kept ? kept : longer.data();
+    for (size_t i = 0; i < text.size(); ++i) {
+        // No number has another character, and a NUL would hide what follows it.
+        narrow[i] = text[i] > 0 && text[i] < 128 ? static_cast<char>(text[i]) : '?';
     }
+    narrow[text.size()] = '\0';
     const char* end = nullptr;
-    const T parsed = parse(narrow.c_str(), &end);
-    const auto length = static_cast<size_t>(end - narrow.c_str());
+    const T parsed = parse(narrow, &end);
+    const auto length = static_cast<size_t>(end - narrow);
     if (length != 0) value = parsed;
     return length;
 }

@@ -1,5 +1,5 @@
 // Numbers as text by the rules of the "C" locale, for files and the registry: "." as decimal separator, no
-// grouping, whatever the host or the user has set. Only a text that is no usual number allocates. Any thread.
+// grouping, whatever the host or the user has set. Only a very long text allocates. Any thread.
 #pragma once
 
 #include <cstdint>

@@ -16,7 +16,7 @@ bool TaggedXmlReader::FindGroup(std::wstring_view tag) {
     if (!m_open) return false;
     const MXmlDocument::Position before = m_document.GetPosition();
     while (m_document.FindElement(tag)) {
-        if (m_document.RawAttribute(kTypeAttribute).empty()) return true;
+        if (m_document.IsBare(tag) || m_document.RawAttribute(kTypeAttribute).empty()) return true;
     }
     m_document.SetPosition(before);
     return false;

@@ -29,13 +29,13 @@ ElementIndex::Segment ElementIndex::NewSegment(uint32_t records) {
 
 void ElementIndex::Grow() {
     if (m_capacity % kSegmentSize != 0) {
-        // Only the first segment can be smaller than the rest; it grows once, to full size.
+        // Only the first segment can be smaller than the rest; it grows by doubling, up to full size.
         Segment& first = m_segments.front();
-        Segment whole = NewSegment(kSegmentSize);
-        std::copy_n(first.starts.get(), m_count, whole.starts.get());
-        std::copy_n(first.records.get(), m_count, whole.records.get());
-        first = std::move(whole);
-        m_capacity = kSegmentSize;
+        m_capacity = std::min(m_capacity * 2, kSegmentSize);
+        Segment larger = NewSegment(m_capacity);
+        std::copy_n(first.starts.get(), m_count, larger.starts.get());
+        std::copy_n(first.records.get(), m_count, larger.records.get());
+        first = std::move(larger);
         return;
     }
     if (m_segments.size() == kSegmentSize - 1) throw std::length_error("element index");

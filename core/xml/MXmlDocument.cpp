@@ -14,14 +14,16 @@
 namespace hx {
 namespace {
 
-constexpr size_t kCharactersPerRecord = 64;
+// Settings documents have some 50 characters for each element.
+constexpr size_t kCharactersPerRecord = 48;
 
 void Join(std::wstring& error, std::wstring_view message) {
     if (!error.empty()) error += L", ";
     error += message;
 }
 
-// True for the start tag <name attribute="value">, as a writer makes it.
+// True for the start tag <name attribute="value"> or <name attribute="value"/>, as a writer makes it;
+// `length` is the one without the slash.
 bool IsWrittenTag(const wchar_t* tag, size_t length, std::wstring_view name, std::wstring_view attribute,
                   std::wstring_view value) {
     if (length != name.size() + attribute.size() + value.size() + 6) return false;
@@ -101,7 +103,8 @@ uint32_t MXmlDocument::NextElement() const {
 
 bool MXmlDocument::FindElement(std::wstring_view name) {
     for (uint32_t element = NextElement(); element != 0; element = m_index[element].next) {
-        if (name.empty() || MatchesRequest(TagName(element), name, IgnoreCase())) {
+        if (name.empty() || IsBareTag(element, name) ||
+            MatchesRequest(TagName(element), name, IgnoreCase())) {
             m_position = {m_position.parent, element, kElementNode};
             return true;
         }
@@ -109,14 +112,23 @@ bool MXmlDocument::FindElement(std::wstring_view name) {
     return false;
 }
 
+bool MXmlDocument::IsBareTag(uint32_t element, std::wstring_view name) const {
+    const ElementRecord& record = m_index[element];
+    const uint32_t slash = (record.flags & kEmpty) != 0 ? 1 : 0;
+    return record.start_tag_length - slash == name.size() + 2 &&
+           SameChars(m_text.data() + m_index.Start(element) + 1, name);
+}
+
 bool MXmlDocument::FindNext(std::wstring_view name, std::wstring_view attribute, std::wstring_view value) {
     const uint32_t next = NextElement();
     if (next == 0) return false;
     const Position before = m_position;
     m_position = {before.parent, next, kElementNode};
-    if (IsWrittenTag(m_text.data() + m_index.Start(next), m_index[next].start_tag_length, name, attribute,
+    const ElementRecord& record = m_index[next];
+    const uint32_t slash = (record.flags & kEmpty) != 0 ? 1 : 0;
+    if (IsWrittenTag(m_text.data() + m_index.Start(next), record.start_tag_length - slash, name, attribute,
                      value) ||
-        (IsElement(name) && GetAttribute(attribute) == value)) {
+        (IsElement(name) && IsAttribute(attribute, value))) {
         return true;
     }
     m_position = before;
@@ -144,11 +156,6 @@ std::wstring_view MXmlDocument::TagName(uint32_t element) const {
     return Slice(name, NameEnd(m_text.data(), name, static_cast<uint32_t>(m_text.size())));
 }
 
-MXmlDocument::Range MXmlDocument::ContentRange(uint32_t element) const {
-    const ElementRecord& record = m_index[element];
-    return {m_index.Start(element) + record.start_tag_length, EndOf(element) - record.end_tag_length};
-}
-
 std::wstring_view MXmlDocument::StartTag() const {
     const uint32_t element = Current();
     if (element == 0) return {};
@@ -171,6 +178,12 @@ std::wstring_view MXmlDocument::RawAttribute(std::wstring_view name) const {
     return {};
 }
 
+// Decoded only if there is something to decode: reading a value needs no memory.
+bool MXmlDocument::IsAttribute(std::wstring_view name, std::wstring_view value) const {
+    const std::wstring_view written = RawAttribute(name);
+    return written.find(L'&') == std::wstring_view::npos ? written == value : GetAttribute(name) == value;
+}
+
 std::wstring MXmlDocument::GetAttribute(std::wstring_view name) const {
     std::wstring value;
     AppendDecoded(value, RawAttribute(name));
@@ -188,15 +201,13 @@ std::wstring MXmlDocument::GetElementContent() const {
     return std::wstring(ElementContent());
 }
 
-std::wstring_view MXmlDocument::Content(std::wstring& scratch) const {
-    const uint32_t element = Current();
-    if (element == 0) return {};
-    if ((m_index[element].flags & kPlain) != 0) {
-        const Range range = ContentRange(element);
-        return {m_text.data() + range.begin, range.end - range.begin};
+std::wstring_view MXmlDocument::ContentOtherwise(std::wstring& scratch) const {
+    const std::wstring_view written = ElementContent();
+    if (written.find(L'<') == std::wstring_view::npos && written.find(L'&') == std::wstring_view::npos) {
+        return written;
     }
     scratch.clear();
-    AppendContent(scratch, element);
+    AppendContent(scratch, Current());
     return scratch;
 }
 

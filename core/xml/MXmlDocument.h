@@ -121,10 +121,19 @@ public:
     std::wstring_view StartTag() const;
     // True if the element matches a request for `name`.
     bool IsElement(std::wstring_view name) const;
+    // True if that name is all that the start tag holds.
+    bool IsBare(std::wstring_view name) const {
+        return m_position.main != 0 && IsBareTag(m_position.main, name);
+    }
     // The attribute's value as it is written, references not decoded.
     std::wstring_view RawAttribute(std::wstring_view name) const;
     // As GetContent, without a copy where the text holds it as it is; else through `scratch`.
-    std::wstring_view Content(std::wstring& scratch) const;
+    std::wstring_view Content(std::wstring& scratch) const {
+        const uint32_t element = m_position.main;
+        if (element == 0 || (m_index[element].flags & kPlain) == 0) return ContentOtherwise(scratch);
+        const Range range = ContentRange(element);
+        return {m_text.data() + range.begin, range.end - range.begin};
+    }
     // As GetElementContent, without a copy.
     std::wstring_view ElementContent() const;
 
@@ -158,9 +167,15 @@ private:
         return m_position.main != 0 ? m_position.main : FirstChild(m_position.parent);
     }
     uint32_t NextElement() const;
+    bool IsAttribute(std::wstring_view name, std::wstring_view value) const;
     bool AtOtherNode() const { return m_position.node_length != 0; }
     uint32_t EndOf(uint32_t element) const { return m_index.Start(element) + m_index[element].length; }
-    Range ContentRange(uint32_t element) const;
+    bool IsBareTag(uint32_t element, std::wstring_view name) const;
+    Range ContentRange(uint32_t element) const {
+        const ElementRecord& record = m_index[element];
+        return {m_index.Start(element) + record.start_tag_length, EndOf(element) - record.end_tag_length};
+    }
+    std::wstring_view ContentOtherwise(std::wstring& scratch) const;
     std::wstring_view Slice(uint32_t begin, uint32_t end) const;
     std::wstring_view TagName(uint32_t element) const;
     uint32_t NodeAt(uint32_t at, uint32_t end, uint32_t& node_end) const;

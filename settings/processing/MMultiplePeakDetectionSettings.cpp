@@ -35,11 +35,13 @@ private:
     size_t m_digits;
 };
 
-// The size is what a document claims: nothing is made before it is found.
+// The size is what a document claims: no more than a few entries are made before they are found.
 bool ReadEntries(std::vector<double>& entries, std::wstring_view list, int32_t size,
                  MFilerTaggedPair& filer) {
     EntryName name(list);
     const size_t count = static_cast<size_t>(std::max(size, 0));
+    constexpr size_t kFew = 64;
+    entries.reserve(std::min(count, kFew));
     for (size_t index = 0; index < count; ++index) {
         double entry = 0;
         const bool answer = filer.Read(name.Of(index), entry, 0.0);
