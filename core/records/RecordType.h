@@ -2,6 +2,7 @@
 // fields, and its read and write operations. Each class has one as its static member kType. Any thread.
 #pragma once
 
+#include <concepts>
 #include <memory>
 #include <span>
 
@@ -23,7 +24,7 @@ struct RecordType {
     std::string_view purpose;  // one sentence, for people
 
     // ReadTagged and WriteTagged of the class; null for an element that is read and written by its table
-    // alone.
+    // alone. Writing fails for a class without WriteTagged.
     bool (*read)(void* record, MFilerTaggedPair& filer, std::wstring_view element, const void* defaults);
     bool (*write)(const void* record, MFilerTaggedPair& filer, std::wstring_view element);
     // A new record; null for an element that has no class of its own: its fields are the owner's.
@@ -32,6 +33,12 @@ struct RecordType {
     bool (*is_valid)(const void* record, uint32_t flag) = nullptr;
     // The version that was read last; null for a class that does not keep it.
     FieldRef (*version_at)(void* record) = nullptr;
+};
+
+// A class that is only ever read has no WriteTagged.
+template <class R>
+concept WritableRecord = requires(const R& record, MFilerTaggedPair& filer, std::wstring_view element) {
+    { record.WriteTagged(filer, element) } -> std::same_as<bool>;
 };
 
 // The type of class R, whose ReadTagged takes a record of the same class as defaults.
@@ -47,7 +54,11 @@ constexpr RecordType RecordTypeOf(std::wstring_view name, RecordVersion version,
             return static_cast<R*>(record)->ReadTagged(filer, element, *static_cast<const R*>(defaults));
         },
         [](const void* record, MFilerTaggedPair& filer, std::wstring_view element) {
-            return static_cast<const R*>(record)->WriteTagged(filer, element);
+            if constexpr (WritableRecord<R>) {
+                return static_cast<const R*>(record)->WriteTagged(filer, element);
+            } else {
+                return false;
+            }
         },
         []() -> std::shared_ptr<void> { return std::make_shared<R>(); },
     };

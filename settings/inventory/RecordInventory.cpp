@@ -6,6 +6,8 @@
 #include "core/filer/TaggedXml.h"
 #include "settings/connection/MHXConnectionSettings.h"
 #include "settings/measurement/MHXMeasurementSettings.h"
+#include "settings/measurement/MTriggerSettings.h"
+#include "settings/measurement/ZRDMeasurementSettings.h"
 #include "settings/profile/MLaserProfileSettings.h"
 
 namespace hx {
@@ -15,6 +17,8 @@ constexpr InventoryRow kRows[] = {
     {&MHXConnectionSettings::kType, MHXConnectionSettings::kElement, kTaggedXmlRoot},
     {&MLaserProfileSettings::kType, L"LaserProfileSettings", kTaggedXmlRoot},
     {&MHXMeasurementSettings::kType, L"HXMeasurementSettings", kTaggedXmlRoot},
+    {&ZRDMeasurementSettings::kType, L"ZRDMeasurementSettings", kTaggedXmlRoot},
+    {&MTriggerSettings::kType, L"TriggerSettingsFromLocaliser", kTaggedXmlRoot},
 };
 
 }  // namespace
