@@ -74,8 +74,8 @@ struct RecordOps {
         return RecordRef{&(static_cast<R*>(record)->*kMember), &Member::kType};
     }
     static bool Read(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer) {
-        return (static_cast<R*>(record)->*kMember)
-            .ReadTagged(filer, field.child, static_cast<const R*>(fallback)->*kMember);
+        return ReadRecord(static_cast<R*>(record)->*kMember, filer, field.child,
+                          static_cast<const R*>(fallback)->*kMember);
     }
     static bool Write(const Field& field, const void* record, MFilerTaggedPair& filer) {
         return (static_cast<const R*>(record)->*kMember).WriteTagged(filer, field.child);

@@ -41,7 +41,17 @@ concept WritableRecord = requires(const R& record, MFilerTaggedPair& filer, std:
     { record.WriteTagged(filer, element) } -> std::same_as<bool>;
 };
 
-// The type of class R, whose ReadTagged takes a record of the same class as defaults.
+// R's ReadTagged, whether or not it takes a record of the same class as defaults.
+template <class R>
+bool ReadRecord(R& record, MFilerTaggedPair& filer, std::wstring_view element, const R& defaults) {
+    if constexpr (requires { record.ReadTagged(filer, element, defaults); }) {
+        return record.ReadTagged(filer, element, defaults);
+    } else {
+        return record.ReadTagged(filer, element);
+    }
+}
+
+// The type of class R.
 template <class R>
 constexpr RecordType RecordTypeOf(std::wstring_view name, RecordVersion version,
                                   std::span<const Field> fields, std::string_view purpose) {
@@ -51,7 +61,7 @@ constexpr RecordType RecordTypeOf(std::wstring_view name, RecordVersion version,
         fields,
         purpose,
         [](void* record, MFilerTaggedPair& filer, std::wstring_view element, const void* defaults) {
-            return static_cast<R*>(record)->ReadTagged(filer, element, *static_cast<const R*>(defaults));
+            return ReadRecord(*static_cast<R*>(record), filer, element, *static_cast<const R*>(defaults));
         },
         [](const void* record, MFilerTaggedPair& filer, std::wstring_view element) {
             if constexpr (WritableRecord<R>) {

@@ -4,8 +4,10 @@
 #include <iterator>
 
 #include "core/filer/TaggedXml.h"
+#include "settings/catalogue/MDeviceType.h"
 #include "settings/connection/MHXConnectionSettings.h"
 #include "settings/measurement/MHXMeasurementSettings.h"
+#include "settings/measurement/MScanningMeasurementFacetSettings.h"
 #include "settings/measurement/MTriggerSettings.h"
 #include "settings/measurement/ZRDMeasurementSettings.h"
 #include "settings/profile/MLaserProfileSettings.h"
@@ -19,6 +21,18 @@ constexpr InventoryRow kRows[] = {
     {&MHXMeasurementSettings::kType, L"HXMeasurementSettings", kTaggedXmlRoot},
     {&ZRDMeasurementSettings::kType, L"ZRDMeasurementSettings", kTaggedXmlRoot},
     {&MTriggerSettings::kType, L"TriggerSettingsFromLocaliser", kTaggedXmlRoot},
+    {&MScanningMeasurementFacetSettings::kType, MScanningMeasurementFacetSettings::kElement, kTaggedXmlRoot},
+    {&MDeviceMeasurementSettings::kType, L"DeviceMeasurementSettings", kTaggedXmlRoot},
+    {&StageSettingsLocation::kType, L"Stage2DSettings", kTaggedXmlRoot},
+    {&MScanEngineProcessingSettings::kType, L"ScanEngineProcessingSettings", kTaggedXmlRoot},
+    {&MDeviceSettingsList::kType, L"DeviceSettingsList", kTaggedXmlRoot},
+    {&MDeviceType::kType, L"DeviceType", kTaggedXmlRoot},
+    {&MSupportedDevices::kType, L"SupportedDevices", kTaggedXmlRoot},
+    {&MDeviceModel::kType, L"DeviceModel", kTaggedXmlRoot},
+    {&MSupportedConfigurationCapabilities::kType, L"SupportedCapabilities", kTaggedXmlRoot},
+    {&MConfigurationCapability::kType, L"Capability", kTaggedXmlRoot},
+    {&MSupportedConfigurations::kType, L"SupportedConfigurations", kTaggedXmlRoot},
+    {&MConfiguration::kType, L"Configuration", kTaggedXmlRoot},
 };
 
 }  // namespace

@@ -36,6 +36,7 @@ bool MHXMeasurementSettings::IsValid(uint32_t index) const {
 
 bool MHXMeasurementSettings::ReadTagged(MFilerTaggedPair& filer, std::wstring_view element,
                                         const MHXMeasurementSettings& defaults) {
+    m_version_accepted = false;
     return InGroup(filer, element, [&] { return ReadImpTagged(filer, defaults); });
 }
 
@@ -48,6 +49,7 @@ bool MHXMeasurementSettings::ReadImpTagged(MFilerTaggedPair& filer, const MHXMea
     SetAllValid(false);
     int32_t version = 0;
     if (!ReadVersion(filer, version, 0, static_cast<int32_t>(kType.version.current))) return false;
+    m_version_accepted = true;
     return ReadFlagged(kFields, this, &defaults, filer, version, m_valid);
 }
 

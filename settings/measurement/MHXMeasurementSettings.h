@@ -24,6 +24,8 @@ public:
     // What is not valid is written as the reference copy has it.
     virtual bool WriteTagged(MFilerTaggedPair& filer, std::wstring_view element) const;
 
+    // Whether the last read found the element, and in it a version that it knows.
+    bool VersionAccepted() const { return m_version_accepted; }
     // Whether the value of that index came from the last document; true in a new record. Raises "OutofRange"
     // for an index greater than 40.
     bool IsValid(uint32_t index) const;
@@ -39,6 +41,7 @@ private:
     bool ReadImpTagged(MFilerTaggedPair& filer, const MHXMeasurementSettings& defaults);
     bool WriteImpTagged(MFilerTaggedPair& filer) const;
 
+    bool m_version_accepted = false;
     ValidityFlags m_valid = ~ValidityFlags();
     ReferenceCopy<MHXMeasurementSettings> m_reference;
 };

@@ -1,0 +1,36 @@
+// What the scan engine does with the scanned lines. Held by a device's measurement settings; any one thread
+// at a time.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/records/ReferenceCopy.h"
+#include "settings/base/SettingsObjectBase.h"
+
+namespace hx {
+
+class MScanEngineProcessingSettings : public SettingsObjectBase {
+public:
+    static const RecordType kType;
+
+    MScanEngineProcessingSettings();
+
+    // Reads group `element` straight into the members, each that its version has. A missing version counts as
+    // the newest and makes the read fail; a newer one changes nothing. `defaults` is kept as the reference
+    // copy.
+    virtual bool ReadTagged(MFilerTaggedPair& filer, std::wstring_view element,
+                            const MScanEngineProcessingSettings& defaults);
+    virtual bool WriteTagged(MFilerTaggedPair& filer, std::wstring_view element) const;
+
+    void DropReference();
+
+    std::wstring ModuleName;  // the module of the engine
+
+private:
+    bool ReadImpTagged(MFilerTaggedPair& filer, const MScanEngineProcessingSettings& defaults);
+
+    ReferenceCopy<MScanEngineProcessingSettings> m_reference;
+};
+
+}  // namespace hx
