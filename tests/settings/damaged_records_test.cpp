@@ -33,9 +33,10 @@ protected:
             SCOPED_TRACE(document.path.string());
             const std::string bytes = BytesOf(document.path);
             const hx::RecordType& type = *document.row->type;
+            const std::wstring current = CurrentDocument(*document.row);
             const auto defaults = type.make();
             const auto before = type.make();
-            ReadRecord(*document.row, CurrentDocument(*document.row), before.get(), defaults.get());
+            ReadRecord(*document.row, current, before.get(), defaults.get());
             const Json listed = hxctl::FieldsOf(type, before.get());
             // All of a short document; of a long one as many, at a distance that meets all bits of a byte.
             constexpr size_t kPlaces = 400;
@@ -46,7 +47,7 @@ protected:
                 const auto text = hx::DecodeTextFile(damage(bytes, place));
                 if (!text) continue;
                 const auto record = type.make();
-                ReadRecord(*document.row, CurrentDocument(*document.row), record.get(), defaults.get());
+                ReadRecord(*document.row, current, record.get(), defaults.get());
                 const ReadOutcome outcome = ReadRecord(*document.row, *text, record.get(), defaults.get());
                 ++reads;
                 WriteRecord(*document.row, record.get());
