@@ -35,12 +35,6 @@ struct RecordType {
     FieldRef (*version_at)(void* record) = nullptr;
 };
 
-// A class that is only ever read has no WriteTagged.
-template <class R>
-concept WritableRecord = requires(const R& record, MFilerTaggedPair& filer, std::wstring_view element) {
-    { record.WriteTagged(filer, element) } -> std::same_as<bool>;
-};
-
 // R's ReadTagged, whether or not it takes a record of the same class as defaults.
 template <class R>
 bool ReadRecord(R& record, MFilerTaggedPair& filer, std::wstring_view element, const R& defaults) {
@@ -50,6 +44,12 @@ bool ReadRecord(R& record, MFilerTaggedPair& filer, std::wstring_view element, c
         return record.ReadTagged(filer, element);
     }
 }
+
+// A class that is only ever read has no WriteTagged.
+template <class R>
+concept WritableRecord = requires(const R& record, MFilerTaggedPair& filer, std::wstring_view element) {
+    { record.WriteTagged(filer, element) } -> std::same_as<bool>;
+};
 
 // The type of class R.
 template <class R>

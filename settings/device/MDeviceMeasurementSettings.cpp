@@ -102,10 +102,11 @@ constexpr Field kFields[] = {
     F::Record<&Device::Stage3DSettings>(L"Stage3DSettings").In(kWithPipeline),
     F::Element<kScanPipeline>(L"ScanPipeline").In(kWithPipeline),
     F::Record<&Device::ScanEngine>(L"ScanEngineProcessingSettings").In(kWithPipeline),
+    Hardware<&Device::ZRD, 1>(L"ZRDMeasurementSettings"),
     Hardware<&Device::HX, 2>(L"HXMeasurementSettings"),
 };
 // The hardware settings stand at the end; missing, they are taken from the defaults in any case.
-constexpr size_t kHardwareRows = 1;
+constexpr size_t kHardwareRows = 2;
 
 }  // namespace
 
@@ -127,6 +128,7 @@ void MDeviceMeasurementSettings::SetStrict(bool strict) {
     StageAlignmentSettings.SetStrict(strict);
     Stage3DSettings.SetStrict(strict);
     ScanEngine.SetStrict(strict);
+    ZRD.SetStrict(strict);
     HX.SetStrict(strict);
     SettingsObjectBase::SetStrict(strict);
 }
@@ -134,6 +136,7 @@ void MDeviceMeasurementSettings::SetStrict(bool strict) {
 void MDeviceMeasurementSettings::DropReference() {
     m_reference.Drop();
     ScanEngine.DropReference();
+    ZRD.DropReference();
     HX.DropReference();
 }
 

@@ -9,6 +9,7 @@
 #include "settings/device/MScanEngineProcessingSettings.h"
 #include "settings/device/StageSettingsLocation.h"
 #include "settings/measurement/MHXMeasurementSettings.h"
+#include "settings/measurement/ZRDMeasurementSettings.h"
 
 namespace hx {
 
@@ -39,6 +40,7 @@ public:
     StageSettingsLocation StageAlignmentSettings;
     StageSettingsLocation Stage3DSettings;
     MScanEngineProcessingSettings ScanEngine;
+    ZRDMeasurementSettings ZRD;
     MHXMeasurementSettings HX;
     int32_t Version = 2;  // that of the element read last
 
