@@ -44,7 +44,7 @@ using FieldDefault = std::variant<std::monostate, bool, int64_t, double, const w
 struct FieldOps {
     std::wstring_view type;  // the type word, or the class of a record or a list's entry
     uint8_t bits;            // of an integer; 0: none
-    // Null for what is read and dropped.
+    // Null for what is read and dropped, and for the former name of another row's field.
     FieldRef (*at)(void* record);
     // True if the document has it.
     bool (*read)(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer);

@@ -56,6 +56,14 @@ struct ValueOps {
     static constexpr FieldOps kOps{TaggedType<Stream>::kWord, IntegerBits<Stream>(), &At, &Read, &Write};
 };
 
+// A value under its former name: read into its field, which its present row lists and writes.
+template <class R, auto kMember>
+struct FormerOps {
+    using Ops = ValueOps<R, kMember, typename MemberOf<decltype(kMember)>::type>;
+
+    static constexpr FieldOps kOps{Ops::kOps.type, Ops::kOps.bits, nullptr, &Ops::Read, nullptr};
+};
+
 template <class Stream>
 struct RetiredOps {
     static bool Read(const Field& field, void*, const void*, MFilerTaggedPair& filer) {
@@ -124,6 +132,11 @@ struct FieldsOf {
     template <auto kMember, class Stream = typename detail::MemberOf<decltype(kMember)>::type>
     static constexpr Field Value(std::wstring_view child, FieldDefault fallback, std::string_view unit = {}) {
         return {child, &detail::ValueOps<R, kMember, Stream>::kOps, fallback, unit};
+    }
+    // The name that a value had in old versions; its present row tells the rest.
+    template <auto kMember>
+    static constexpr Field Former(std::wstring_view child, VersionSet versions, std::string_view now) {
+        return {child, &detail::FormerOps<R, kMember>::kOps, {}, now, versions};
     }
     // A value of old versions: read, so that what follows it is found, and dropped.
     template <class Stream>

@@ -10,6 +10,9 @@
 #include "settings/measurement/MScanningMeasurementFacetSettings.h"
 #include "settings/measurement/MTriggerSettings.h"
 #include "settings/measurement/ZRDMeasurementSettings.h"
+#include "settings/processing/MDualQuaternionInterpolatorSettings.h"
+#include "settings/processing/MProcessingSettings.h"
+#include "settings/processing/MSpoilerSettings.h"
 #include "settings/profile/MLaserProfileSettings.h"
 
 namespace hx {
@@ -33,6 +36,19 @@ constexpr InventoryRow kRows[] = {
     {&MConfigurationCapability::kType, L"Capability", kTaggedXmlRoot},
     {&MSupportedConfigurations::kType, L"SupportedConfigurations", kTaggedXmlRoot},
     {&MConfiguration::kType, L"Configuration", kTaggedXmlRoot},
+    {&MProcessingSettings::kType, L"ProcessingSettings", kTaggedXmlRoot},
+    {&MInterpolatorSettings::kType, L"InterpolatorSettings", kTaggedXmlRoot},
+    {&MColumnInterpolatorSettings::kType, L"MaxIntensitySettings", kTaggedXmlRoot},
+    {&MColumnInterpolatorMaxIntensitySettings::kType, L"MaxIntensitySettings", kTaggedXmlRoot},
+    {&MColumnInterpolatorWeighedAverageSettings::kType, L"MaxIntensitySettings", kTaggedXmlRoot},
+    {&MImageInterpolatorSettings::kType, L"ImageInterpolatorSettings", kTaggedXmlRoot},
+    {&MSpeckleSettings::kType, L"SpeckleSettings", kTaggedXmlRoot},
+    {&MMultiplePeakDetectionSettings::kType, L"MultiplePeakDetectionSettings", kTaggedXmlRoot},
+    {&MReflectionFilterSettings::kType, L"ReflectionFilterSettings", kTaggedXmlRoot},
+    {&MFilterSettings::kType, L"FilterSettings", kTaggedXmlRoot},
+    {&MSpeckle3DSettings::kType, L"Speckle3DSettings", kTaggedXmlRoot},
+    {&MSpoilerSettings::kType, L"SpoilerFilterSettings", kTaggedXmlRoot},
+    {&MDualQuaternionInterpolatorSettings::kType, L"DualQuaternionInterpolatorSettings", kTaggedXmlRoot},
 };
 
 }  // namespace
