@@ -4,6 +4,7 @@
 #include "core/errors/MException.h"
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/MOutFilerTaggedXml.h"
+#include "core/records/InGroup.h"
 #include "platform/system/utf8.h"
 #include "settings/inventory/RecordInventory.h"
 
@@ -22,6 +23,8 @@ bool ReadRecord(std::wstring text, const hx::InventoryRow& row, std::wstring_vie
                 const void* defaults) {
     hx::MInFilerTaggedXml reader(std::move(text), row.root);
     hx::MFilerTaggedPair filer(reader);
+    // Not there, it leaves a record found that stands in the root.
+    if (!row.group.empty()) filer.BeginGroup(row.group);
     return row.type->read(record, filer, element, defaults);
 }
 
@@ -42,7 +45,9 @@ Inspection Inspect(std::wstring text, const hx::InventoryRow& row, std::wstring_
     inspection.valid = ValidFieldsOf(*row.type, record.get());
     hx::MOutFilerTaggedXml writer(row.root);
     hx::MFilerTaggedPair filer(writer);
-    if (row.type->write(record.get(), filer, element)) inspection.rewritten = writer.TakeText();
+    const auto write = [&] { return row.type->write(record.get(), filer, element); };
+    const bool written = row.group.empty() ? write() : hx::InGroup(filer, row.group, write);
+    if (written) inspection.rewritten = writer.TakeText();
     return inspection;
 }
 

@@ -11,16 +11,17 @@ namespace {
 Json ValueOf(hx::FieldRef field);
 
 Json ListOf(hx::ListRef list) {
-    Json entries = Json::array();
-    Json keyed = Json::object();
+    // Records tell their keys themselves.
+    const bool has_keys = list.type->renew == nullptr && list.type->entries == nullptr;
+    Json entries = has_keys ? Json::object() : Json::array();
     list.type->each(list.list, [&](std::wstring_view key, hx::FieldRef entry) {
-        if (key.empty() || list.type->entries != nullptr) {
-            entries.push_back(ValueOf(entry));
+        if (has_keys) {
+            entries[hx::ToUtf8(key)] = ValueOf(entry);
         } else {
-            keyed[hx::ToUtf8(key)] = ValueOf(entry);
+            entries.push_back(ValueOf(entry));
         }
     });
-    return keyed.empty() ? entries : keyed;
+    return entries;
 }
 
 struct ToJson {

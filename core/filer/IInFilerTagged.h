@@ -33,6 +33,13 @@ public:
     virtual bool EndGroup() = 0;
     // Gives the next group of that name as a document of its own; `document` is empty on failure.
     virtual bool ExtractGroup(std::wstring_view tag, std::wstring& document) = 0;
+
+    // False if what was last read or entered is not there and the reader answered true nevertheless, as one
+    // does to which everything is optional: whoever reads until nothing is left asks for it, too.
+    bool Found() const { return m_found; }
+
+protected:
+    bool m_found = true;
 };
 
 }  // namespace hx

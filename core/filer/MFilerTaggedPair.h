@@ -37,6 +37,7 @@ public:
         return m_in != nullptr && m_in->Read(tag, value, fallback);
     }
     bool ExtractGroup(std::wstring_view tag, std::wstring& document);
+    bool Found() const { return m_in != nullptr && m_in->Found(); }
 
     // To the writer; false without one.
     template <class T>

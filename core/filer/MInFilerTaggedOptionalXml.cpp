@@ -9,7 +9,8 @@ MInFilerTaggedOptionalXml::MInFilerTaggedOptionalXml(std::wstring text, std::wst
     : m_reader(std::move(text), root, name_space) {}
 
 bool MInFilerTaggedOptionalXml::BeginGroup(std::wstring_view tag) {
-    m_groups.push_back(m_reader.BeginGroup(tag));
+    m_found = m_reader.BeginGroup(tag);
+    m_groups.push_back(m_found);
     return true;
 }
 

@@ -25,7 +25,8 @@ private:
     friend TypedReads;
     template <class T>
     bool ReadValue(std::wstring_view tag, T& value, const T& fallback) {
-        if (!m_reader.Read(tag, value)) value = fallback;
+        m_found = m_reader.Read(tag, value);
+        if (!m_found) value = fallback;
         return true;
     }
 

@@ -92,16 +92,22 @@ struct RecordOps {
     static constexpr FieldOps kOps{{}, 0, &At, &Read, &Write};
 };
 
-template <class R, const RecordType& kElement>
+template <class R, class Owner, const RecordType& kElement>
 struct ElementOps {
-    static FieldRef At(void* record) { return RecordRef{static_cast<R*>(record), &kElement}; }
+    static FieldRef At(void* record) {
+        Owner* const owner = static_cast<R*>(record);
+        return RecordRef{owner, &kElement};
+    }
     static bool Read(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer) {
-        return kElement.read == nullptr ? ReadElement(kElement, record, fallback, filer, field.child)
-                                        : kElement.read(record, filer, field.child, fallback);
+        Owner* const owner = static_cast<R*>(record);
+        const Owner* const defaults = static_cast<const R*>(fallback);
+        return kElement.read == nullptr ? ReadElement(kElement, owner, defaults, filer, field.child)
+                                        : kElement.read(owner, filer, field.child, defaults);
     }
     static bool Write(const Field& field, const void* record, MFilerTaggedPair& filer) {
-        return kElement.write == nullptr ? WriteElement(kElement, record, filer, field.child)
-                                         : kElement.write(record, filer, field.child);
+        const Owner* const owner = static_cast<const R*>(record);
+        return kElement.write == nullptr ? WriteElement(kElement, owner, filer, field.child)
+                                         : kElement.write(owner, filer, field.child);
     }
 
     static constexpr FieldOps kOps{{}, 0, &At, &Read, &Write};
@@ -149,10 +155,10 @@ struct FieldsOf {
         return {child, &detail::RecordOps<R, kMember>::kOps, {}, {}};
     }
     // An element without a class of its own: its children are fields of this record, and its table is made by
-    // FieldsOf<R>, too.
-    template <const RecordType& kElement>
+    // FieldsOf<Owner>: this class, or the base that the fields are of.
+    template <const RecordType& kElement, class Owner = R>
     static constexpr Field Element(std::wstring_view child) {
-        return {child, &detail::ElementOps<R, kElement>::kOps, {}, {}};
+        return {child, &detail::ElementOps<R, Owner, kElement>::kOps, {}, {}};
     }
     // An XmlFragment.
     template <auto kMember>

@@ -62,8 +62,14 @@ bool WriteElement(const RecordType& type, const void* record, MFilerTaggedPair& 
 
 void SetDefaults(std::span<const Field> fields, void* record) {
     for (const Field& field : fields) {
-        if (field.ops->at == nullptr || field.fallback.index() == 0) continue;
-        std::visit(Assign{field.fallback}, field.ops->at(record));
+        if (field.ops->at == nullptr) continue;
+        const FieldRef at = field.ops->at(record);
+        if (const auto* const inner = std::get_if<RecordRef>(&at)) {
+            // The children of an element without a class of its own are values of this record.
+            if (inner->type->make == nullptr) SetDefaults(inner->type->fields, inner->record);
+        } else if (field.fallback.index() != 0) {
+            std::visit(Assign{field.fallback}, at);
+        }
     }
 }
 

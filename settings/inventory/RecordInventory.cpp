@@ -6,6 +6,7 @@
 #include "core/filer/TaggedXml.h"
 #include "settings/catalogue/MDeviceType.h"
 #include "settings/connection/MHXConnectionSettings.h"
+#include "settings/inventory/PropertiesDocument.h"
 #include "settings/measurement/MHXMeasurementSettings.h"
 #include "settings/measurement/MScanningMeasurementFacetSettings.h"
 #include "settings/measurement/MTriggerSettings.h"
@@ -17,6 +18,8 @@
 
 namespace hx {
 namespace {
+
+using Properties = MPropertiesHelper;
 
 constexpr InventoryRow kRows[] = {
     {&MHXConnectionSettings::kType, MHXConnectionSettings::kElement, kTaggedXmlRoot},
@@ -49,6 +52,15 @@ constexpr InventoryRow kRows[] = {
     {&MSpeckle3DSettings::kType, L"Speckle3DSettings", kTaggedXmlRoot},
     {&MSpoilerSettings::kType, L"SpoilerFilterSettings", kTaggedXmlRoot},
     {&MDualQuaternionInterpolatorSettings::kType, L"DualQuaternionInterpolatorSettings", kTaggedXmlRoot},
+    {&PropertiesDocument::kType, {}, Properties::kRoot},
+    {&MCommonDriverProperties::kType, Properties::kDriver, Properties::kRoot},
+    {&MCommonDeviceProperties::kType, Properties::kDevice, Properties::kRoot, Properties::kDeviceList},
+    {&MCommonScannerDeviceProperties::kType, Properties::kDevice, Properties::kRoot, Properties::kDeviceList},
+    {&MHXFamilyDeviceProperties::kType, Properties::kDevice, Properties::kRoot, Properties::kDeviceList},
+    {&MButtonProperties::kType, L"Button", kTaggedXmlRoot},
+    {&MScanner3DModelTransforms::kType, L"Scanner3DModelTransforms", kTaggedXmlRoot},
+    {&MLaserPlanes::kType, L"Planes", kTaggedXmlRoot},
+    {&MLaserPlane::kType, L"Plane", kTaggedXmlRoot},
 };
 
 }  // namespace

@@ -12,6 +12,8 @@ struct InventoryRow {
     // of a record may choose others.
     std::wstring_view element;
     std::wstring_view root;
+    // The group within the root that holds the element; empty if it is the root itself.
+    std::wstring_view group = {};
 };
 
 // In the order of the format's document.

@@ -7,6 +7,7 @@
 #include "core/errors/MException.h"
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/MOutFilerTaggedXml.h"
+#include "core/records/InGroup.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
 
@@ -50,6 +51,7 @@ std::string BytesOf(const std::filesystem::path& path) {
 ReadOutcome ReadRecord(const hx::InventoryRow& row, std::wstring text, void* record, const void* defaults) {
     hx::MInFilerTaggedXml reader(std::move(text), row.root);
     hx::MFilerTaggedPair filer(reader);
+    if (!row.group.empty()) filer.BeginGroup(row.group);
     try {
         return {row.type->read(record, filer, row.element, defaults), false};
     } catch (const hx::MException&) {
@@ -58,13 +60,16 @@ ReadOutcome ReadRecord(const hx::InventoryRow& row, std::wstring text, void* rec
 }
 
 std::wstring WriteRecord(const hx::InventoryRow& row, const void* record) {
-    if (row.type->write == nullptr) return {};
     hx::MOutFilerTaggedXml writer(row.root);
     hx::MFilerTaggedPair filer(writer);
-    return row.type->write(record, filer, row.element) ? writer.TakeText() : std::wstring();
+    const auto write = [&] { return row.type->write(record, filer, row.element); };
+    const bool written = row.group.empty() ? write() : hx::InGroup(filer, row.group, write);
+    return written ? writer.TakeText() : std::wstring();
 }
 
 std::wstring CurrentDocument(const hx::InventoryRow& row) {
-    const auto name = "version_" + std::to_string(row.type->version.current) + ".xml";
+    const hx::RecordVersion& version = row.type->version;
+    const bool has_version = version.word != hx::RecordVersion::kNone;
+    const auto name = has_version ? "version_" + std::to_string(version.current) + ".xml" : "whole.xml";
     return hx::DecodeTextFile(BytesOf(GoldenFolder() / hx::ToUtf8(row.type->name) / name)).value_or(L"");
 }

@@ -34,5 +34,6 @@ struct ReadOutcome {
 ReadOutcome ReadRecord(const hx::InventoryRow& row, std::wstring text, void* record, const void* defaults);
 // Empty if it cannot be written.
 std::wstring WriteRecord(const hx::InventoryRow& row, const void* record);
-// The golden document of what the class writes today.
+// The golden document of what the class writes today: the one of its current version, or "whole" of a class
+// without versions.
 std::wstring CurrentDocument(const hx::InventoryRow& row);

@@ -1,0 +1,22 @@
+// A whole properties document as one record, for whoever handles documents like records: the tool, the
+// format's document. It is read as the pages read it. One thread at a time.
+#pragma once
+
+#include "settings/properties/MHXFamilyDeviceProperties.h"
+#include "settings/properties/MPropertiesHelper.h"
+
+namespace hx {
+
+class PropertiesDocument {
+public:
+    static const RecordType kType;
+
+    // The children of the root, and not of `element`. Raises "ReadImpTagged" instead of being false.
+    bool ReadTagged(MFilerTaggedPair& filer, std::wstring_view element, const PropertiesDocument& defaults);
+    bool WriteTagged(MFilerTaggedPair& filer, std::wstring_view element) const;
+
+    MCommonDriverProperties Driver;
+    MHXFamilyDeviceProperties Device;
+};
+
+}  // namespace hx
