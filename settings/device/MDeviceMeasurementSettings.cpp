@@ -64,7 +64,9 @@ constexpr RecordType RetiredElement(std::wstring_view name, std::string_view pur
     return {name, {RecordVersion::kNone, 0}, kRows, purpose, &ReadIfThere<kRows>, &WriteNothing, nullptr};
 }
 
-constexpr std::array<Field, 0> kPipelineFields;
+constexpr Field kPipelineFields[] = {
+    F::Record<&Device::Processing>(L"ProcessingSettings"),
+};
 constexpr RecordType kPipeline =
     OptionalElement<kPipelineFields>(L"Pipeline", "The scan pipeline's processing settings.");
 constexpr RecordType kOtherPipeline = RetiredElement<kPipelineFields>(
@@ -127,6 +129,7 @@ void MDeviceMeasurementSettings::SetStrict(bool strict) {
     Stage2DSettings.SetStrict(strict);
     StageAlignmentSettings.SetStrict(strict);
     Stage3DSettings.SetStrict(strict);
+    Processing.SetStrict(strict);
     ScanEngine.SetStrict(strict);
     ZRD.SetStrict(strict);
     HX.SetStrict(strict);
@@ -135,6 +138,7 @@ void MDeviceMeasurementSettings::SetStrict(bool strict) {
 
 void MDeviceMeasurementSettings::DropReference() {
     m_reference.Drop();
+    Processing.DropReference();
     ScanEngine.DropReference();
     ZRD.DropReference();
     HX.DropReference();

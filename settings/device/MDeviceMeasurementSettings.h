@@ -10,6 +10,7 @@
 #include "settings/device/StageSettingsLocation.h"
 #include "settings/measurement/MHXMeasurementSettings.h"
 #include "settings/measurement/ZRDMeasurementSettings.h"
+#include "settings/processing/MProcessingSettings.h"
 
 namespace hx {
 
@@ -39,6 +40,7 @@ public:
     StageSettingsLocation Stage2DSettings;
     StageSettingsLocation StageAlignmentSettings;
     StageSettingsLocation Stage3DSettings;
+    MProcessingSettings Processing;
     MScanEngineProcessingSettings ScanEngine;
     ZRDMeasurementSettings ZRD;
     MHXMeasurementSettings HX;

@@ -15,6 +15,9 @@ using F = FieldsOf<Engine>;
 
 constexpr Field kFields[] = {
     F::Value<&Engine::ModuleName>(L"ModuleName", L"AsynchroLaserScanningEngine.dll").In(VersionSet::From(2)),
+    F::Record<&Engine::SpoilerFilter>(L"SpoilerFilterSettings"),
+    F::Record<&Engine::DualQuaternionInterpolator>(L"DualQuaternionInterpolatorSettings")
+        .In(VersionSet::From(3)),
 };
 
 }  // namespace
@@ -36,8 +39,10 @@ bool MScanEngineProcessingSettings::WriteTagged(MFilerTaggedPair& filer, std::ws
     return WriteElement(kType, this, filer, element);
 }
 
-void MScanEngineProcessingSettings::DropReference() {
-    m_reference.Drop();
+void MScanEngineProcessingSettings::SetStrict(bool strict) {
+    SpoilerFilter.SetStrict(strict);
+    DualQuaternionInterpolator.SetStrict(strict);
+    SettingsObjectBase::SetStrict(strict);
 }
 
 bool MScanEngineProcessingSettings::ReadImpTagged(MFilerTaggedPair& filer,
@@ -47,7 +52,11 @@ bool MScanEngineProcessingSettings::ReadImpTagged(MFilerTaggedPair& filer,
     int32_t version = newest;
     const bool has_version = ReadVersion(filer, version, newest);
     if (version > newest) return false;
-    return ReadByStrictRule(*this, defaults, filer, version) && has_version;
+    const std::span<const Field> rows = kFields;
+    // A module that is not named stays, whatever the defaults say.
+    const bool module = ReadByStrictRule(rows.first(1), *this, *this, filer, version);
+    const bool others = ReadByStrictRule(rows.subspan(1), *this, defaults, filer, version);
+    return has_version && module && others;
 }
 
 }  // namespace hx

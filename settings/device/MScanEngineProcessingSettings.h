@@ -7,6 +7,8 @@
 
 #include "core/records/ReferenceCopy.h"
 #include "settings/base/SettingsObjectBase.h"
+#include "settings/processing/MDualQuaternionInterpolatorSettings.h"
+#include "settings/processing/MSpoilerSettings.h"
 
 namespace hx {
 
@@ -23,9 +25,15 @@ public:
                             const MScanEngineProcessingSettings& defaults);
     virtual bool WriteTagged(MFilerTaggedPair& filer, std::wstring_view element) const;
 
-    void DropReference();
+    // Passed on to the members first.
+    void SetStrict(bool strict) override;
+
+    // The members keep no references.
+    void DropReference() { m_reference.Drop(); }
 
     std::wstring ModuleName;  // the module of the engine
+    MSpoilerSettings SpoilerFilter;
+    MDualQuaternionInterpolatorSettings DualQuaternionInterpolator;
 
 private:
     bool ReadImpTagged(MFilerTaggedPair& filer, const MScanEngineProcessingSettings& defaults);

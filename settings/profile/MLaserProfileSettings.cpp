@@ -33,6 +33,8 @@ constexpr Field kFields[] = {
 constexpr size_t kBehindExposure = 4;
 static_assert(kFields[kBehindExposure - 1].child == L"ExposureTime");
 
+constexpr uint16_t kFirstSignalThreshold = 20;
+
 // Versions 3 and 4 told the exposure on a scale up to 100, which stands for 400 us. What lay outside the
 // scale was clamped and not scaled; profiles of that time are taken over as they always were.
 double MicrosecondsOfScale(double exposure) {
@@ -83,6 +85,8 @@ bool MLaserProfileSettings::ReadImpTagged(MFilerTaggedPair& filer, const MLaserP
     };
     bool all = read_rows(rows.first(kBehindExposure));
     if (version == 3 || version == 4) read.ExposureTime = MicrosecondsOfScale(read.ExposureTime);
+    // Where a reader lets version 3 do without the threshold, it is this one, not the defaults'.
+    if (version == 3) read.SignalThreshold = kFirstSignalThreshold;
     all = all && read_rows(rows.subspan(kBehindExposure));
     // The first version knew no reflection filter: on, unless a whole profile then brings the defaults'
     // value.
@@ -99,7 +103,7 @@ bool MLaserProfileSettings::ReadImpTagged(MFilerTaggedPair& filer, const MLaserP
     DLPCEnabled = read.DLPCEnabled;
     RFEnabled = read.RFEnabled;
     LocalisationResourceID = read.LocalisationResourceID;
-    Gain = read.Gain;
+    Gain = static_cast<uint16_t>(read.Gain);  // as much as travels
     return true;
 }
 

@@ -39,9 +39,8 @@ MError NameError(const MErrorLocation& location, std::wstring_view error_name, s
 }  // namespace
 
 bool MLaserProfileSettings::IsReservedProfileName(std::wstring_view name, bool include_custom) {
-    const std::wstring folded = FoldCase(name);
     return std::ranges::any_of(kReserved, [&](const ReservedName& reserved) {
-        return (include_custom || !reserved.only_with_custom) && folded == FoldCase(reserved.name);
+        return (include_custom || !reserved.only_with_custom) && EqualsWithoutCase(name, reserved.name);
     });
 }
 

@@ -40,17 +40,23 @@ std::wstring ArbitraryText() {
 }
 
 const wchar_t* const kFragments[] = {
-    L"",
-    L"\n<Value type=\"int\">1</Value>\n",
-    L"text &amp; &lt;markup&gt;",
-    L"<!-- a > b --><A b='>'/>",
-    L"<DeviceSettings><DeviceSettings/></DeviceSettings>",
-    L"<![CDATA[<]]>",
+    L"/>",
+    L">\n<Value type=\"int\">1</Value>\n</MFilerTaggedXml>",
+    L">text &amp; &lt;markup&gt;</MFilerTaggedXml>",
+    L"><!-- a > b --><A b='>'/></MFilerTaggedXml>",
+    L"><DeviceSettings><DeviceSettings/></DeviceSettings></MFilerTaggedXml>",
+    L"><![CDATA[<]]></MFilerTaggedXml>",
 };
 
 std::wstring ArbitraryFragment() {
-    return std::wstring(L"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<MFilerTaggedXml>") +
-           kFragments[*rc::gen::inRange<size_t>(0, std::size(kFragments))] + L"</MFilerTaggedXml>\n";
+    return std::wstring(L"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<MFilerTaggedXml") +
+           kFragments[*rc::gen::inRange<size_t>(0, std::size(kFragments))] + L"\n";
+}
+
+// The cosine travels only instead of the angle, which the documents have here.
+bool IsWritten(const hx::RecordType& type, const hx::Field& field) {
+    return field.ops->at != nullptr && field.versions.Contains(type.version.current) &&
+           field.child != L"CosOrientAngle";
 }
 
 class Filler {
@@ -122,13 +128,12 @@ struct Rounder {
 
 void FillArbitrarily(const hx::RecordType& type, void* record) {
     for (const hx::Field& field : type.fields) {
-        if (field.ops->at == nullptr || !field.versions.Contains(type.version.current)) continue;
-        std::visit(Filler(field), field.ops->at(record));
+        if (IsWritten(type, field)) std::visit(Filler(field), field.ops->at(record));
     }
 }
 
 void RoundAsWritten(const hx::RecordType& type, void* record) {
     for (const hx::Field& field : type.fields) {
-        if (field.ops->at != nullptr) std::visit(Rounder(), field.ops->at(record));
+        if (IsWritten(type, field)) std::visit(Rounder(), field.ops->at(record));
     }
 }

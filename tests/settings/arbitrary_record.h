@@ -8,5 +8,5 @@
 // holds.
 void FillArbitrarily(const hx::RecordType& type, void* record);
 
-// Every number becomes what the text that is written of it says.
+// Every number that is written becomes what its text says.
 void RoundAsWritten(const hx::RecordType& type, void* record);
