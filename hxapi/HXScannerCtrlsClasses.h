@@ -3,8 +3,10 @@
 
 #include "platform/com/guid.h"
 
+inline constexpr CLSID CLSID_CoMHXMeasSettings = hx::MakeGuid("2C96F7D0-5B1E-4A83-9D47-E08A63C1B52F");
 inline constexpr CLSID CLSID_CoMHXSettingsFactory = hx::MakeGuid("5D2E8C16-94A7-4B3F-A1D0-7C3B9F62E845");
 inline constexpr CLSID CLSID_CoMHXConnSettings = hx::MakeGuid("E74B0A93-1F5D-4E68-9C2A-D8063B51F7A9");
 
+inline constexpr wchar_t kProgIdHXMeasSettings[] = L"Orvel.HXScannerCtrls.HXMeasSettings.1";
 inline constexpr wchar_t kProgIdHXSettingsFactory[] = L"Orvel.HXScannerCtrls.HXSettingsFactory.1";
 inline constexpr wchar_t kProgIdHXConnSettings[] = L"Orvel.HXScannerCtrls.HXConnSettings.1";

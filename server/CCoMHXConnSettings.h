@@ -17,9 +17,6 @@ public:
     HRESULT STDMETHODCALLTYPE WriteXmlBstr(BSTR* xml) override;
 
 private:
-    HRESULT Read(std::wstring_view xml);
-    HRESULT Write(BSTR* xml) const;
-
     ModuleLock m_module_lock;
     MHXConnectionSettings m_settings;
 };

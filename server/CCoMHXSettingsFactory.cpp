@@ -6,6 +6,7 @@
 #include "core/log/MFlowScope.h"
 #include "platform/com/boundary.h"
 #include "server/CCoMHXConnSettings.h"
+#include "server/CCoMHXMeasSettings.h"
 
 namespace hx {
 namespace {
@@ -17,6 +18,7 @@ struct ServedSettings {
 
 constexpr ServedSettings kServed[] = {
     {ScannerConnectionSettings, &CreateObject<CCoMHXConnSettings>},
+    {ScannerMeasurementSettings, &CreateObject<CCoMHXMeasSettings>},
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "platform/com/class_table.h"
 #include "platform/module/this_module.h"
 #include "server/CCoMHXConnSettings.h"
+#include "server/CCoMHXMeasSettings.h"
 #include "server/CCoMHXSettingsFactory.h"
 
 namespace {
@@ -13,6 +14,8 @@ namespace {
 hx::MModuleDiagnostics g_diagnostics(L"HXScannerCtrls", hx::kLoggingKeyPath, &hx::ThisModuleVersion);
 
 constexpr hx::ClassRow kClasses[] = {
+    {CLSID_CoMHXMeasSettings, kProgIdHXMeasSettings, L"Orvel.HXScannerCtrls.HXMeasSettings",
+     L"CoMHXMeasSettings", L"CoMHXMeasSettings Class", L"", &hx::CreateObject<hx::CCoMHXMeasSettings>},
     {CLSID_CoMHXSettingsFactory, kProgIdHXSettingsFactory, L"Orvel.HXScannerCtrls.HXSettingsFactory",
      L"CoMHXSettingsFactory", L"CoMHXSettingsFactory Class", L"Both",
      &hx::CreateObject<hx::CCoMHXSettingsFactory>},

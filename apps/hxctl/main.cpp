@@ -59,7 +59,7 @@ private:
             ->required();
         if (read)
             action->add_option("FILE", m_settings.file,
-                               "as above; left out: a null string, that is, defaults");
+                               "as above; left out: a null string, which gives 257 its defaults");
         action->callback([this, read, write] {
             m_settings.read = read;
             m_settings.write = write;

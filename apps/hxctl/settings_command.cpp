@@ -3,6 +3,8 @@
 
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/settings_object.h"
+#include "core/errors/MErrorCom.h"
+#include "core/errors/MException.h"
 #include "platform/com/loader.h"
 #include "platform/system/utf8.h"
 
@@ -11,13 +13,24 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Answer Exchange(const SettingsRequest& request, const hx::Bstr& text, hx::Bstr& written) {
+// What the object tells of its failure: the codes of the chain that it sends, empty if it sends none.
+std::string SentCodes(HRESULT result, IXmlBstrSerializable& settings) {
+    const hx::MErrorCom error(result, &settings, hx::uuid_of<IXmlBstrSerializable>());
+    hx::MException sent;
+    hx::ReadChainDocument(error.GetDescription(), sent);
+    return hx::ToUtf8(hx::ErrorCodesText(sent));
+}
+
+Answer Exchange(const SettingsRequest& request, const hx::Bstr& text, hx::Bstr& written, std::string& codes) {
     hx::ComPtr<IXmlBstrSerializable> settings;
     Answer answer = CreateSettings(request.type, settings);
     if (FAILED(answer.result)) return answer;
     if (request.read) answer = {"ReadXmlBstr", settings->ReadXmlBstr(text.get())};
-    if (FAILED(answer.result) || !request.write) return answer;
-    return {"WriteXmlBstr", settings->WriteXmlBstr(written.put())};
+    if (SUCCEEDED(answer.result) && request.write) {
+        answer = {"WriteXmlBstr", settings->WriteXmlBstr(written.put())};
+    }
+    if (FAILED(answer.result)) codes = SentCodes(answer.result, *settings);
+    return answer;
 }
 
 }  // namespace
@@ -31,16 +44,19 @@ Outcome RunSettings(const SettingsRequest& request, bool json) {
         text = hx::Bstr(*read);
     }
     hx::Bstr written;
-    const Answer answer = Exchange(request, text, written);
+    std::string codes;
+    const Answer answer = Exchange(request, text, written, codes);
     CoFreeUnusedLibraries();
 
     if (FAILED(answer.result)) {
         outcome = Refused(std::string(answer.operation) + " answered " + NamedResult(answer.result));
+        if (!codes.empty()) outcome.reason += "\nError codes:\n" + codes;
     }
     if (json) {
         Json document = {{"operation", answer.operation},
                          {"hresult", HexResult(answer.result)},
                          {"name", std::string(hx::HresultName(answer.result))}};
+        if (!codes.empty()) document["error"] = {{"codes", codes}};
         if (!written.is_null()) document["document"] = hx::ToUtf8(written.view());
         outcome.output = document.dump() + "\n";
     } else if (request.write) {

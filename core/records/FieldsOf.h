@@ -26,7 +26,11 @@ struct MemberOf<T C::*> {
 
 template <class T>
 constexpr uint8_t IntegerBits() {
-    return std::is_integral_v<T> && !std::is_same_v<T, bool> ? sizeof(T) * 8 : 0;
+    if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
+        return sizeof(T) * 8;
+    } else {
+        return 0;
+    }
 }
 
 // Of a value that travels as the type Stream.

@@ -14,12 +14,12 @@ public:
     ReferenceCopy() = default;
     ReferenceCopy(const ReferenceCopy& other)
         : m_copy(other.m_copy ? std::make_unique<T>(*other) : nullptr) {}
-    ReferenceCopy(ReferenceCopy&&) = default;
+    ReferenceCopy(ReferenceCopy&&) noexcept = default;
     ReferenceCopy& operator=(const ReferenceCopy& other) {
         if (this != &other) m_copy = other.m_copy ? std::make_unique<T>(*other) : nullptr;
         return *this;
     }
-    ReferenceCopy& operator=(ReferenceCopy&&) = default;
+    ReferenceCopy& operator=(ReferenceCopy&&) noexcept = default;
     ~ReferenceCopy() = default;
 
     // `defaults` may be the record that this belongs to.

@@ -1,5 +1,5 @@
 // What a SAFEARRAY does to its elements: the size of each type, copying one and freeing one.
-// Used by safearray.cpp alone.
+// Used by safearray.cpp and variant.cpp alone.
 #pragma once
 
 #include "platform/com/variant.h"

@@ -1,9 +1,11 @@
 #include "platform/com/variant.h"
 
+#include <cstring>
 #include <new>
 
 #include "platform/com/dispatch.h"
 #include "platform/com/safearray.h"
+#include "platform/com/safearray_elements.h"
 
 namespace {
 
@@ -103,6 +105,23 @@ HRESULT VariantCopy(VARIANT* target, const VARIANT* source) {
     }
     *target = copy;
     return S_OK;
+}
+
+HRESULT VariantCopyInd(VARIANT* target, const VARIANT* source) {
+    if (!target || !source) return E_INVALIDARG;
+    if (!(source->vt & VT_BYREF)) return VariantCopy(target, source);
+    if (!IsKnown(source->vt)) return DISP_E_BADVARTYPE;
+    if (!source->byref) return E_INVALIDARG;
+    if (source->vt == (VT_BYREF | VT_VARIANT)) {
+        const VARIANT& inner = *source->pvarVal;
+        return inner.vt == (VT_BYREF | VT_VARIANT) ? E_INVALIDARG : VariantCopyInd(target, &inner);
+    }
+    // Not owned: copied as a value, never cleared.
+    VARIANT seen{};
+    seen.vt = static_cast<VARTYPE>(source->vt & ~VT_BYREF);
+    const size_t size = seen.vt & VT_ARRAY ? sizeof seen.parray : hx::ElementSize(seen.vt);
+    std::memcpy(&seen.llVal, source->byref, size);
+    return VariantCopy(target, &seen);
 }
 
 namespace hx {

@@ -22,6 +22,7 @@ enum VARENUM : uint16_t {
     VT_EMPTY = 0, VT_NULL = 1, VT_I2 = 2, VT_I4 = 3, VT_R4 = 4, VT_R8 = 5, VT_CY = 6, VT_DATE = 7,
     VT_BSTR = 8, VT_DISPATCH = 9, VT_ERROR = 10, VT_BOOL = 11, VT_VARIANT = 12, VT_UNKNOWN = 13,
     VT_I1 = 16, VT_UI1 = 17, VT_UI2 = 18, VT_UI4 = 19, VT_I8 = 20, VT_UI8 = 21, VT_INT = 22, VT_UINT = 23,
+    VT_VOID = 24, VT_HRESULT = 25, VT_PTR = 26,  // in descriptions only
     VT_ARRAY = 0x2000, VT_BYREF = 0x4000, VT_TYPEMASK = 0x0FFF,
 };
 // clang-format on
@@ -78,9 +79,14 @@ HX_PLATFORM_API HRESULT VariantClear(VARIANT* variant);
 // may be the same. On failure the target is as it was.
 HX_PLATFORM_API HRESULT VariantCopy(VARIANT* target, const VARIANT* source);
 
+// The same with what a VT_BYREF source points at. E_INVALIDARG for a null reference or one to another
+// reference to a VARIANT.
+HX_PLATFORM_API HRESULT VariantCopyInd(VARIANT* target, const VARIANT* source);
+
 // The source's value as another kind, among integers, floats, VT_BOOL and VT_BSTR, whatever the locale: text
-// has '.' as decimal separator, fractions round half to even. The two may be the same VARIANT. On failure the
-// target is as it was: DISP_E_OVERFLOW, DISP_E_TYPEMISMATCH, DISP_E_BADVARTYPE, E_OUTOFMEMORY.
+// has '.' as decimal separator, fractions round half to even. A VT_DISPATCH may become a VT_UNKNOWN, and what
+// a reference points at is converted like a value. The two may be the same VARIANT. On failure the target is
+// as it was: DISP_E_OVERFLOW, DISP_E_TYPEMISMATCH, DISP_E_BADVARTYPE, E_INVALIDARG, E_OUTOFMEMORY.
 HX_PLATFORM_API HRESULT VariantChangeType(VARIANT* target, const VARIANT* source, USHORT flags, VARTYPE type);
 
 namespace hx {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/com/boundary.h"
+#include "platform/com/dispatch.h"
 #include "platform/com/variant.h"
 #include "platform/system/c_numbers.h"
 
@@ -217,6 +218,17 @@ HRESULT WriteNumber(const Number& number, USHORT flags, VARIANT& target) {
 HRESULT VariantChangeType(VARIANT* target, const VARIANT* source, USHORT flags, VARTYPE type) {
     if (!target || !source) return E_INVALIDARG;
     if (source->vt == type) return VariantCopy(target, source);
+    if (source->vt & VT_BYREF) {
+        hx::Variant value;
+        const HRESULT seen = VariantCopyInd(value.put(), source);
+        return FAILED(seen) ? seen : VariantChangeType(target, &value.get(), flags, type);
+    }
+    if (source->vt == VT_DISPATCH && type == VT_UNKNOWN) {
+        VARIANT object = *source;
+        object.vt = VT_UNKNOWN;
+        object.punkVal = object.pdispVal;
+        return VariantCopy(target, &object);
+    }
     return hx::AtBoundary([&] {
         VARIANT fresh{};
         fresh.vt = type;

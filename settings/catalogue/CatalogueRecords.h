@@ -44,12 +44,12 @@ const ListType& TypeOfMembers(const std::map<std::wstring, T>&) {
 
 // A later member replaces an earlier one of the same name.
 template <class T>
-void AddMember(std::map<std::wstring, T>& members, T&& member) {
+void AddMember(std::map<std::wstring, T>& members, T member) {
     std::wstring name = member.InternalName;
     members.insert_or_assign(std::move(name), std::move(member));
 }
 template <class T>
-void AddMember(std::vector<T>& members, T&& member) {
+void AddMember(std::vector<T>& members, T member) {
     members.push_back(std::move(member));
 }
 

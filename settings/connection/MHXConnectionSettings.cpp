@@ -3,9 +3,13 @@
 #include "core/records/FieldsOf.h"
 #include "core/records/InGroup.h"
 #include "core/records/RecordFields.h"
+#include "core/records/Streamable.h"
 
 namespace hx {
 namespace {
+
+constexpr const char* kNames[] = {"MHXConnectionSettings"};
+const StreamedClasses kClasses(kNames);
 
 using F = FieldsOf<MHXConnectionSettings>;
 

@@ -8,7 +8,7 @@
 
 namespace hx {
 
-class MHXConnectionSettings {
+class MHXConnectionSettings final {
 public:
     // The element in which the record travels.
     static constexpr std::wstring_view kElement = L"HXConnectionSettings";

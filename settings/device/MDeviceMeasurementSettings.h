@@ -14,7 +14,7 @@
 
 namespace hx {
 
-class MDeviceMeasurementSettings : public SettingsObjectBase {
+class MDeviceMeasurementSettings final : public SettingsObjectBase {
 public:
     // Older documents hold hardware settings alone.
     static constexpr int32_t kHardwareOnlyVersion = 1;

@@ -12,7 +12,7 @@
 
 namespace hx {
 
-class MScanEngineProcessingSettings : public SettingsObjectBase {
+class MScanEngineProcessingSettings final : public SettingsObjectBase {
 public:
     static const RecordType kType;
 

@@ -10,8 +10,8 @@
 
 namespace hx {
 
-class StageSettingsLocation : public SettingsObjectBase,
-                              public Streamable<StageSettingsLocation, 1, StreamableBase, 0> {
+class StageSettingsLocation final : public SettingsObjectBase,
+                                    public Streamable<StageSettingsLocation, 1, StreamableBase, 0> {
 public:
     static const RecordType kType;
 

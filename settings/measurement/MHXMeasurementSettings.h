@@ -10,7 +10,7 @@
 
 namespace hx {
 
-class MHXMeasurementSettings : public SettingsObjectBase {
+class MHXMeasurementSettings final : public SettingsObjectBase {
 public:
     static const RecordType kType;
 

@@ -26,10 +26,7 @@ constexpr FieldOps kTriggerOps{L"MTriggerSettings", 0, nullptr, &ReadTrigger, nu
 // An edge of the window of old versions, which ReadPixelWindow reads.
 constexpr VersionSet kInPixels = VersionSet::UpTo(1);
 constexpr Field Pixels(std::wstring_view child, int64_t fallback) {
-    Field field = F::Retired<int32_t>(child, kInPixels);
-    field.fallback = fallback;
-    field.unit = "pixels";
-    return field;
+    return {child, F::Retired<int32_t>(child, kInPixels).ops, fallback, "pixels", kInPixels};
 }
 
 constexpr Field kFields[] = {

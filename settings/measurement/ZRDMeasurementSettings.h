@@ -10,7 +10,7 @@
 
 namespace hx {
 
-class ZRDMeasurementSettings : public SettingsObjectBase {
+class ZRDMeasurementSettings final : public SettingsObjectBase {
 public:
     static const RecordType kType;
 

@@ -6,7 +6,8 @@
 
 namespace hx {
 
-class MDualQuaternionInterpolatorSettings : public ProcessingRecord<MDualQuaternionInterpolatorSettings> {
+class MDualQuaternionInterpolatorSettings final
+    : public ProcessingRecord<MDualQuaternionInterpolatorSettings> {
 public:
     static const RecordType kType;
 

@@ -6,7 +6,7 @@
 
 namespace hx {
 
-class MFilterSettings : public ProcessingRecord<MFilterSettings> {
+class MFilterSettings final : public ProcessingRecord<MFilterSettings> {
 public:
     static const RecordType kType;
 

@@ -5,7 +5,7 @@
 
 namespace hx {
 
-class MImageInterpolatorSettings : public ProcessingRecord<MImageInterpolatorSettings> {
+class MImageInterpolatorSettings final : public ProcessingRecord<MImageInterpolatorSettings> {
 public:
     static const RecordType kType;
 

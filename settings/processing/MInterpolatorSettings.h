@@ -10,7 +10,7 @@
 
 namespace hx {
 
-class MInterpolatorSettings : public ProcessingRecord<MInterpolatorSettings> {
+class MInterpolatorSettings final : public ProcessingRecord<MInterpolatorSettings> {
 public:
     static const RecordType kType;
 

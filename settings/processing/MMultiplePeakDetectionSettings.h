@@ -7,7 +7,7 @@
 
 namespace hx {
 
-class MMultiplePeakDetectionSettings : public ProcessingRecord<MMultiplePeakDetectionSettings> {
+class MMultiplePeakDetectionSettings final : public ProcessingRecord<MMultiplePeakDetectionSettings> {
 public:
     static const RecordType kType;
 

@@ -7,7 +7,7 @@
 
 namespace hx {
 
-class MProcessingSettings : public ProcessingRecord<MProcessingSettings> {
+class MProcessingSettings final : public ProcessingRecord<MProcessingSettings> {
 public:
     static const RecordType kType;
 

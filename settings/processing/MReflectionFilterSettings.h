@@ -5,7 +5,7 @@
 
 namespace hx {
 
-class MReflectionFilterSettings : public ProcessingRecord<MReflectionFilterSettings> {
+class MReflectionFilterSettings final : public ProcessingRecord<MReflectionFilterSettings> {
 public:
     static const RecordType kType;
 

@@ -5,7 +5,7 @@
 
 namespace hx {
 
-class MSpeckle3DSettings : public ProcessingRecord<MSpeckle3DSettings> {
+class MSpeckle3DSettings final : public ProcessingRecord<MSpeckle3DSettings> {
 public:
     static const RecordType kType;
 

@@ -6,7 +6,7 @@
 
 namespace hx {
 
-class MSpeckleSettings : public ProcessingRecord<MSpeckleSettings> {
+class MSpeckleSettings final : public ProcessingRecord<MSpeckleSettings> {
 public:
     static const RecordType kType;
 

@@ -6,7 +6,7 @@
 
 namespace hx {
 
-class MSpoilerSettings : public ProcessingRecord<MSpoilerSettings> {
+class MSpoilerSettings final : public ProcessingRecord<MSpoilerSettings> {
 public:
     static const RecordType kType;
 

@@ -76,9 +76,9 @@ bool ReadConfigurations(const Field& field, void* record, const void*, MFilerTag
 
 bool WriteConfigurations(const Field& field, const void* record, MFilerTaggedPair& filer) {
     return InGroup(filer, field.child, [&] {
-        for (const auto& [name, configuration] : static_cast<const Device*>(record)->Configurations) {
+        for (const auto& entry : static_cast<const Device*>(record)->Configurations) {
             const bool written = InGroup(filer, kCapability, [&] {
-                return filer.Write(kInternalName, name) && filer.Write(kConfiguration, configuration);
+                return filer.Write(kInternalName, entry.first) && filer.Write(kConfiguration, entry.second);
             });
             if (!written) return false;
         }

@@ -14,7 +14,7 @@ public:
     // Reads group `element`; false without a version that is known. A plane whose number is already in the
     // list gets what its element carries and keeps the rest; others are appended, also those that could not
     // be read as a whole. An element without a number ends the list. Planes that are in the list already
-    // stay.
+    // stay. Points that are counted and not told are shared: all planes together get no more than one may.
     bool ReadTagged(MFilerTaggedPair& filer, std::wstring_view element, const MLaserPlanes& defaults);
     bool WriteTagged(MFilerTaggedPair& filer, std::wstring_view element) const;
 

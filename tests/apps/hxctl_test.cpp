@@ -86,6 +86,22 @@ TEST_F(Hxctl, TakesSettingsThroughTheLibrary) {
         {"settings check --type 257 --json", "", 0,
          "{\"operation\":\"ReadXmlBstr\",\"hresult\":\"0x00000000\",\"name\":\"S_OK\"}\n", ""},
     });
+    // Measurement settings tell why, where reading raised an error.
+    const std::string empty_catalogue = Run("settings new --type 258").out;
+    const std::string codes = "CCoMHXMeasSettings.ReadXmlBstr ()";
+    const std::string cause = "MDeviceSettingsList.ReadImpTagged:Read ($category=";
+    Check({
+        {"settings check --type 258", "", 1, refused, reason},
+        {"settings convert --type 258 -", empty_catalogue, 1, "",
+         "hxctl: ReadXmlBstr answered E_FAIL (0x80004005)\nError codes:\n" + codes + "\n" + cause +
+             "\"DeviceType\")\n"},
+        {"settings check --type 258 - --json", empty_catalogue, 1,
+         "{\"operation\":\"ReadXmlBstr\",\"hresult\":\"0x80004005\",\"name\":\"E_FAIL\",\"error\":{"
+         "\"codes\":\"" +
+             codes + "\\n" + cause + "\\\"DeviceType\\\")\"}}\n",
+         "hxctl: ReadXmlBstr answered E_FAIL (0x80004005)\nError codes:\n" + codes + "\n" + cause +
+             "\"DeviceType\")\n"},
+    });
     EXPECT_TRUE(Run("settings new --type 257 --json")
                     .out.starts_with("{\"operation\":\"WriteXmlBstr\",\"hresult\":\"0x00000000\",\"name\":"
                                      "\"S_OK\",\"document\":\"<?xml"));
@@ -117,6 +133,26 @@ TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
         {"inspect - --defaults missing", kDefaults, 1, "", "hxctl: missing: No such file or directory\n"},
         {"inspect - --record Other", kDefaults, 2, "", "hxctl: no record class \"Other\"\n"},
     });
+}
+
+TEST_F(Hxctl, InspectsADeviceInsideTheDocumentOfItsDriver) {
+    const std::string version = "<Version type=\"uint\">1</Version>\n";
+    const std::string capability =
+        "<Capability>\n<InternalName type=\"string\">a</InternalName>\n"
+        "<Configuration type=\"string\">b</Configuration>\n</Capability>\n";
+    const std::string device =
+        "<DeviceList>\n<Device>\n<CommonDeviceProperties>\n" + version +
+        "<InternalName type=\"string\"/>\n<ConfigurationIdentity type=\"string\"/>\n"
+        "<DisplayName type=\"string\">d</DisplayName>\n<Buttons>\n"
+        "<NumberOfButtons type=\"int\">0</NumberOfButtons>\n</Buttons>\n<ConfigurationList>\n" +
+        capability + "</ConfigurationList>\n</CommonDeviceProperties>\n</Device>\n</DeviceList>\n";
+    const std::string head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Properties>\n";
+    Check({{"inspect - --record MCommonDeviceProperties --rewrite", head + version + device + "</Properties>",
+            0, head + device + "</Properties>\n", ""}});
+    EXPECT_EQ(Run("inspect - --record MCommonDeviceProperties", head + device + "</Properties>").exit, 0);
+    EXPECT_NE(Read("stdout").find("\"ConfigurationList\": {\n      \"a\": \"b\"\n"), std::string::npos);
+    EXPECT_EQ(Run("inspect - --record MPropertiesHelper", head + version + device + "</Properties>").exit, 1);
+    EXPECT_NE(Read("stdout").find("\"codes\": \"MPropertiesHelper.ReadXML:ReadImpTagged"), std::string::npos);
 }
 
 TEST_F(Hxctl, TellsWhatAChainSaysToTheUser) {

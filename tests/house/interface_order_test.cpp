@@ -11,8 +11,15 @@
 #include "core/log/MLoggingDevice.h"
 #include "core/log/MSpecialFolderImplementation.h"
 #include "hxapi/ICoMHXConnSettings.h"
+#include "hxapi/ICoMHXMeasSettings.h"
+#include "hxapi/IGetPointer.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "settings/connection/MHXConnectionSettings.h"
+#include "settings/measurement/MHXMeasurementSettings.h"
+#include "settings/measurement/ZRDMeasurementSettings.h"
+#include "settings/profile/MLaserProfileSettings.h"
+#include "settings/properties/MCommonDriverProperties.h"
+#include "settings/properties/MHXFamilyDeviceProperties.h"
 #include "tests/vtable_slot.h"
 
 namespace {
@@ -125,16 +132,51 @@ TEST(InterfaceOrder, RecordsAndComponentInterfaces) {
     using hx::MHXConnectionSettings;
     ExpectConsecutive(
         {SlotOf(&MHXConnectionSettings::ReadTagged), SlotOf(&MHXConnectionSettings::WriteTagged)}, 0);
+    using Scanner = hx::MCommonScannerDeviceProperties;
+    for (const auto& slots : {
+             std::pair{SlotOf(&hx::MCommonDriverProperties::ReadTagged),
+                       SlotOf(&hx::MCommonDriverProperties::WriteTagged)},
+             std::pair{SlotOf(&hx::MButtonProperties::ReadTagged),
+                       SlotOf(&hx::MButtonProperties::WriteTagged)},
+             std::pair{SlotOf(&Scanner::ReadTagged), SlotOf(&Scanner::WriteTagged)},
+         }) {
+        ExpectConsecutive({slots.first, slots.second}, 0);
+    }
+    EXPECT_EQ(SlotOf(&Scanner::DisablePowered), 2 + kBehindDestructor);
     constexpr size_t kBehindUnknown = 3;
     ExpectConsecutive(
         {SlotOf(&IXmlBstrSerializable::ReadXmlBstr), SlotOf(&IXmlBstrSerializable::WriteXmlBstr)},
         kBehindUnknown);
     EXPECT_EQ(SlotOf(&IProfileSettingsFactory::CreateSettingsObject), kBehindUnknown);
+    EXPECT_EQ(SlotOf(&IGetPointer::GetPointer), kBehindUnknown);
+    constexpr size_t kBehindDispatch = 7;
+    ExpectConsecutive({SlotOf(&ITriggerSource::SetMaximumTriggerFrequency),
+                       SlotOf(&ITriggerSource::SetMinimumTriggerFrequency)},
+                      kBehindDispatch);
     static_assert(sizeof(ICoMHXConnSettings) == sizeof(void*) &&
+                  sizeof(ICoMHXMeasSettings) == sizeof(void*) &&
                   sizeof(IXmlBstrSerializable) == sizeof(void*));
     static_assert(!std::has_virtual_destructor_v<IXmlBstrSerializable> &&
                   !std::has_virtual_destructor_v<IProfileSettingsFactory> &&
                   !std::has_virtual_destructor_v<MHXConnectionSettings>);
+}
+
+template <class Settings>
+void ExpectSettingsOrder() {
+    ExpectConsecutive({SlotOf(&Settings::SetStrict), SlotOf(&Settings::IsStrict),
+                       SlotOf(&Settings::ReadTagged), SlotOf(&Settings::WriteTagged)},
+                      0);
+    static_assert(!std::has_virtual_destructor_v<Settings>);
+}
+
+TEST(InterfaceOrder, SettingsRecords) {
+    ExpectSettingsOrder<hx::MHXMeasurementSettings>();
+    ExpectSettingsOrder<hx::ZRDMeasurementSettings>();
+    using hx::MLaserProfileSettings;
+    ExpectConsecutive(
+        {SlotOf(&MLaserProfileSettings::ReadTagged), SlotOf(&MLaserProfileSettings::WriteTagged)},
+        kBehindDestructor);
+    static_assert(std::has_virtual_destructor_v<MLaserProfileSettings>);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "platform/com/dispatch.h"
 #include "platform/com/errorinfo.h"
 #include "platform/com/safearray.h"
+#include "platform/com/typeinfo.h"
 #include "tests/vtable_slot.h"
 
 namespace {
@@ -33,6 +34,11 @@ static_assert(sizeof(DISPPARAMS) == 24 && offsetof(DISPPARAMS, cArgs) == 16);
 static_assert(sizeof(EXCEPINFO) == 64 && offsetof(EXCEPINFO, bstrSource) == 8);
 static_assert(offsetof(EXCEPINFO, dwHelpContext) == 32 && offsetof(EXCEPINFO, scode) == 56);
 
+static_assert(sizeof(TYPEATTR) == 96 && offsetof(TYPEATTR, typekind) == 44);
+static_assert(offsetof(TYPEATTR, tdescAlias) == 64 && sizeof(TYPEDESC) == 16 && sizeof(ELEMDESC) == 32);
+static_assert(sizeof(FUNCDESC) == 88 && offsetof(FUNCDESC, invkind) == 28);
+static_assert(offsetof(FUNCDESC, cParams) == 36 && offsetof(FUNCDESC, elemdescFunc) == 48);
+
 // An interface is a vtable pointer and nothing else.
 static_assert(sizeof(IUnknown) == 8 && sizeof(IDispatch) == 8 && sizeof(IErrorInfo) == 8);
 static_assert(!std::has_virtual_destructor_v<IUnknown> && !std::has_virtual_destructor_v<IDispatch>);
@@ -46,6 +52,7 @@ TEST(Abi, InterfacesHaveTheirPublishedIds) {
         {IID_IUnknown, "\0\0\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
         {IID_IClassFactory, "\1\0\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
         {IID_IDispatch, "\0\4\2\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_ITypeInfo, "\1\4\2\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
         {IID_IErrorInfo, "\x20\xB1\xF2\x1C\x7D\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
         {IID_ICreateErrorInfo, "\x40\x33\xF0\x22\x7D\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
         {IID_ISupportErrorInfo, "\x60\x3D\x0B\xDF\x8F\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
@@ -65,6 +72,13 @@ TEST(Abi, MethodsHaveTheirPublishedSlots) {
     ExpectSlots("IClassFactory", 3, &IClassFactory::CreateInstance, &IClassFactory::LockServer);
     ExpectSlots("IDispatch", 3, &IDispatch::GetTypeInfoCount, &IDispatch::GetTypeInfo,
                 &IDispatch::GetIDsOfNames, &IDispatch::Invoke);
+    ExpectSlots("ITypeInfo", 3, &ITypeInfo::GetTypeAttr, &ITypeInfo::GetTypeComp, &ITypeInfo::GetFuncDesc,
+                &ITypeInfo::GetVarDesc, &ITypeInfo::GetNames, &ITypeInfo::GetRefTypeOfImplType,
+                &ITypeInfo::GetImplTypeFlags, &ITypeInfo::GetIDsOfNames, &ITypeInfo::Invoke,
+                &ITypeInfo::GetDocumentation, &ITypeInfo::GetDllEntry, &ITypeInfo::GetRefTypeInfo,
+                &ITypeInfo::AddressOfMember, &ITypeInfo::CreateInstance, &ITypeInfo::GetMops,
+                &ITypeInfo::GetContainingTypeLib, &ITypeInfo::ReleaseTypeAttr, &ITypeInfo::ReleaseFuncDesc,
+                &ITypeInfo::ReleaseVarDesc);
     ExpectSlots("IErrorInfo", 3, &IErrorInfo::GetGUID, &IErrorInfo::GetSource, &IErrorInfo::GetDescription,
                 &IErrorInfo::GetHelpFile, &IErrorInfo::GetHelpContext);
     ExpectSlots("ICreateErrorInfo", 3, &ICreateErrorInfo::SetGUID, &ICreateErrorInfo::SetSource,

@@ -5,6 +5,8 @@
 
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "hxapi/ICoMHXConnSettings.h"
+#include "hxapi/ICoMHXMeasSettings.h"
+#include "hxapi/IGetPointer.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "platform/com/dispatch.h"
 #include "platform/com/errorinfo.h"
@@ -23,6 +25,9 @@ const IID kInterfaces[] = {
     IID_IErrorInfo,
     IID_ISupportErrorInfo,
     IID_ICoMHXConnSettings,
+    IID_ICoMHXMeasSettings,
+    IID_ITriggerSource,
+    IID_IGetPointer,
     IID_IProfileSettingsFactory,
     IID_IXmlBstrSerializable,
 };
@@ -56,6 +61,12 @@ TEST_F(Conformance, TheClassesAreListedAndAvailable) {
         std::set<IID const*> interfaces;
     };
     const Row rows[] = {
+        {CLSID_CoMHXMeasSettings,
+         L"Orvel.HXScannerCtrls.HXMeasSettings.1",
+         L"Orvel.HXScannerCtrls.HXMeasSettings",
+         L"",
+         {&IID_IUnknown, &IID_ICoMHXMeasSettings, &IID_ITriggerSource, &IID_IDispatch,
+          &IID_IXmlBstrSerializable, &IID_ISupportErrorInfo, &IID_IGetPointer}},
         {CLSID_CoMHXSettingsFactory,
          L"Orvel.HXScannerCtrls.HXSettingsFactory.1",
          L"Orvel.HXScannerCtrls.HXSettingsFactory",

@@ -164,6 +164,8 @@ TEST(DeviceSettings, EachVersionIsReadByItsOwnRulesAndWrittenBackAsItIs) {
             record.SetStrict(strict);
             EXPECT_EQ(ReadInto(record, row.body, defaults), strict ? row.strict : row.lenient);
             EXPECT_EQ(record.Version, row.version);
+            EXPECT_EQ(record.HasPipeline(), row.lenient && row.version != 1)
+                << "only if the version was accepted";
             EXPECT_EQ(record.Processing.FilterSettings.Speckle3DSettings.WindowSizeC0, row.window);
             const Text written = Written(record, L"E");
             EXPECT_EQ(Elements(written), row.written);
@@ -201,6 +203,14 @@ TEST(DeviceSettings, TheStrictFlagTellsWhereMissingValuesComeFrom) {
         record.Stage2DSettings.FileName = L"own";
         record.ScanEngine.ModuleName = L"own";
         record.SetStrict(strict);
+        const hx::SettingsObjectBase* const members[] = {&record.Stage2DSettings,
+                                                         &record.StageAlignmentSettings,
+                                                         &record.Stage3DSettings,
+                                                         &record.Processing,
+                                                         &record.ScanEngine,
+                                                         &record.ZRD,
+                                                         &record.HX};
+        for (const hx::SettingsObjectBase* const member : members) EXPECT_EQ(member->IsStrict(), strict);
         EXPECT_EQ(ReadInto(record, body, defaults), !strict);
         EXPECT_EQ(record.Stage2DSettings.FilePath, L"read");
         EXPECT_EQ(record.Stage2DSettings.FileName, strict ? L"own" : L"default");

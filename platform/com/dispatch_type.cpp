@@ -1,0 +1,116 @@
+#include "platform/com/dispatch_type.h"
+
+#include <algorithm>
+
+#include "platform/com/comptr.h"
+#include "platform/com/errorinfo.h"
+#include "platform/system/case_fold.h"
+
+namespace hx {
+namespace {
+
+using Arguments = std::array<Variant, kMostDispatchParameters>;
+
+bool IsNamed(const wchar_t* name, const OLECHAR* asked) {
+    return asked && EqualsWithoutCase(name, asked);
+}
+
+DISPID ParameterId(const DispatchMember& member, const OLECHAR* name) {
+    for (UINT i = 0; i < member.count; ++i) {
+        if (IsNamed(member.parameters[i].name, name)) return static_cast<DISPID>(i);
+    }
+    return DISPID_UNKNOWN;
+}
+
+bool IsOmitted(const VARIANT& argument) {
+    return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
+}
+
+HRESULT Convert(const VARIANT& argument, VARTYPE type, Variant& converted) {
+    if (IsOmitted(argument)) return DISP_E_PARAMNOTOPTIONAL;
+    // What a member writes through a reference must reach the caller's own variable.
+    if (type & VT_BYREF) {
+        if (argument.vt != type || !argument.byref) return DISP_E_TYPEMISMATCH;
+        return VariantCopy(converted.put(), &argument);
+    }
+    return VariantChangeType(converted.put(), &argument, 0, type);
+}
+
+// The parameter that an argument is for: the named ones lead, the others come last one first.
+DISPID ParameterOf(const DISPPARAMS& given, UINT index) {
+    return index < given.cNamedArgs ? given.rgdispidNamedArgs[index]
+                                    : static_cast<DISPID>(given.cArgs - 1 - index);
+}
+
+// As many arguments as parameters; so two for one parameter leave another without.
+HRESULT TakeArgument(const DispatchMember& member, const DISPPARAMS& given, UINT index, Arguments& arguments,
+                     std::array<bool, kMostDispatchParameters>& taken) {
+    const auto parameter = static_cast<UINT>(ParameterOf(given, index));
+    if (parameter >= member.count || taken[parameter]) return DISP_E_PARAMNOTFOUND;
+    taken[parameter] = true;
+    return Convert(given.rgvarg[index], member.parameters[parameter].type, arguments[parameter]);
+}
+
+HRESULT TakeArguments(const DispatchMember& member, const DISPPARAMS& given, Arguments& arguments,
+                      UINT* bad_argument) {
+    if (given.cNamedArgs > given.cArgs || (given.cArgs > 0 && !given.rgvarg) ||
+        (given.cNamedArgs > 0 && !given.rgdispidNamedArgs)) {
+        return E_INVALIDARG;
+    }
+    if (given.cArgs != member.count) return DISP_E_BADPARAMCOUNT;
+    std::array<bool, kMostDispatchParameters> taken{};
+    for (UINT i = 0; i < given.cArgs; ++i) {
+        const HRESULT result = TakeArgument(member, given, i, arguments, taken);
+        if (SUCCEEDED(result)) continue;
+        if (bad_argument) *bad_argument = i;
+        return result;
+    }
+    return S_OK;
+}
+
+// What failed, as the method itself told it.
+void Describe(HRESULT result, EXCEPINFO& exception) {
+    exception = {};
+    exception.scode = result;
+    ComPtr<IErrorInfo> information;
+    if (GetErrorInfo(0, information.put()) != S_OK) return;
+    information->GetSource(&exception.bstrSource);
+    information->GetDescription(&exception.bstrDescription);
+    information->GetHelpFile(&exception.bstrHelpFile);
+    information->GetHelpContext(&exception.dwHelpContext);
+}
+
+}  // namespace
+
+HRESULT IdsOfNames(const DispatchType& type, const LPOLESTR* names, UINT count, DISPID* ids) {
+    if (!names || !ids) return E_POINTER;
+    if (count == 0) return E_INVALIDARG;
+    std::fill_n(ids, count, DISPID_UNKNOWN);
+    const auto member = std::ranges::find_if(
+        type.members, [&](const DispatchMember& each) { return IsNamed(each.name, names[0]); });
+    if (member == type.members.end()) return DISP_E_UNKNOWNNAME;
+    ids[0] = member->id;
+    for (UINT i = 1; i < count; ++i) ids[i] = ParameterId(*member, names[i]);
+    return std::find(ids + 1, ids + count, DISPID_UNKNOWN) == ids + count ? S_OK : DISP_E_UNKNOWNNAME;
+}
+
+HRESULT InvokeMember(const DispatchType& type, void* object, DISPID member, WORD flags,
+                     const DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception, UINT* bad_argument) {
+    if (result) VariantInit(result);
+    const auto row = std::ranges::find(type.members, member, &DispatchMember::id);
+    if (row == type.members.end() || !(flags & DISPATCH_METHOD)) return DISP_E_MEMBERNOTFOUND;
+    if (!object || !arguments) return E_INVALIDARG;
+    Arguments converted;
+    const HRESULT taken = TakeArguments(*row, *arguments, converted, bad_argument);
+    if (FAILED(taken)) return taken;
+    std::array<VARIANT, kMostDispatchParameters> values;
+    std::ranges::transform(converted, values.begin(), &Variant::get);
+    // An older failure's information must not pass for this one's.
+    SetErrorInfo(0, nullptr);
+    const HRESULT called = row->call(object, values.data());
+    if (SUCCEEDED(called)) return S_OK;
+    if (exception) Describe(called, *exception);
+    return DISP_E_EXCEPTION;
+}
+
+}  // namespace hx

@@ -1,0 +1,154 @@
+// The description of a dispatch interface as an object: ITypeInfo over the table of its members. What the
+// table does not hold is answered as a type library without it would.
+#include "platform/com/boundary.h"
+#include "platform/com/class_table.h"
+#include "platform/com/dispatch_type.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace hx {
+namespace {
+
+// A FUNCDESC and all that it points at, in one block.
+struct MemberDescription {
+    explicit MemberDescription(const DispatchMember& member) {
+        function.memid = member.id;
+        function.lprgelemdescParam = parameters.data();
+        function.funckind = FUNC_DISPATCH;
+        function.invkind = INVOKE_FUNC;
+        function.callconv = CC_STDCALL;
+        function.cParams = static_cast<int16_t>(member.count);
+        function.elemdescFunc.tdesc.vt = VT_VOID;
+        for (UINT i = 0; i < member.count; ++i) {
+            const VARTYPE type = member.parameters[i].type;
+            targets[i].vt = static_cast<VARTYPE>(type & ~VT_BYREF);
+            parameters[i].tdesc = targets[i];
+            parameters[i].paramdesc.wParamFlags = PARAMFLAG_FIN;
+            if (!(type & VT_BYREF)) continue;
+            parameters[i].tdesc.vt = VT_PTR;
+            parameters[i].tdesc.lptdesc = &targets[i];
+        }
+    }
+
+    FUNCDESC function{};  // first: its address is the block's
+    std::array<ELEMDESC, kMostDispatchParameters> parameters{};
+    std::array<TYPEDESC, kMostDispatchParameters> targets{};
+};
+
+HRESULT Copy(const wchar_t* text, BSTR* copy) {
+    *copy = SysAllocString(text);
+    return *copy ? S_OK : E_OUTOFMEMORY;
+}
+
+class TypeInfo final : public Implements<TypeInfo, FreeThreaded, ITypeInfo> {
+public:
+    explicit TypeInfo(const DispatchType& type) : m_type(type) {}
+
+    HRESULT STDMETHODCALLTYPE GetTypeAttr(TYPEATTR** attributes) override {
+        if (!attributes) return E_POINTER;
+        *attributes = nullptr;
+        return AtBoundary([&] {
+            auto made = std::make_unique<TYPEATTR>();
+            made->guid = m_type.iid;
+            made->memidConstructor = made->memidDestructor = MEMBERID_NIL;
+            made->cbSizeInstance = made->cbAlignment = sizeof(void*);
+            made->typekind = TKIND_DISPATCH;
+            made->cFuncs = static_cast<WORD>(m_type.members.size());
+            made->wTypeFlags = TYPEFLAG_FDISPATCHABLE;
+            made->wMajorVerNum = 1;
+            *attributes = made.release();
+            return S_OK;
+        });
+    }
+    void STDMETHODCALLTYPE ReleaseTypeAttr(TYPEATTR* attributes) override { delete attributes; }
+
+    HRESULT STDMETHODCALLTYPE GetFuncDesc(UINT index, FUNCDESC** description) override {
+        if (!description) return E_POINTER;
+        *description = nullptr;
+        if (index >= m_type.members.size()) return TYPE_E_ELEMENTNOTFOUND;
+        return AtBoundary([&] {
+            *description = &(new MemberDescription(m_type.members[index]))->function;
+            return S_OK;
+        });
+    }
+    void STDMETHODCALLTYPE ReleaseFuncDesc(FUNCDESC* description) override {
+        delete reinterpret_cast<MemberDescription*>(description);
+    }
+
+    HRESULT STDMETHODCALLTYPE GetNames(MEMBERID member, BSTR* names, UINT room, UINT* count) override {
+        if (!names || !count) return E_POINTER;
+        *count = 0;
+        const DispatchMember* const row = Find(member);
+        if (!row) return TYPE_E_ELEMENTNOTFOUND;
+        const UINT known = std::min(room, row->count + 1);
+        while (*count < known) {
+            const UINT i = *count;
+            const HRESULT copied = Copy(i == 0 ? row->name : row->parameters[i - 1].name, &names[i]);
+            if (FAILED(copied)) {
+                for (; *count > 0; --*count) SysFreeString(names[*count - 1]);
+                return copied;
+            }
+            ++*count;
+        }
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetDocumentation(MEMBERID member, BSTR* name, BSTR* text, DWORD* help_context,
+                                               BSTR* help_file) override {
+        if (name) *name = nullptr;
+        if (text) *text = nullptr;
+        if (help_context) *help_context = 0;
+        if (help_file) *help_file = nullptr;
+        const DispatchMember* const row = Find(member);
+        if (!row && member != MEMBERID_NIL) return TYPE_E_ELEMENTNOTFOUND;
+        return name ? Copy(row ? row->name : m_type.name, name) : S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(LPOLESTR* names, UINT count, MEMBERID* ids) override {
+        return IdsOfNames(m_type, names, count, ids);
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(void* instance, MEMBERID member, WORD flags, DISPPARAMS* arguments,
+                                     VARIANT* result, EXCEPINFO* exception, UINT* bad_argument) override {
+        return InvokeMember(m_type, instance, member, flags, arguments, result, exception, bad_argument);
+    }
+
+    // There are no variables, base types, entry points and classes in it, and no library around it.
+    HRESULT STDMETHODCALLTYPE GetVarDesc(UINT, VARDESC**) override { return TYPE_E_ELEMENTNOTFOUND; }
+    void STDMETHODCALLTYPE ReleaseVarDesc(VARDESC*) override {}
+    HRESULT STDMETHODCALLTYPE GetRefTypeOfImplType(UINT, HREFTYPE*) override {
+        return TYPE_E_ELEMENTNOTFOUND;
+    }
+    HRESULT STDMETHODCALLTYPE GetImplTypeFlags(UINT, INT*) override { return TYPE_E_ELEMENTNOTFOUND; }
+    HRESULT STDMETHODCALLTYPE GetRefTypeInfo(HREFTYPE, ITypeInfo**) override {
+        return TYPE_E_ELEMENTNOTFOUND;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeComp(ITypeComp**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetDllEntry(MEMBERID, INVOKEKIND, BSTR*, BSTR*, WORD*) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE AddressOfMember(MEMBERID, INVOKEKIND, void**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID, void**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetMops(MEMBERID, BSTR*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetContainingTypeLib(ITypeLib**, UINT*) override { return E_NOTIMPL; }
+
+private:
+    const DispatchMember* Find(MEMBERID member) const {
+        const auto row = std::ranges::find(m_type.members, member, &DispatchMember::id);
+        return row != m_type.members.end() ? &*row : nullptr;
+    }
+
+    ModuleLock m_module_lock;  // the table lies in the library
+    const DispatchType& m_type;
+};
+
+}  // namespace
+
+HRESULT DescribeType(const DispatchType& type, ITypeInfo** info) {
+    if (!info) return E_POINTER;
+    *info = nullptr;
+    return AtBoundary([&] {
+        *info = Make<TypeInfo>(type).detach();
+        return S_OK;
+    });
+}
+
+}  // namespace hx
