@@ -40,11 +40,12 @@ protected:
             const auto defaults = type.make();
             auto record = type.make();
             const std::string bytes = BytesOf(document.path);
-            // All of a short document, fewer of a long one; an odd distance meets all bits of a byte.
-            constexpr size_t kBytesInAll = 1'000'000;
+            // All of a short document, fewer of a long one, others in each; an odd distance meets all bits of
+            // a byte.
+            constexpr size_t kBytesInAll = 250'000;
             const size_t places = bytes.size() * places_per_byte;
             const size_t step = places * bytes.size() / kBytesInAll | 1;
-            for (size_t place = 0; place < places; place += step) {
+            for (size_t place = m_documents++ % step; place < places; place += step) {
                 SCOPED_TRACE(place);
                 const auto text = hx::DecodeTextFile(damage(bytes, place));
                 if (!text) continue;
@@ -67,6 +68,7 @@ protected:
     }
 
 private:
+    size_t m_documents = 0;
     size_t m_read = 0;
     size_t m_refused = 0;
 };

@@ -28,11 +28,8 @@ constexpr std::wstring_view kReadAnyVersion[] = {
 };
 // Emptied, or set to the defaults, before anything is read.
 constexpr std::wstring_view kEmptied[] = {
-    L"MDeviceSettingsList",
-    L"MPropertiesHelper",
-    L"MSupportedConfigurationCapabilities",
-    L"MSupportedConfigurations",
-    L"MSupportedDevices",
+    L"MDeviceSettingsList",      L"MPropertiesHelper", L"MSupportedConfigurationCapabilities",
+    L"MSupportedConfigurations", L"MSupportedDevices",
 };
 
 // With the first version that it tells greater by one; those versions have one digit.
