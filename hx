@@ -15,6 +15,7 @@ usage: ./hx COMMAND
   fuzz TARGET [SECONDS]    feeds a target with arbitrary input (600 s if left out); TARGET: xml_document,
                            tagged_reader, tagged_optional_reader, resource_script, chain_document,
                            registry_filers, records, properties
+  docs                     writes docs/settings_format.md, from the tables of the records
   lint                     clang-format and clang-tidy over the whole tree
   ctl ARGS...              runs hxctl
 TEXT
@@ -75,6 +76,7 @@ run_demo() {
     done
     say "A null text resets the object:"
     hxctl settings check --type 257
+    demo_records
     local tag
     say "The same error in five languages ($examples/profile_name_contains.xml):"
     for tag in en-US de-DE fr-FR es-ES ja-JP; do
@@ -88,6 +90,27 @@ run_demo() {
     hxctl keys set 79 true
     hxctl keys get 79
     demo_log
+}
+
+# Documents of older releases into JSON and back, those of newer ones, and one of unknown kind.
+demo_records() {
+    local kind file class
+    while read -r file class kind; do
+        say "$kind ($examples/$file.xml) as JSON..."
+        hxctl inspect "$examples/$file.xml" --record "$class"
+        echo "... and as it is written now:"
+        hxctl inspect "$examples/$file.xml" --record "$class" --rewrite
+    done <<'TEXT'
+profile_version_1 MLaserProfileSettings A profile of version 1
+zrd_version_6 ZRDMeasurementSettings Hardware settings of version 6, with the trigger settings of that time
+properties_hx MPropertiesHelper The properties of a driver and its device
+TEXT
+    for file in refused_newer_profile properties_newer_version; do
+        say "A record of a newer version is refused ($examples/$file.xml):"
+        hxctl inspect "$examples/$file.xml" && exit 1
+    done
+    say "A document of unknown kind ($examples/unknown_kind.xml):"
+    hxctl inspect "$examples/unknown_kind.xml"
 }
 
 # In a folder of its own: a start with a damaged store, which the log tells of, and one that rolls over.
@@ -157,6 +180,18 @@ golden_seeds() {
     esac
 }
 
+# Written aside and then moved: a build that fails leaves the document as it is.
+run_docs() {
+    need "${TOOLS[@]}" "${LIBRARIES[@]}"
+    configure_without_tests release
+    build release hxctl HXScannerCtrls
+    local written
+    written=$(mktemp docs/settings_format.XXXXXX)
+    hxctl format >"$written" || { rm "$written"; exit 1; }
+    chmod 644 "$written"
+    mv "$written" docs/settings_format.md
+}
+
 run_lint() {
     need "${TOOLS[@]}" "${LIBRARIES[@]}" "${FUZZING[@]}" "${LINTING[@]}"
     git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror
@@ -176,6 +211,7 @@ case "$command" in
         build/bench/bin/hxbench "$@"
         ;;
     fuzz) run_fuzz "$@" ;;
+    docs) run_docs ;;
     lint) run_lint ;;
     ctl)
         need "${TOOLS[@]}" "${LIBRARIES[@]}"

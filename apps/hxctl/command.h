@@ -52,15 +52,18 @@ struct ExceptionRequest {
 };
 Outcome RunException(const ExceptionRequest& request, bool json);
 
-// hxctl inspect FILE [--record CLASS] [--element NAME] [--rewrite] [--defaults FILE]
+// hxctl inspect FILE [--record CLASS [--element NAME] [--rewrite] [--defaults FILE]]
 struct InspectRequest {
     std::string file;
-    std::string record = "MHXConnectionSettings";
-    std::string element;   // empty: the record's own
+    std::string record;    // empty: an account of whatever the file holds
+    std::string element;   // empty: the class's usual one, or the one that looks like such a record
     std::string defaults;  // empty: the record's own defaults
     bool rewrite = false;
 };
 Outcome RunInspect(const InspectRequest& request, bool json);
+
+// hxctl format
+Outcome RunFormat(bool json);
 
 // hxctl keys list|get ID|set ID VALUE
 Outcome RunKeysList(bool json);

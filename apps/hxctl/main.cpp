@@ -20,6 +20,7 @@ public:
         AddXml(app);
         AddSettings(app);
         AddInspect(app);
+        AddFormat(app);
         AddException(app);
         AddKeys(app);
         AddLog(app);
@@ -68,15 +69,29 @@ private:
     }
 
     void AddInspect(CLI::App& app) {
-        CLI::App* inspect = app.add_subcommand("inspect", "one record of a document: all fields, as JSON");
+        CLI::App* inspect = app.add_subcommand(
+            "inspect", "what a document of any kind holds, for people; or one record of it, as JSON");
         inspect->add_option("FILE", m_inspect.file, kFileHelp)->required();
-        inspect->add_option("--record", m_inspect.record, "the record's class")->capture_default_str();
-        inspect->add_option("--element", m_inspect.element,
-                            "the element that holds it; left out: the class's own");
-        inspect->add_flag("--rewrite", m_inspect.rewrite, "prints the document that the record writes");
-        inspect->add_option("--defaults", m_inspect.defaults,
-                            "a document with the record that defaults come from");
+        auto* record = inspect->add_option("--record", m_inspect.record, "the class of one record");
+        inspect
+            ->add_option(
+                "--element", m_inspect.element,
+                "the element that holds it; left out: the class's own, else the one that looks like it")
+            ->needs(record);
+        inspect->add_flag("--rewrite", m_inspect.rewrite, "prints the document that the record writes")
+            ->needs(record);
+        inspect
+            ->add_option("--defaults", m_inspect.defaults,
+                         "a document with the record that defaults come from")
+            ->needs(record);
         inspect->callback([this] { m_run = [this] { return hxctl::RunInspect(m_inspect, m_json); }; });
+    }
+
+    void AddFormat(CLI::App& app) {
+        CLI::App* format = app.add_subcommand(
+            "format",
+            "the settings format: a table for each record class, as Markdown (docs/settings_format.md)");
+        format->callback([this] { m_run = [this] { return hxctl::RunFormat(m_json); }; });
     }
 
     void AddException(CLI::App& app) {

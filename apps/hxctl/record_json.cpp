@@ -8,17 +8,15 @@
 namespace hxctl {
 namespace {
 
-Json ValueOf(hx::FieldRef field);
-
 Json ListOf(hx::ListRef list) {
     // Records tell their keys themselves.
     const bool has_keys = list.type->renew == nullptr && list.type->entries == nullptr;
     Json entries = has_keys ? Json::object() : Json::array();
     list.type->each(list.list, [&](std::wstring_view key, hx::FieldRef entry) {
         if (has_keys) {
-            entries[hx::ToUtf8(key)] = ValueOf(entry);
+            entries[hx::ToUtf8(key)] = JsonOf(entry);
         } else {
-            entries.push_back(ValueOf(entry));
+            entries.push_back(JsonOf(entry));
         }
     });
     return entries;
@@ -40,10 +38,6 @@ struct ToJson {
     Json operator()(hx::ListRef list) const { return ListOf(list); }
 };
 
-Json ValueOf(hx::FieldRef field) {
-    return std::visit(ToJson(), field);
-}
-
 // An element without a class of its own holds fields of the record itself.
 bool IsOwners(hx::FieldRef field) {
     const auto* const record = std::get_if<hx::RecordRef>(&field);
@@ -52,16 +46,20 @@ bool IsOwners(hx::FieldRef field) {
 
 }  // namespace
 
+Json JsonOf(hx::FieldRef field) {
+    return std::visit(ToJson(), field);
+}
+
 Json FieldsOf(const hx::RecordType& type, void* record) {
     Json fields = Json::object();
-    if (type.version_at != nullptr) fields["Version"] = ValueOf(type.version_at(record));
+    if (type.version_at != nullptr) fields["Version"] = JsonOf(type.version_at(record));
     for (const hx::Field& field : type.fields) {
         if (field.ops->at == nullptr) continue;
         const hx::FieldRef at = field.ops->at(record);
         if (IsOwners(at)) {
-            fields.update(ValueOf(at));
+            fields.update(JsonOf(at));
         } else {
-            fields[hx::ToUtf8(field.child)] = ValueOf(at);
+            fields[hx::ToUtf8(field.child)] = JsonOf(at);
         }
     }
     return fields;

@@ -10,6 +10,7 @@ namespace hxctl {
 using Json = nlohmann::ordered_json;
 
 // Numbers that JSON cannot tell are the texts "nan", "inf" and "-inf".
+Json JsonOf(hx::FieldRef field);
 Json FieldsOf(const hx::RecordType& type, void* record);
 // The names of the fields whose validity flag is set; empty for a class without such flags.
 Json ValidFieldsOf(const hx::RecordType& type, const void* record);

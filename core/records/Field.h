@@ -50,6 +50,10 @@ struct FieldOps {
     bool (*read)(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer);
     // Null for what is never written.
     bool (*write)(const Field& field, const void* record, MFilerTaggedPair& filer);
+    // A further child that it reads and writes beside its own, as the number of entries in front of them.
+    std::wstring_view companion = {};
+    // Of a former name: the field, which another row lists.
+    FieldRef (*former)(void* record) = nullptr;
 };
 
 struct Field {

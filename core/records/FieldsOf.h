@@ -65,7 +65,8 @@ template <class R, auto kMember>
 struct FormerOps {
     using Ops = ValueOps<R, kMember, typename MemberOf<decltype(kMember)>::type>;
 
-    static constexpr FieldOps kOps{Ops::kOps.type, Ops::kOps.bits, nullptr, &Ops::Read, nullptr};
+    static constexpr FieldOps kOps{Ops::kOps.type, Ops::kOps.bits, nullptr, &Ops::Read, nullptr, {},
+                                   &Ops::At};
 };
 
 template <class Stream>

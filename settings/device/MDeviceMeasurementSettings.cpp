@@ -68,9 +68,9 @@ constexpr Field kPipelineFields[] = {
     F::Record<&Device::Processing>(L"ProcessingSettings"),
 };
 constexpr RecordType kPipeline =
-    OptionalElement<kPipelineFields>(L"Pipeline", "The scan pipeline's processing settings.");
+    OptionalElement<kPipelineFields>(L"Pipeline", "The scan pipeline's processing settings; may be absent.");
 constexpr RecordType kOtherPipeline = RetiredElement<kPipelineFields>(
-    L"OtherPipeline", "The scan pipeline's processing settings, as other scanner families have them.");
+    L"OtherPipeline", "The same, as other scanner families have it; may be absent, and is not written.");
 
 // Whichever of them are there are read into the same settings, so the last one counts.
 constexpr Field kProcessorsFields[] = {
@@ -78,18 +78,19 @@ constexpr Field kProcessorsFields[] = {
     F::Element<kPipeline>(L"HXPipeline"),
     F::Element<kOtherPipeline>(L"PeaksPipeline"),
 };
-constexpr RecordType kProcessors =
-    OptionalElement<kProcessorsFields>(L"ScanProcessors", "A pipeline for each scanner family.");
+constexpr RecordType kProcessors = OptionalElement<kProcessorsFields>(
+    L"ScanProcessors", "A pipeline for each scanner family; may be absent.");
 
 constexpr std::array<Field, 0> kNoFields;
-constexpr RecordType kLogger = OptionalElement<kNoFields>(L"FrequencyLogger", "Has nothing to set.");
+constexpr RecordType kLogger =
+    OptionalElement<kNoFields>(L"FrequencyLogger", "Has nothing to set; may be absent.");
 
 constexpr Field kScanPipelineFields[] = {
     F::Element<kProcessors>(L"ScanProcessors"),
     F::Element<kLogger>(L"FrequencyLogger"),
 };
 constexpr RecordType kScanPipeline =
-    OptionalElement<kScanPipelineFields>(L"ScanPipeline", "How scanned lines are processed.");
+    OptionalElement<kScanPipelineFields>(L"ScanPipeline", "How scanned lines are processed; may be absent.");
 
 template <auto kMember, uint32_t kBit>
 constexpr Field Hardware(std::wstring_view child) {

@@ -24,10 +24,10 @@ struct ThresholdOps {
     static bool Read(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer) {
         uint16_t& threshold = static_cast<R*>(record)->MinThreshold;
         const uint16_t otherwise = static_cast<const R*>(fallback)->MinThreshold;
-        if (filer.Read(field.child, threshold, otherwise)) return true;
+        if (filer.Read(field.child, threshold, otherwise) && filer.Found()) return true;
         uint8_t narrow = 0;
         const bool read = filer.Read<uint8_t>(field.child, narrow, 0);
-        if (read) threshold = narrow;
+        if (read && filer.Found()) threshold = narrow;
         return read;
     }
     static bool Write(const Field& field, const void* record, MFilerTaggedPair& filer) {

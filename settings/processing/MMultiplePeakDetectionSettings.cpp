@@ -1,12 +1,10 @@
 #include "settings/processing/MMultiplePeakDetectionSettings.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "core/records/FieldsOf.h"
 #include "core/records/ListType.h"
 #include "core/records/Streamable.h"
-#include "settings/processing/NumberIfPresent.h"
 
 namespace hx {
 namespace {
@@ -44,10 +42,10 @@ bool ReadEntries(std::vector<double>& entries, std::wstring_view list, int32_t s
     const size_t count = static_cast<size_t>(std::max(size, 0));
     for (size_t index = 0; index < count; ++index) {
         double entry = 0;
-        const NumberIfPresent found = ReadIfPresent(filer, name.Of(index), entry);
-        if (!found.present) {
+        const bool answer = filer.Read(name.Of(index), entry, 0.0);
+        if (!answer || !filer.Found()) {
             entries.resize(index);
-            return found.answer;
+            return answer;
         }
         if (index < entries.size()) {
             entries[index] = entry;
@@ -61,13 +59,11 @@ bool ReadEntries(std::vector<double>& entries, std::wstring_view list, int32_t s
 
 bool ReadWeights(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer) {
     std::vector<double>& weights = static_cast<R*>(record)->Weight2DCog;
-    // What a reader leaves that finds no size, and yet calls that a success.
-    constexpr int32_t kNoSize = std::numeric_limits<int32_t>::min();
-    int32_t size = kNoSize;
+    int32_t size = 0;
     bool has_size = false;
     const bool read = InGroup(filer, field.child, [&] {
-        const bool answer = filer.Read(kSizeChild, size, kNoSize);
-        has_size = answer && size != kNoSize;
+        const bool answer = filer.Read(kSizeChild, size, 0);
+        has_size = answer && filer.Found();
         return has_size ? ReadEntries(weights, field.child, size, filer) : answer;
     });
     if (!has_size) weights = static_cast<const R*>(fallback)->Weight2DCog;

@@ -2,7 +2,6 @@
 
 #include "core/records/FieldsOf.h"
 #include "core/records/Streamable.h"
-#include "settings/processing/NumberIfPresent.h"
 
 namespace hx {
 namespace {
@@ -20,12 +19,15 @@ constexpr std::wstring_view kCosineChild = L"CosOrientAngle";
 // No version tells which form a document has: each is tried.
 bool ReadOrientation(const Field&, void* record, const void* fallback, MFilerTaggedPair& filer) {
     Spoiler& spoiler = *static_cast<Spoiler*>(record);
-    if (ReadIfPresent(filer, kAngleChild, spoiler.OrientAngle).present) {
+    double number = 0;
+    if (filer.Read(kAngleChild, number, 0.0) && filer.Found()) {
+        spoiler.OrientAngle = number;
         spoiler.OrientationForm = Orientation::kAngle;
         return true;
     }
-    const NumberIfPresent cosine = ReadIfPresent(filer, kCosineChild, spoiler.CosOrientAngle);
-    if (cosine.present) {
+    const bool answer = filer.Read(kCosineChild, number, 0.0);
+    if (answer && filer.Found()) {
+        spoiler.CosOrientAngle = number;
         spoiler.OrientationForm = Orientation::kCosine;
         return true;
     }
@@ -33,7 +35,7 @@ bool ReadOrientation(const Field&, void* record, const void* fallback, MFilerTag
     spoiler.OrientAngle = otherwise.OrientAngle;
     spoiler.CosOrientAngle = otherwise.CosOrientAngle;
     spoiler.OrientationForm = otherwise.OrientationForm;
-    return cosine.answer;
+    return answer;
 }
 
 // Done with the angle.

@@ -49,7 +49,7 @@ struct PlanePoints {
                    points, [&](const Point2D& point) { return point.WriteTagged(filer, field.child); });
     }
 
-    static constexpr FieldOps kOps{L"Point2D", 0, &At, &Read, &Write};
+    static constexpr FieldOps kOps{L"Point2D", 0, &At, &Read, &Write, kNumberOfPoints};
 };
 
 namespace {

@@ -107,54 +107,6 @@ TEST_F(Hxctl, TakesSettingsThroughTheLibrary) {
                                      "\"S_OK\",\"document\":\"<?xml"));
 }
 
-std::string Inspection(const char* read, const std::string& server, const char* proxy, const char* wifi) {
-    return "{\n  \"read\": "s + read + ",\n  \"fields\": {\n    \"ServerIP\": \"" + server +
-           "\",\n    \"IsProxy\": " + proxy + ",\n    \"WiFiConnection\": " + wifi +
-           "\n  },\n  \"valid\": [],\n  \"error\": {\n    \"codes\": \"\"\n  }\n}\n";
-}
-
-TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
-    const std::string no_server =
-        "<MFilerTaggedXml><HXConnectionSettings><IsProxy type='bool'>1</IsProxy>"
-        "</HXConnectionSettings></MFilerTaggedXml>";
-    Write("defaults", Document("other", '0', '1'));
-    Check({
-        {"inspect -", kDefaults, 0, Inspection("true", "192.168.178.10", "true", "false"), ""},
-        {"inspect - --record MHXConnectionSettings", kVersion1, 0,
-         Inspection("true", "\xC3\xA4", "false", "false"), ""},
-        {"inspect -", no_server, 1, Inspection("false", "192.168.178.10", "true", "false"),
-         "hxctl: -: not read as MHXConnectionSettings\n"},
-        {"inspect - --defaults defaults", no_server, 1, Inspection("false", "other", "true", "false"),
-         "hxctl: -: not read as MHXConnectionSettings\n"},
-        {"inspect - --element Other", kDefaults, 1, Inspection("false", "192.168.178.10", "true", "false"),
-         "hxctl: -: not read as MHXConnectionSettings\n"},
-        {"inspect - --rewrite", kVersion1, 0, Document("\xC3\xA4", '0', '0'), ""},
-        {"inspect missing", "", 1, "", "hxctl: missing: No such file or directory\n"},
-        {"inspect - --defaults missing", kDefaults, 1, "", "hxctl: missing: No such file or directory\n"},
-        {"inspect - --record Other", kDefaults, 2, "", "hxctl: no record class \"Other\"\n"},
-    });
-}
-
-TEST_F(Hxctl, InspectsADeviceInsideTheDocumentOfItsDriver) {
-    const std::string version = "<Version type=\"uint\">1</Version>\n";
-    const std::string capability =
-        "<Capability>\n<InternalName type=\"string\">a</InternalName>\n"
-        "<Configuration type=\"string\">b</Configuration>\n</Capability>\n";
-    const std::string device =
-        "<DeviceList>\n<Device>\n<CommonDeviceProperties>\n" + version +
-        "<InternalName type=\"string\"/>\n<ConfigurationIdentity type=\"string\"/>\n"
-        "<DisplayName type=\"string\">d</DisplayName>\n<Buttons>\n"
-        "<NumberOfButtons type=\"int\">0</NumberOfButtons>\n</Buttons>\n<ConfigurationList>\n" +
-        capability + "</ConfigurationList>\n</CommonDeviceProperties>\n</Device>\n</DeviceList>\n";
-    const std::string head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Properties>\n";
-    Check({{"inspect - --record MCommonDeviceProperties --rewrite", head + version + device + "</Properties>",
-            0, head + device + "</Properties>\n", ""}});
-    EXPECT_EQ(Run("inspect - --record MCommonDeviceProperties", head + device + "</Properties>").exit, 0);
-    EXPECT_NE(Read("stdout").find("\"ConfigurationList\": {\n      \"a\": \"b\"\n"), std::string::npos);
-    EXPECT_EQ(Run("inspect - --record MPropertiesHelper", head + version + device + "</Properties>").exit, 1);
-    EXPECT_NE(Read("stdout").find("\"codes\": \"MPropertiesHelper.ReadXML:ReadImpTagged"), std::string::npos);
-}
-
 TEST_F(Hxctl, TellsWhatAChainSaysToTheUser) {
     const auto error = [](const std::string& code, const std::string& name, const std::string& value) {
         return "<Error><Code type='string'>" + code + "</Code><Parameter><Name type='string'>" + name +
@@ -215,8 +167,9 @@ TEST_F(Hxctl, WrongUseIsToldOnStandardErrorAlone) {
 }
 
 TEST_F(Hxctl, HelpIsEverywhere) {
-    for (const char* command : {"", "xml", "settings", "settings new", "settings check", "settings convert",
-                                "inspect", "exception", "keys", "keys list", "keys get", "keys set", "log"}) {
+    for (const char* command :
+         {"", "xml", "settings", "settings new", "settings check", "settings convert", "inspect", "format",
+          "exception", "keys", "keys list", "keys get", "keys set", "log"}) {
         const Answer answer = Run(command + " --help"s);
         EXPECT_EQ(answer.exit, 0) << command;
         EXPECT_NE(answer.out.find("Usage: hxctl"), std::string::npos) << answer.out;
