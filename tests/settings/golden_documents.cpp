@@ -4,10 +4,9 @@
 
 #include <algorithm>
 
+#include "apps/hxctl/record_reading.h"
 #include "core/errors/MException.h"
 #include "core/filer/MInFilerTaggedXml.h"
-#include "core/filer/MOutFilerTaggedXml.h"
-#include "core/records/InGroup.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
 
@@ -60,11 +59,7 @@ ReadOutcome ReadRecord(const hx::InventoryRow& row, std::wstring text, void* rec
 }
 
 std::wstring WriteRecord(const hx::InventoryRow& row, const void* record) {
-    hx::MOutFilerTaggedXml writer(row.root);
-    hx::MFilerTaggedPair filer(writer);
-    const auto write = [&] { return row.type->write(record, filer, row.element); };
-    const bool written = row.group.empty() ? write() : hx::InGroup(filer, row.group, write);
-    return written ? writer.TakeText() : std::wstring();
+    return hxctl::WriteRecord(record, row, row.element);
 }
 
 std::wstring CurrentDocument(const hx::InventoryRow& row) {
