@@ -14,7 +14,7 @@ usage: ./hx COMMAND
   bench [ARGS...]          compares speed with other libraries and prints ratios; --markdown FILE writes the tables
   fuzz TARGET [SECONDS]    feeds a target with arbitrary input (600 s if left out); TARGET: xml_document,
                            tagged_reader, tagged_optional_reader, resource_script, chain_document,
-                           registry_filers
+                           registry_filers, records, properties
   docs                     writes docs/settings_format.md, from the tables of the records
   lint                     clang-format and clang-tidy over the whole tree
   ctl ARGS...              runs hxctl
@@ -155,12 +155,30 @@ run_fuzz() {
     [ $# -ge 1 ] || { usage >&2; exit 2; }
     need "${TOOLS[@]}" "${LIBRARIES[@]}" "${FUZZING[@]}"
     build fuzz "fuzz_$1"
-    mkdir -p "build/fuzz/corpus/$1"
+    local seeds=build/fuzz/seeds/$1
+    mkdir -p "build/fuzz/corpus/$1" "$seeds"
+    golden_seeds "$1" "$seeds"
     # The words of the target's language; most read XML.
     local dictionary=fuzz/$1.dict
     [ -f "$dictionary" ] || dictionary=fuzz/xml.dict
     "build/fuzz/bin/fuzz_$1" -max_total_time="${2:-600}" -timeout=20 -dict="$dictionary" \
-        -artifact_prefix="build/fuzz/$1-" "build/fuzz/corpus/$1" "fuzz/inputs/$1"
+        -artifact_prefix="build/fuzz/$1-" "build/fuzz/corpus/$1" "fuzz/inputs/$1" "$seeds"
+}
+
+# The golden documents are seeds of what reads records.
+golden_seeds() {
+    local document class reader
+    case "$1" in
+        records)
+            for document in tests/golden/*/*.xml; do
+                class=$(basename "$(dirname "$document")")
+                for reader in strict optional; do
+                    { echo "${reader:0:1}$class"; cat "$document"; } >"$2/$class-$(basename "$document")-$reader"
+                done
+            done
+            ;;
+        properties) cp tests/golden/MPropertiesHelper/*.xml docs/examples/properties_*.xml "$2" ;;
+    esac
 }
 
 # Written aside and then moved: a build that fails leaves the document as it is.

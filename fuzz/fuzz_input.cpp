@@ -34,6 +34,8 @@ std::span<const Target> Targets() {
         {"resource_script", &ResourceScript},
         {"chain_document", &ChainDocument},
         {"registry_filers", &RegistryFilers},
+        {"records", &Records},
+        {"properties", &Properties},
     };
     return kTargets;
 }

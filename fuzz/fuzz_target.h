@@ -44,6 +44,10 @@ void ResourceScript(Input input);
 void ChainDocument(Input input);
 // Writes and reads values of all types in groups of any name, in a registry in memory.
 void RegistryFilers(Input input);
+// Reads a record of a class that the input names, writes it, and reads that.
+void Records(Input input);
+// The same for the properties of a driver and its device.
+void Properties(Input input);
 
 // Aborts with the text if `holds` is false.
 void Require(bool holds, const char* what);
