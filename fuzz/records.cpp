@@ -7,8 +7,8 @@
 #include "core/filer/MOutFilerTaggedXml.h"
 #include "core/records/InGroup.h"
 #include "fuzz/fuzz_target.h"
+#include "settings/device/MScanningMeasurementFacetSettings.h"
 #include "settings/inventory/RecordInventory.h"
-#include "settings/measurement/MScanningMeasurementFacetSettings.h"
 
 namespace fuzz {
 namespace {
@@ -69,7 +69,8 @@ void Records(Input input) {
     hx::MInFilerTaggedXml written_reader(written, row.root);
     const auto again = row.type->make();
     Require(Read(row, written_reader, again.get()), "what is written of what was read can be read");
-    // The first text may have numbers that 16 digits take across an edge: the greatest double becomes infinity.
+    // The first text may have numbers that 16 digits take across an edge: the greatest double becomes
+    // infinity.
     const std::wstring settled = Write(row, again.get());
     hx::MInFilerTaggedXml settled_reader(settled, row.root);
     const auto last = row.type->make();

@@ -11,7 +11,7 @@
 #include "platform/com/class_table.h"
 #include "platform/com/errorinfo.h"
 #include "platform/com/implements_dispatch.h"
-#include "settings/measurement/MScanningMeasurementFacetSettings.h"
+#include "settings/device/MScanningMeasurementFacetSettings.h"
 
 namespace hx {
 

@@ -38,15 +38,21 @@ bool InGroup(MFilerTaggedPair& filer, std::wstring_view element, Body&& body) {
     return closer.Close() && done;
 }
 
-// The same for an element that may be absent: false only if it is there.
-template <class Body>
-bool InOptionalGroup(MFilerTaggedPair& filer, std::wstring_view element, Body&& body) {
+// The same for an element that may be absent; then the result is `absent`'s.
+template <class Body, class Absent>
+bool InGroupOr(MFilerTaggedPair& filer, std::wstring_view element, Body&& body, Absent&& absent) {
     bool opened = false;
     const bool done = InGroup(filer, element, [&] {
         opened = true;
         return body();
     });
-    return done || !opened;
+    return opened ? done : absent();
+}
+
+// False only if the element is there.
+template <class Body>
+bool InOptionalGroup(MFilerTaggedPair& filer, std::wstring_view element, Body&& body) {
+    return InGroupOr(filer, element, body, [] { return true; });
 }
 
 }  // namespace hx

@@ -33,6 +33,10 @@ struct RecordType {
     bool (*is_valid)(const void* record, uint32_t flag) = nullptr;
     // The version that was read last; null for a class that does not keep it.
     FieldRef (*version_at)(void* record) = nullptr;
+    // A newer version is read, too, as the newest that is known; otherwise it is refused.
+    bool reads_newer = false;
+    // What is written is what the version has that was read, not what the current one has.
+    bool keeps_version = false;
 };
 
 // R's ReadTagged, whether or not it takes a record of the same class as defaults.
@@ -80,6 +84,8 @@ constexpr RecordType RecordTypeOf(std::wstring_view name, RecordVersion version,
     if constexpr (requires(R & record) { FieldRef(&record.Version); }) {
         type.version_at = [](void* record) -> FieldRef { return &static_cast<R*>(record)->Version; };
     }
+    if constexpr (requires { R::kReadsNewer; }) type.reads_newer = R::kReadsNewer;
+    if constexpr (requires { R::kKeepsVersion; }) type.keeps_version = R::kKeepsVersion;
     return type;
 }
 

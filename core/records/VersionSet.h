@@ -14,7 +14,6 @@ public:
     static constexpr VersionSet Only(uint32_t version) { return VersionSet(1u << version); }
     static constexpr VersionSet Except(uint32_t version) { return VersionSet(~(1u << version)); }
     constexpr VersionSet operator&(VersionSet other) const { return VersionSet(m_bits & other.m_bits); }
-    constexpr VersionSet operator|(VersionSet other) const { return VersionSet(m_bits | other.m_bits); }
 
     // A negative version counts as 0, one beyond all known ones as the last that can be told apart.
     constexpr bool Contains(int64_t version) const {

@@ -7,8 +7,9 @@ namespace hx {
 
 class SettingsObjectBase {
 public:
-    // Strict, what is missing keeps the record's own value and makes the read fail; otherwise it is taken
-    // from the defaults and does not. A record that holds others passes the flag on to them first.
+    // Strict, a value that is missing in an element that is there keeps the record's own and makes the read
+    // fail; otherwise it is taken from the defaults and does not. A record that holds others passes the flag
+    // on to them first.
     virtual void SetStrict(bool strict) { m_strict = strict; }
     virtual bool IsStrict() const { return m_strict; }
 

@@ -19,6 +19,7 @@ public:
     // Older documents hold hardware settings alone.
     static constexpr int32_t kHardwareOnlyVersion = 1;
     static constexpr int32_t kCurrentVersion = 2;
+    static constexpr bool kKeepsVersion = true;
     static const RecordType kType;
 
     // Reads group `element` straight into the members. Strict, what is missing keeps the record's own values

@@ -59,6 +59,14 @@ std::string Cell(std::string_view text) {
     return cell;
 }
 
+// Of a class that reads newer versions like the newest it knows, the children of that one are theirs, too.
+std::string VersionsOf(const Field& field, const RecordType& owner) {
+    std::string text = VersionsText(field.versions, owner.version.current);
+    if (owner.reads_newer && text != "all" && field.versions.Contains(VersionSet::kLast))
+        text += " and newer";
+    return text;
+}
+
 class Sections {
 public:
     std::string Take() { return std::move(m_text); }
@@ -92,7 +100,9 @@ void Sections::WriteSection(const RecordType& type, const InventoryRow* row) {
         m_text += "It has no version.\n";
     } else {
         m_text += Joined({"`Version` is of type ", IntegerWord(WordOf(type.version), 32),
-                          "; the current one is ", std::to_string(type.version.current), ".\n"});
+                          "; the current one is ", std::to_string(type.version.current), ".",
+                          type.reads_newer ? " Newer ones are read, too." : "",
+                          type.keeps_version ? " Written is what the version has that was read." : "", "\n"});
     }
     m_text += "\n| Child | Type | Unit | Default | Versions | Notes |\n|---|---|---|---|---|---|\n";
     WriteRows(type, type.make().get(), {});
@@ -108,7 +118,7 @@ void Sections::WriteRow(const Field& field, const RecordType& owner, void* recor
     std::string notes;
     const auto note = [&](std::string_view text) { notes += Joined({notes.empty() ? "" : ", ", text}); };
     if (field.optional) note("optional");
-    if (field.ops->write == nullptr || !is_current) note("no longer written");
+    if (field.ops->write == nullptr || !(is_current || owner.keeps_version)) note("no longer written");
     const RecordType* const inner = ClassOf(field, record);
     const bool is_group = inner != nullptr && inner->make == nullptr;
     std::string_view unit = field.unit.empty() && is_group ? inner->purpose : field.unit;
@@ -116,11 +126,11 @@ void Sections::WriteRow(const Field& field, const RecordType& owner, void* recor
         note(Joined({"former name of ", Code(unit)}));
         unit = {};
     } else if (field.ops->at == nullptr) {
-        note("dropped");
+        note("not kept");
     }
     if (field.flag >= 0) note(Joined({"flag ", std::to_string(field.flag)}));
     WriteCells({Code(place), TypeText(field, record), unit, std::visit(DefaultText(), field.fallback),
-                VersionsText(field.versions, owner.version.current), notes});
+                VersionsOf(field, owner), notes});
 
     if (inner == nullptr) return;
     if (inner->make != nullptr) {

@@ -62,7 +62,7 @@ of the table. Records whose values have validity flags keep what they found and 
 
 - *optional*: may be missing
 - *no longer written*: of older versions; read, so that their documents load
-- *dropped*: read, and not kept
+- *not kept*: read; the value itself is not kept
 - *former name*: read into the field of the present name
 - *flag N*: the index of the value's validity flag
 )";

@@ -25,16 +25,16 @@ constexpr FieldOps kTriggerOps{L"MTriggerSettings", 0, nullptr, &ReadTrigger, nu
 
 // An edge of the window of old versions, which ReadPixelWindow reads.
 constexpr VersionSet kInPixels = VersionSet::UpTo(1);
-constexpr Field Pixels(std::wstring_view child, int64_t fallback) {
-    return {child, F::Retired<int32_t>(child, kInPixels).ops, fallback, "pixels", kInPixels};
+constexpr Field Pixels(std::wstring_view child, int64_t fallback, std::string_view unit) {
+    return {child, F::Retired<int32_t>(child, kInPixels).ops, fallback, unit, kInPixels};
 }
 
 constexpr Field kFields[] = {
     {L"TriggerSettingsFromLocaliser", &kTriggerOps, {}, {}, VersionSet::UpTo(6)},
-    Pixels(L"VideoWin_x1", 0),
-    Pixels(L"VideoWin_y1", 0),
-    Pixels(L"VideoWin_W", 600),
-    Pixels(L"VideoWin_H", 1024),
+    Pixels(L"VideoWin_x1", 0, "pixels"),
+    Pixels(L"VideoWin_y1", 0, "pixels"),
+    Pixels(L"VideoWin_W", 600, "pixels; VideoWin_ROIPercentX is made of it"),
+    Pixels(L"VideoWin_H", 1024, "pixels; VideoWin_ROIPercentY is made of it"),
     F::Value<&Zrd::VideoWin_ROIPercentX>(L"VideoWin_ROIPercentX", 100, "% of the image's width")
         .In(VersionSet::From(2))
         .Flag(0),

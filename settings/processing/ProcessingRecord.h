@@ -17,6 +17,8 @@ bool ReadProcessingRows(const RecordType& type, void* record, const void* defaul
 template <class R>
 class ProcessingRecord : public SettingsObjectBase {
 public:
+    static constexpr bool kReadsNewer = true;
+
     // Reads group `element` by the strict rule, straight into the record. Without a version the read fails
     // in any case, and goes on.
     virtual bool ReadTagged(MFilerTaggedPair& filer, std::wstring_view element, const R& defaults) {

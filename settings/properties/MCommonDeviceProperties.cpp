@@ -25,9 +25,9 @@ FieldRef ButtonsAt(void* record) {
 }
 
 // Buttons that lack something are passed over. A number greater than that of the elements ends with them.
-bool ReadButtons(const Field& field, void* record, const void*, MFilerTaggedPair& filer) {
-    return InGroup(filer, field.child, [&] {
-        auto& buttons = static_cast<Device*>(record)->Buttons;
+bool ReadButtons(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer) {
+    auto& buttons = static_cast<Device*>(record)->Buttons;
+    const auto read_all = [&] {
         buttons.clear();
         int32_t number = 0;
         filer.Read(kNumberOfButtons, number, -1);
@@ -42,6 +42,10 @@ bool ReadButtons(const Field& field, void* record, const void*, MFilerTaggedPair
             if (found && read) buttons.push_back(std::move(button));
         }
         return true;
+    };
+    return InGroupOr(filer, field.child, read_all, [&] {
+        buttons = static_cast<const Device*>(fallback)->Buttons;
+        return false;
     });
 }
 
@@ -58,9 +62,10 @@ FieldRef ConfigurationsAt(void* record) {
     return ListRef{&static_cast<Device*>(record)->Configurations, &MapType<std::wstring>::kType};
 }
 
-bool ReadConfigurations(const Field& field, void* record, const void*, MFilerTaggedPair& filer) {
-    return InGroup(filer, field.child, [&] {
-        auto& configurations = static_cast<Device*>(record)->Configurations;
+// What the list tells is added to what the record has.
+bool ReadConfigurations(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer) {
+    auto& configurations = static_cast<Device*>(record)->Configurations;
+    const auto read_all = [&] {
         std::wstring name;
         std::wstring configuration;
         bool found = false;
@@ -71,6 +76,10 @@ bool ReadConfigurations(const Field& field, void* record, const void*, MFilerTag
         };
         while (InGroup(filer, kCapability, read_one) && found) configurations[name] = configuration;
         return true;
+    };
+    return InGroupOr(filer, field.child, read_all, [&] {
+        configurations = static_cast<const Device*>(fallback)->Configurations;
+        return false;
     });
 }
 

@@ -17,20 +17,26 @@ using F = FieldsOf<Driver>;
 constexpr wchar_t kModel[] = L"Model";
 constexpr wchar_t kFacet[] = L"Facet";
 
-// An element that holds nothing but texts, all under one name. One that opens replaces the list.
+// An element that holds nothing but texts, all under one name. One that opens replaces the list, one that is
+// absent leaves the defaults'.
 template <auto kList, const wchar_t* kChild>
 struct TextsOps {
     static FieldRef At(void* record) {
         return ListRef{&(static_cast<Driver*>(record)->*kList), &VectorType<std::wstring>::kType};
     }
-    static bool Read(const Field& field, void* record, const void*, MFilerTaggedPair& filer) {
-        return InGroup(filer, field.child, [&] {
-            auto& texts = static_cast<Driver*>(record)->*kList;
+    static bool Read(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer) {
+        auto& texts = static_cast<Driver*>(record)->*kList;
+        const auto read = [&] {
             texts.clear();
             std::wstring text;
             while (filer.Read(kChild, text, std::wstring()) && filer.Found()) texts.push_back(text);
             return true;
-        });
+        };
+        const auto absent = [&] {
+            texts = static_cast<const Driver*>(fallback)->*kList;
+            return false;
+        };
+        return InGroupOr(filer, field.child, read, absent);
     }
     static bool Write(const Field& field, const void* record, MFilerTaggedPair& filer) {
         return InGroup(filer, field.child, [&] {

@@ -26,7 +26,7 @@ struct PlanePoints {
         int32_t number = 0;
         const bool read = filer.Read(kNumberOfPoints, number, -1);
         if (number < 0) return read;
-        const auto count = std::min(static_cast<uint32_t>(number), MLaserPlane::kMostPoints);
+        const auto count = static_cast<uint32_t>(number);
         auto& points = plane.MeasurementArea;
         points.clear();
         // Behind the first that is not there nobody looks for another, so that a great number costs nothing.
@@ -38,7 +38,8 @@ struct PlanePoints {
             });
             points.push_back(point);
         }
-        plane.m_missing_points = count - static_cast<uint32_t>(points.size());
+        const auto told = static_cast<uint32_t>(points.size());
+        plane.m_missing_points = std::max(std::min(count, MLaserPlane::kMostPoints), told) - told;
         return read;
     }
 

@@ -12,7 +12,7 @@ namespace hx {
 class MLaserPlane {
 public:
     static const RecordType kType;
-    // A document may tell a count of points that it does not hold; no plane takes more than these.
+    // A document may count points that it does not tell; those are not made up beyond this number.
     static constexpr uint32_t kMostPoints = 65'536;
 
     MLaserPlane();

@@ -14,7 +14,8 @@ public:
     // Reads group `element`; false without a version that is known. A plane whose number is already in the
     // list gets what its element carries and keeps the rest; others are appended, also those that could not
     // be read as a whole. An element without a number ends the list. Planes that are in the list already
-    // stay. Points that are counted and not told are shared: all planes together get no more than one may.
+    // stay. Points that are counted and not told are made up for all planes together only as many as a single
+    // one may get, so that a small document fills no memory.
     bool ReadTagged(MFilerTaggedPair& filer, std::wstring_view element, const MLaserPlanes& defaults);
     bool WriteTagged(MFilerTaggedPair& filer, std::wstring_view element) const;
 

@@ -1,5 +1,6 @@
 #include "settings/properties/MScanner3DModelTransforms.h"
 
+#include "core/records/InGroup.h"
 #include "core/records/Streamable.h"
 #include "settings/properties/TransformField.h"
 
@@ -24,7 +25,15 @@ constinit const RecordType MScanner3DModelTransforms::kType =
 
 bool MScanner3DModelTransforms::ReadTagged(MFilerTaggedPair& filer, std::wstring_view element,
                                            const MScanner3DModelTransforms& defaults) {
-    return ReadElement(kType, this, &defaults, filer, element);
+    const auto read = [&] {
+        int64_t version = 0;
+        return ReadVersion(filer, kType.version, version) &&
+               ReadFields(*this, defaults, filer, version, ReadRule::kUntilFailure);
+    };
+    return InGroupOr(filer, element, read, [&] {
+        *this = defaults;
+        return false;
+    });
 }
 
 bool MScanner3DModelTransforms::WriteTagged(MFilerTaggedPair& filer, std::wstring_view element) const {

@@ -5,9 +5,13 @@
 #include "core/log/ModuleLogger.h"
 #include "core/records/FieldsOf.h"
 #include "core/records/InGroup.h"
+#include "core/records/Streamable.h"
 
 namespace hx {
 namespace {
+
+constexpr const char* kNames[] = {"Point2D", "Point3D", "CalendarDate", "Transform4x4"};
+const StreamedClasses kClasses(kNames);
 
 constexpr RecordVersion kNoVersion{RecordVersion::kNone, 0};
 
@@ -118,9 +122,10 @@ bool Transform4x4::ReadTagged(MFilerTaggedPair& filer, std::wstring_view element
         int32_t version = 0;
         bool all = ReadVersion(filer, version, 0);
         for (size_t i = 0; i < m.size(); ++i) all &= filer.Read(EntryName(i, version), m[i], double{m[i]});
-        if (!HasRotation()) {
-            ModuleLogger().Log({MLogSeverity::kWarning, "forms", 60, "Transform4x4::ReadTagged",
-                                L"A transform's rotation is none: " + std::wstring(element)});
+        if (!HasRotation() && ModuleLogger().Writes(MLogSeverity::kWarning)) {
+            ModuleLogger().Log(
+                {MLogSeverity::kWarning, "forms", 60, "Transform4x4::ReadTagged",
+                 L"The upper left 3x3 of a transform is no rotation: " + std::wstring(element)});
         }
         return all;
     });

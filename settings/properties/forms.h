@@ -49,8 +49,8 @@ struct Transform4x4 {
     // A list of its 16 entries.
     static const ListType kEntries;
 
-    // Without a version the entries are those of the first, and the read fails. Logs if the rotation is none;
-    // that changes nothing else.
+    // Without a version the entries are those of the first, and the read fails. If the upper left 3x3 is no
+    // rotation, a warning is logged; that changes nothing else.
     bool ReadTagged(MFilerTaggedPair& filer, std::wstring_view element, const Transform4x4& defaults);
     bool WriteTagged(MFilerTaggedPair& filer, std::wstring_view element) const;
 

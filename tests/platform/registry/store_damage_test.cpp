@@ -4,7 +4,6 @@
 #include <fstream>
 #include <functional>
 #include <random>
-#include <thread>
 
 #include "tests/platform/registry/child_process.h"
 #include "tests/platform/registry/store_fixture.h"
@@ -147,8 +146,8 @@ TEST_F(StoreDamage, FoundByManyAtOnceIsSetAsideByOne) {
         for (const auto& file : SetAside()) std::filesystem::remove(file);
         const bool opens = round % 3 != 0;
         m_folder.Write("machine", opens ? m_half_sound : "this is no database");
-        int start[2], reports[2];
-        ASSERT_TRUE(pipe(start) == 0 && pipe(reports) == 0);
+        int ready[2], start[2], reports[2];
+        ASSERT_TRUE(pipe(ready) == 0 && pipe(start) == 0 && pipe(reports) == 0);
         std::vector<pid_t> children;
         for (uint32_t i = 0; i < kProcesses; ++i) {
             children.push_back(StartChild([&, i] {
@@ -157,6 +156,8 @@ TEST_F(StoreDamage, FoundByManyAtOnceIsSetAsideByOne) {
                 if (opens) {
                     EXPECT_EQ(registry->OpenKey(kMachine, kKey, RegistryAccess::kRead), Result::kDone);
                 }
+                EXPECT_EQ(write(ready[1], "r", 1), 1);
+                close(ready[1]);
                 char unused = 0;
                 EXPECT_EQ(read(start[0], &unused, 1), 0);  // until the parent lets all go
                 EXPECT_EQ(Query(*registry, 300), Result::kNotFound);
@@ -166,8 +167,11 @@ TEST_F(StoreDamage, FoundByManyAtOnceIsSetAsideByOne) {
                 EXPECT_EQ(write(reports[1], marks.data(), marks.size()), static_cast<ssize_t>(marks.size()));
             }));
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        for (const int end : {start[0], start[1], reports[1]}) close(end);
+        // All have found the store as it was, before the first of them looks closer.
+        close(ready[1]);
+        char one = 0;
+        for (int i = 0; i < kProcesses; ++i) EXPECT_EQ(read(ready[0], &one, 1), 1);
+        for (const int end : {ready[0], start[0], start[1], reports[1]}) close(end);
         for (const pid_t child : children) ExpectSuccess(child);
         char marks[kProcesses + 1];
         EXPECT_EQ(read(reports[0], marks, sizeof marks), 1) << "reports";

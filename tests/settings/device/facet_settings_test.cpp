@@ -4,7 +4,7 @@
 #include "core/errors/MException.h"
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/MOutFilerTaggedXml.h"
-#include "settings/measurement/MScanningMeasurementFacetSettings.h"
+#include "settings/device/MScanningMeasurementFacetSettings.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "settings/measurement/MScanningMeasurementFacetSettings.h"
+#include "settings/device/MScanningMeasurementFacetSettings.h"
 
 #include "core/records/FieldsOf.h"
 #include "core/records/InGroup.h"

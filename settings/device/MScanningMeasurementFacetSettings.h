@@ -16,6 +16,8 @@ public:
     static constexpr std::wstring_view kElement = L"ScanningMeasurementFacetSettings";
     // With settings of the device instead of a catalogue.
     static constexpr int32_t kDeviceVersion = 1;
+    static constexpr bool kReadsNewer = true;
+    static constexpr bool kKeepsVersion = true;
     static const RecordType kType;
 
     // Reads group `element`. Without a version the body is read as that of version 1, and kept, and the read
