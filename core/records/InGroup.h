@@ -18,7 +18,12 @@ bool InGroup(MFilerTaggedPair& filer, std::wstring_view element, Body&& body) {
         Closer(const Closer&) = delete;
         Closer& operator=(const Closer&) = delete;
         ~Closer() {
-            if (m_open != nullptr) m_open->EndGroup();
+            if (m_open == nullptr) return;
+            try {
+                m_open->EndGroup();
+            } catch (...) {
+                // The failure that brought us here passes on; this one could only end the program.
+            }
         }
         bool Close() {
             MFilerTaggedPair& open = *m_open;
@@ -31,6 +36,17 @@ bool InGroup(MFilerTaggedPair& filer, std::wstring_view element, Body&& body) {
     } closer(filer);
     const bool done = body();
     return closer.Close() && done;
+}
+
+// The same for an element that may be absent: false only if it is there.
+template <class Body>
+bool InOptionalGroup(MFilerTaggedPair& filer, std::wstring_view element, Body&& body) {
+    bool opened = false;
+    const bool done = InGroup(filer, element, [&] {
+        opened = true;
+        return body();
+    });
+    return done || !opened;
 }
 
 }  // namespace hx

@@ -9,7 +9,8 @@ bool ReadEntry(const RecordType& type, void* entry, const std::wstring& name, MF
     const auto read = [&](std::span<const Field> rows) {
         return ReadFields(rows, entry, entry, filer, version, ReadRule::kUntilFailure);
     };
-    if (!read(type.fields.first(1))) return false;
+    // A name that is absent is none; one that is there and empty is an error.
+    if (!read(type.fields.first(1)) || !filer.Found()) return false;
     if (name.empty()) {
         location.Set(entry, 17);
         Throw(location, MakeError(location, L"EmptyInternalName"));

@@ -42,12 +42,8 @@ using F = FieldsOf<Device>;
 // An element that counts only if it is there and cannot be read; all its children are attempted.
 template <const auto& kRows>
 bool ReadIfThere(void* record, MFilerTaggedPair& filer, std::wstring_view element, const void* fallback) {
-    bool opened = false;
-    const bool read = InGroup(filer, element, [&] {
-        opened = true;
-        return ReadFields(kRows, record, fallback, filer, 0, ReadRule::kAll);
-    });
-    return read || !opened;
+    return InOptionalGroup(
+        filer, element, [&] { return ReadFields(kRows, record, fallback, filer, 0, ReadRule::kAll); });
 }
 
 bool WriteNothing(const void*, MFilerTaggedPair&, std::wstring_view) {
@@ -64,8 +60,16 @@ constexpr RecordType RetiredElement(std::wstring_view name, std::string_view pur
     return {name, {RecordVersion::kNone, 0}, kRows, purpose, &ReadIfThere<kRows>, &WriteNothing, nullptr};
 }
 
+// A pipeline may be there for another program's sake, without settings.
+bool ReadProcessing(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer) {
+    return static_cast<Device*>(record)->Processing.ReadIfThere(
+        filer, field.child, static_cast<const Device*>(fallback)->Processing);
+}
+using ProcessingOps = detail::RecordOps<Device, &Device::Processing>;
+constexpr FieldOps kProcessingOps{{}, 0, &ProcessingOps::At, &ReadProcessing, &ProcessingOps::Write};
+
 constexpr Field kPipelineFields[] = {
-    F::Record<&Device::Processing>(L"ProcessingSettings"),
+    {L"ProcessingSettings", &kProcessingOps, {}, "may be absent"},
 };
 constexpr RecordType kPipeline =
     OptionalElement<kPipelineFields>(L"Pipeline", "The scan pipeline's processing settings; may be absent.");
@@ -114,7 +118,7 @@ constexpr size_t kHardwareRows = 2;
 }  // namespace
 
 constinit const RecordType MDeviceMeasurementSettings::kType = RecordTypeOf<Device>(
-    L"MDeviceMeasurementSettings", {RecordVersion::kInt, 2}, kFields,
+    L"MDeviceMeasurementSettings", {RecordVersion::kInt, kCurrentVersion}, kFields,
     "The measurement settings of one scanner. A record of version 1 is written as such.");
 
 bool MDeviceMeasurementSettings::ReadTagged(MFilerTaggedPair& filer, std::wstring_view element,
@@ -149,8 +153,10 @@ bool MDeviceMeasurementSettings::ReadImpTagged(MFilerTaggedPair& filer,
                                                const MDeviceMeasurementSettings& defaults) {
     m_reference.Set(defaults);
     int32_t version = 0;
-    if (!ReadVersion(filer, version, Version, static_cast<int32_t>(kType.version.current))) return false;
-    Version = version;
+    const bool known = ReadVersion(filer, version, kCurrentVersion, kCurrentVersion);
+    // One that is missing stands for the current one, and is an error all the same.
+    if (version <= kCurrentVersion) Version = version;
+    if (!known) return false;
     m_has_pipeline = version != kHardwareOnlyVersion;
     m_present = 0;
     const std::span<const Field> rows = kFields;

@@ -18,6 +18,7 @@ class MDeviceMeasurementSettings final : public SettingsObjectBase {
 public:
     // Older documents hold hardware settings alone.
     static constexpr int32_t kHardwareOnlyVersion = 1;
+    static constexpr int32_t kCurrentVersion = 2;
     static const RecordType kType;
 
     // Reads group `element` straight into the members. Strict, what is missing keeps the record's own values
@@ -44,7 +45,7 @@ public:
     MScanEngineProcessingSettings ScanEngine;
     ZRDMeasurementSettings ZRD;
     MHXMeasurementSettings HX;
-    int32_t Version = 2;  // that of the element read last
+    int32_t Version = kCurrentVersion;  // that of the element read last
 
 private:
     template <auto kMember, uint32_t kBit>

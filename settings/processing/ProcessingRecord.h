@@ -22,6 +22,10 @@ public:
     virtual bool ReadTagged(MFilerTaggedPair& filer, std::wstring_view element, const R& defaults) {
         return InGroup(filer, element, [&] { return ReadImpTagged(filer, defaults); });
     }
+    // The same, and true if there is no such group.
+    bool ReadIfThere(MFilerTaggedPair& filer, std::wstring_view element, const R& defaults) {
+        return InOptionalGroup(filer, element, [&] { return ReadImpTagged(filer, defaults); });
+    }
     virtual bool WriteTagged(MFilerTaggedPair& filer, std::wstring_view element) const {
         return WriteElement(R::kType, static_cast<const R*>(this), filer, element);
     }

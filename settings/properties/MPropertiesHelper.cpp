@@ -32,12 +32,9 @@ bool MPropertiesHelper::ReadImpTagged(MFilerTaggedPair& filer, bool device_requi
     if (!ReadVersion(filer, version, 0u, kVersion) || !m_driver.ReadTagged(filer, kDriver, m_driver)) {
         return false;
     }
-    bool has_list = false;
-    const bool read = InGroup(filer, kDeviceList, [&] {
-        has_list = true;
+    return InOptionalGroup(filer, kDeviceList, [&] {
         return m_device.ReadTagged(filer, kDevice, m_device) || !device_required;
     });
-    return read || !has_list;
 }
 
 bool MPropertiesHelper::WriteDocument(MFilerTaggedPair& filer, const MCommonDriverProperties& driver,

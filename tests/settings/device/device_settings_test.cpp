@@ -95,10 +95,13 @@ TEST(DeviceSettings, EachVersionIsReadByItsOwnRulesAndWrittenBackAsItIs) {
          Version(2) + stages + Group(L"ScanPipeline", Group(L"ScanProcessors", Pipeline(L"HXPipeline", 11))) +
              engine,
          true, true, 2, 11, all},
-        {"pipeline without settings", Version(2) + stages + ScanPipeline(L"<FxPipeline/>") + engine, false,
-         true, 2, 6, all},
+        {"pipeline without settings",
+         Version(2) + stages + ScanPipeline(L"<FxPipeline/>" + Pipeline(L"PeaksPipeline", 12)) + engine, true,
+         true, 2, 12, all},
         {"behind a broken pipeline",
-         Version(2) + stages + ScanPipeline(L"<FxPipeline/>" + Pipeline(L"PeaksPipeline", 12)) + engine + hx,
+         Version(2) + stages +
+             ScanPipeline(Group(L"FxPipeline", L"<ProcessingSettings/>") + Pipeline(L"PeaksPipeline", 12)) +
+             engine + hx,
          false, true, 2, 12, all + L"H"},
         {"the later pipeline counts",
          Version(2) + stages + ScanPipeline(Pipeline(L"FxPipeline", 10) + Pipeline(L"HXPipeline", 11)) +
