@@ -16,6 +16,8 @@ enum FUNCKIND : int32_t { FUNC_DISPATCH = 4 };
 enum CALLCONV : int32_t { CC_STDCALL = 4 };
 enum INVOKEKIND : int32_t { INVOKE_FUNC = DISPATCH_METHOD };
 
+// A vtable and an IDispatch that do the same.
+inline constexpr WORD TYPEFLAG_FDUAL = 0x40;
 inline constexpr WORD TYPEFLAG_FDISPATCHABLE = 0x1000;
 inline constexpr USHORT PARAMFLAG_FIN = 0x1;
 
@@ -79,7 +81,8 @@ struct VARDESC;
 
 HX_IID(ITypeInfo, "00020401-0000-0000-C000-000000000046")
 struct ITypeInfo : IUnknown {
-    // What is given out as a pointer is [caller gives back] through the Release method of its kind.
+    // What is given out as a pointer is [caller gives back] through the Release method of its kind; on
+    // failure it is null.
     virtual HRESULT STDMETHODCALLTYPE GetTypeAttr(TYPEATTR** attributes) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetTypeComp(ITypeComp** compiler) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetFuncDesc(UINT index, FUNCDESC** description) = 0;

@@ -7,7 +7,7 @@
 namespace hx {
 namespace {
 
-constexpr const char* kNames[] = {"MDeviceModel", "MSupportedDevices", "MDeviceBase"};
+constexpr const char* kNames[] = {"MDeviceModel", "MSupportedDevices"};
 const StreamedClasses kClasses(kNames);
 
 using F = FieldsOf<MDeviceModel>;

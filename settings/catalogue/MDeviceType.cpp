@@ -7,7 +7,7 @@
 namespace hx {
 namespace {
 
-constexpr const char* kNames[] = {"MDeviceType", "MDeviceSettingsList", "MDeviceBase"};
+constexpr const char* kNames[] = {"MDeviceType", "MDeviceSettingsList"};
 const StreamedClasses kClasses(kNames);
 
 using F = FieldsOf<MDeviceType>;

@@ -30,12 +30,14 @@ struct PlanePoints {
         auto& points = plane.MeasurementArea;
         points.clear();
         // Behind the first that is not there nobody looks for another, so that a great number costs nothing.
-        for (bool found = true; found && points.size() < count;) {
+        while (points.size() < count) {
             Point2D point;
+            bool found = false;
             InGroup(filer, field.child, [&] {
                 found = filer.Found();
-                return ReadFields(point, point, filer, 0, ReadRule::kUntilFailure);
+                return found && ReadFields(point, point, filer, 0, ReadRule::kUntilFailure);
             });
+            if (!found) break;
             points.push_back(point);
         }
         const auto told = static_cast<uint32_t>(points.size());

@@ -248,11 +248,11 @@ TEST_F(Dispatch, TheInterfaceDescribesItself) {
     ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
     EXPECT_EQ(attributes->guid, IID_IPlotter);
     EXPECT_EQ(attributes->typekind, TKIND_DISPATCH);
+    EXPECT_EQ(attributes->wTypeFlags, TYPEFLAG_FDUAL | TYPEFLAG_FDISPATCHABLE);
     EXPECT_EQ(attributes->cFuncs, std::size(kMembers));
     info->ReleaseTypeAttr(attributes);
 
     FUNCDESC* function = nullptr;
-    EXPECT_EQ(info->GetFuncDesc(3, &function), TYPE_E_ELEMENTNOTFOUND);
     ASSERT_EQ(info->GetFuncDesc(0, &function), S_OK);
     EXPECT_EQ(function->memid, 7);
     ASSERT_EQ(function->cParams, 4);
@@ -267,14 +267,62 @@ TEST_F(Dispatch, TheInterfaceDescribesItself) {
     ASSERT_EQ(count, 2u);
     for (UINT i = 0; i < count; ++i) names[i].attach(raw[i]);
     EXPECT_TRUE(names[0].view() == L"Draw" && names[1].view() == L"length" && raw[2] == nullptr);
-    EXPECT_EQ(info->GetNames(1, raw, 2, &count), TYPE_E_ELEMENTNOTFOUND);
 
     for (const auto& [member, name] : {std::pair(MEMBERID_NIL, L"IPlotter"), {8, L"Attach"}}) {
         hx::Bstr documented;
         EXPECT_EQ(info->GetDocumentation(member, documented.put(), nullptr, nullptr, nullptr), S_OK);
         EXPECT_EQ(documented.view(), name);
     }
-    EXPECT_EQ(info->GetDocumentation(1, nullptr, nullptr, nullptr, nullptr), TYPE_E_ELEMENTNOTFOUND);
+}
+
+// Any output that is a pointer; it holds something.
+struct Output {
+    void* value = &value;
+    template <class T>
+    operator T**() {
+        return reinterpret_cast<T**>(&value);
+    }
+};
+
+TEST_F(Dispatch, WhatIsNotDescribedIsNull) {
+    ComPtr<ITypeInfo> info;
+    ASSERT_EQ(m_plotter->GetTypeInfo(0, 0, info.put()), S_OK);
+    constexpr HRESULT kAbsent = TYPE_E_ELEMENTNOTFOUND;
+    UINT count = 9;
+    Output o[14];
+    const struct {
+        HRESULT result;
+        HRESULT expected;
+    } rows[] = {
+        {info->GetFuncDesc(3, o[0]), kAbsent},
+        {info->GetVarDesc(0, o[1]), kAbsent},
+        {info->GetRefTypeInfo(0, o[2]), kAbsent},
+        {info->GetNames(1, o[3], 1, &count), kAbsent},
+        {info->GetNames(7, o[4], 1, nullptr), E_POINTER},
+        {info->GetDocumentation(1, o[5], nullptr, nullptr, nullptr), kAbsent},
+        {info->GetDocumentation(1, nullptr, o[6], nullptr, nullptr), kAbsent},
+        {info->GetTypeComp(o[7]), E_NOTIMPL},
+        {info->GetDllEntry(7, INVOKE_FUNC, o[8], nullptr, nullptr), E_NOTIMPL},
+        {info->GetDllEntry(7, INVOKE_FUNC, nullptr, o[9], nullptr), E_NOTIMPL},
+        {info->AddressOfMember(7, INVOKE_FUNC, o[10]), E_NOTIMPL},
+        {info->CreateInstance(nullptr, IID_IPlotter, o[11]), E_NOTIMPL},
+        {info->GetMops(7, o[12]), E_NOTIMPL},
+        {info->GetContainingTypeLib(o[13], nullptr), E_NOTIMPL},
+    };
+    static_assert(std::size(rows) == std::size(o));
+    for (size_t i = 0; i < std::size(rows); ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(rows[i].result, rows[i].expected);
+        EXPECT_EQ(o[i].value, nullptr);
+    }
+    EXPECT_EQ(count, 0u);
+    // So many base types can be asked for as it says it has.
+    TYPEATTR* attributes = nullptr;
+    ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
+    HREFTYPE base = 9;
+    EXPECT_EQ(info->GetRefTypeOfImplType(attributes->cImplTypes, &base), kAbsent);
+    EXPECT_EQ(base, 0u);
+    info->ReleaseTypeAttr(attributes);
 }
 
 TEST_F(Dispatch, ADescriptionKeepsTheLibrary) {

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/filer/MInFilerTaggedXml.h"
-#include "core/filer/MOutFilerTaggedXml.h"
+#include "tests/settings/record_text.h"
 
 namespace {
 
@@ -14,10 +13,6 @@ const wchar_t* const kServer = L"<ServerIP type='string'>1.2.3.4</ServerIP>";
 const wchar_t* const kProxy = L"<IsProxy type='bool'>1</IsProxy>";
 const wchar_t* const kNoProxy = L"<IsProxy type='bool'>0</IsProxy>";
 const wchar_t* const kWiFi = L"<WiFiConnection type='bool'>1</WiFiConnection>";
-
-std::wstring Version(int32_t version) {
-    return L"<Version type='int'>" + std::to_wstring(version) + L"</Version>";
-}
 
 TEST(ConnectionSettings, EveryVersionIsReadByItsOwnRules) {
     // What the fields hold after reading; before, they are "before", false and true. The defaults are
@@ -64,14 +59,10 @@ TEST(ConnectionSettings, EveryVersionIsReadByItsOwnRules) {
         record.ServerIP = before;
         record.IsProxy = false;
         record.WiFiConnection = true;
-        hx::MInFilerTaggedXml reader(L"<R><S>" + row.body + L"</S><behind type='bool'>1</behind></R>", L"R");
-        hx::MFilerTaggedPair filer(reader);
-        EXPECT_EQ(record.ReadTagged(filer, L"S", defaults), row.read);
+        EXPECT_EQ(ReadFrom(row.body, record, defaults), row.read);
         EXPECT_EQ(record.ServerIP, row.server);
         EXPECT_EQ(record.IsProxy, row.proxy);
         EXPECT_EQ(record.WiFiConnection, row.wifi);
-        bool behind = false;
-        EXPECT_TRUE(reader.Read(L"behind", behind, false)) << "the group is left in any case";
     }
 }
 
@@ -93,13 +84,8 @@ TEST(ConnectionSettings, WhatIsWrittenIsReadBack) {
         record.ServerIP = L"<a & b>";
         record.IsProxy = (flags & 1) != 0;
         record.WiFiConnection = (flags & 2) != 0;
-        hx::MOutFilerTaggedXml writer(L"R");
-        hx::MFilerTaggedPair out(writer);
-        EXPECT_TRUE(record.WriteTagged(out, L"S"));
-        hx::MInFilerTaggedXml reader(writer.TakeText(), L"R");
-        hx::MFilerTaggedPair in(reader);
         MHXConnectionSettings read;
-        EXPECT_TRUE(read.ReadTagged(in, L"S", {}));
+        EXPECT_TRUE(ReadFrom(Written(record), read));
         EXPECT_EQ(read.ServerIP, record.ServerIP);
         EXPECT_EQ(read.IsProxy, record.IsProxy);
         EXPECT_EQ(read.WiFiConnection, record.WiFiConnection);

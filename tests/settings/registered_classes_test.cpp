@@ -36,6 +36,7 @@ TEST(RegisteredClasses, AreAllRecordsAndWhatBelongsToThem) {
                                    "IScannerDynamicSettings",
                                    "InputStream",
                                    "LastReadStatusHelper",
+                                   "MDeviceBase",
                                    "MGlobalScanningSettings",
                                    "MHXMeasurementSettingsConverter",
                                    "MLaserProfileSettingsList",

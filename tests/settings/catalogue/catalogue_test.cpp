@@ -1,30 +1,22 @@
 // The device catalogue: entries, collections, and what they raise.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "core/errors/MException.h"
-#include "core/filer/MInFilerTaggedXml.h"
-#include "core/filer/MOutFilerTaggedXml.h"
 #include "settings/catalogue/MDeviceType.h"
+#include "tests/settings/raised.h"
+#include "tests/settings/record_text.h"
 
 namespace {
 
 using hx::RecordType;
 using Text = std::wstring;
 
-Text Group(const Text& tag, const Text& body) {
-    return L"<" + tag + L">" + body + L"</" + tag + L">";
-}
-Text Version(int version) {
-    return L"<Version type=\"uint\">" + std::to_wstring(version) + L"</Version>";
-}
 Text Name(const Text& name) {
-    return L"<InternalName type=\"string\">" + name + L"</InternalName>";
+    return Child(L"InternalName", L"string", name);
 }
-const Text kV = Version(1);
-const Text kEmptyName = L"<InternalName type=\"string\"/>";
-const Text kSettings = L"<DeviceSettings><own a=\"1\">of the driver</own></DeviceSettings>";
+const Text kV = Version(1, L"uint");
+const Text kNewer = Version(2, L"uint");
+const Text kEmptyName = L"<InternalName type=\"string\"/>\n";
+const Text kSettings = L"<DeviceSettings><own a=\"1\">of the driver</own></DeviceSettings>\n";
 
 Text Configuration(const Text& name) {
     return Group(L"Configuration", kV + Name(name) + kSettings);
@@ -39,47 +31,6 @@ Text Model(const Text& name, const Text& settings = kSettings) {
 }
 Text Type(const Text& name) {
     return Group(L"DeviceType", kV + Name(name) + kSettings + Group(L"SupportedDevices", kV + Model(L"M")));
-}
-
-// The record's element as it is written, without the line ends of a document.
-Text Written(const RecordType& type, const void* record) {
-    hx::MOutFilerTaggedXml writer(L"R");
-    hx::MFilerTaggedPair filer(writer);
-    if (!type.write(record, filer, L"E")) return L"not written";
-    Text text = writer.TakeText();
-    std::erase(text, L'\n');
-    const size_t begin = text.find(L"<E>");
-    return begin == Text::npos ? text : text.substr(begin + 3, text.rfind(L"</E>") - begin - 3);
-}
-
-struct Result {
-    Text raised;  // the error's code and category
-    bool read = false;
-    bool group_left = false;
-    Text written;
-};
-
-Result ReadTwice(const RecordType& type, const Text& before, const Text& body) {
-    const auto record = type.make();
-    Result result;
-    for (const Text& each : {before, body}) {
-        hx::MInFilerTaggedXml reader(L"<R><E>" + each + L"</E><behind type='bool'>1</behind></R>", L"R");
-        hx::MFilerTaggedPair filer(reader);
-        result = {};
-        try {
-            result.read = type.read(record.get(), filer, L"E", record.get());
-        } catch (const hx::MException& exception) {
-            const hx::MError& error = *exception.GetChain().front();
-            result.raised = error.GetCode();
-            for (const auto& [name, value] : error.GetParameters()) {
-                result.raised.append(L" ").append(name).append(L"=").append(value);
-            }
-        }
-        bool behind = false;
-        result.group_left = reader.Read(L"behind", behind, false);
-    }
-    result.written = Written(type, record.get());
-    return result;
 }
 
 TEST(Catalogue, EveryRecordReadsItsChildrenInOrderAndTellsWhatIsWrong) {
@@ -110,11 +61,10 @@ TEST(Catalogue, EveryRecordReadsItsChildrenInOrderAndTellsWhatIsWrong) {
         {"in the order of the names", list, L"", kV + Type(L"B") + Type(L"A"), true, L"",
          kV + Type(L"A") + Type(L"B")},
         {"old members go", list, old_list, kV + Type(L"A"), true, L"", all},
-        {"version 0", list, L"", Version(0) + Type(L"A"), true, L"", kV + Type(L"A")},
-        {"newer version", list, old_list, Version(2) + Type(L"A"), false, L"", kV},
+        {"version 0", list, L"", Version(0, L"uint") + Type(L"A"), true, L"", kV + Type(L"A")},
+        {"newer version", list, old_list, kNewer + Type(L"A"), false, L"", kV},
         {"no version", list, old_list, Type(L"A"), false, L"", kV},
-        {"version of another type", list, old_list, L"<Version type='int'>1</Version>" + Type(L"A"), false,
-         L"", kV},
+        {"version of another type", list, old_list, Version(1) + Type(L"A"), false, L"", kV},
         {"no type", list, old_list, kV, false, L"MDeviceSettingsList.ReadImpTagged:Read category=DeviceType",
          kV},
         {"no model", models, L"", kV, false, L"MSupportedDevices.ReadImpTagged:Read category=DeviceModel",
@@ -124,9 +74,9 @@ TEST(Catalogue, EveryRecordReadsItsChildrenInOrderAndTellsWhatIsWrong) {
         {"no configuration", configurations, L"", kV, false,
          L"MSupportedConfigurations.ReadImpTagged:Read category=Configuration", kV},
         {"a member that cannot be read is the last", configurations, L"",
-         kV + Configuration(L"A") + Group(L"Configuration", Version(2)) + Configuration(L"B"), true, L"",
+         kV + Configuration(L"A") + Group(L"Configuration", kNewer) + Configuration(L"B"), true, L"",
          kV + Configuration(L"A")},
-        {"only such a member", configurations, L"", kV + Group(L"Configuration", Version(2)), false,
+        {"only such a member", configurations, L"", kV + Group(L"Configuration", kNewer), false,
          L"MSupportedConfigurations.ReadImpTagged:Read category=Configuration", kV},
         {"a member without a name", models, L"",
          kV + Model(L"A") + Group(L"DeviceModel", kV + kEmptyName + kSettings), false,
@@ -140,7 +90,7 @@ TEST(Catalogue, EveryRecordReadsItsChildrenInOrderAndTellsWhatIsWrong) {
          kV + Capability(L"B") + Capability(L"A") + Capability(L"B"), true, L"", all},
 
         {"device type", device, L"", old_device, true, L"", all},
-        {"newer device type", device, old_device, Version(2) + Name(L"A"), false, L"", old_device},
+        {"newer device type", device, old_device, kNewer + Name(L"A"), false, L"", old_device},
         {"device type without a version", device, old_device, Name(L"A"), false, L"", old_device},
         {"device type of an empty name", device, old_device, kV + kEmptyName + kSettings, false,
          L"MDeviceType.ReadImpTagged:EmptyInternalName", kV + kEmptyName + kSettings + of_device},
@@ -154,7 +104,7 @@ TEST(Catalogue, EveryRecordReadsItsChildrenInOrderAndTellsWhatIsWrong) {
          kV + Name(L"A") + kSettings + Group(L"SupportedDevices", kV), false,
          L"MSupportedDevices.ReadImpTagged:Read category=DeviceModel",
          kV + Name(L"A") + kSettings + Group(L"SupportedDevices", kV)},
-        {"empty settings", configuration, L"", kV + Name(L"A") + L"<DeviceSettings/>", true, L"", all},
+        {"empty settings", configuration, L"", kV + Name(L"A") + L"<DeviceSettings/>\n", true, L"", all},
         {"model of an empty name", model, L"", kV + kEmptyName, false,
          L"MDeviceModel.ReadImpTagged:EmptyInternalName", L"not written"},
         {"capability of an empty name", capability, L"", kV + kEmptyName, false,
@@ -165,11 +115,18 @@ TEST(Catalogue, EveryRecordReadsItsChildrenInOrderAndTellsWhatIsWrong) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
-        const Result result = ReadTwice(*row.type, row.before, row.body);
-        EXPECT_EQ(result.raised, row.raised);
-        EXPECT_EQ(result.read, row.read);
-        EXPECT_EQ(result.written, row.written == all ? row.body : row.written);
-        EXPECT_TRUE(result.group_left);
+        const auto record = row.type->make();
+        bool read = false;
+        const auto reading = [&](const Text& children) {
+            read = false;
+            read = ReadElement(children, [&](hx::MFilerTaggedPair& filer) {
+                return row.type->read(record.get(), filer, L"E", record.get());
+            });
+        };
+        RaisedBy([&] { reading(row.before); });
+        EXPECT_EQ(RaisedBy([&] { reading(row.body); }), row.raised);
+        EXPECT_EQ(read, row.read);
+        EXPECT_EQ(Written(*row.type, record.get()), row.written == all ? row.body : row.written);
     }
 }
 

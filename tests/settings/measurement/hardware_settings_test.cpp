@@ -41,12 +41,7 @@ class HardwareSettings : public testing::Test {
 protected:
     using Record = typename Family::Record;
 
-    static std::wstring Version(int64_t version) {
-        return Child(L"Version", L"int", std::to_wstring(version));
-    }
-    static std::wstring Value(uint32_t value) {
-        return Child(Family::kChild, L"uint", std::to_wstring(value));
-    }
+    static std::wstring Value(uint32_t value) { return Child(Family::kChild, L"uint", value); }
     static std::wstring Current() { return Version(Record::kType.version.current); }
     static Record With(uint32_t value) {
         Record record;
@@ -74,11 +69,10 @@ TYPED_TEST(HardwareSettings, FlagsTellWhatTheDocumentHas) {
     const Row rows[] = {
         {"there", TestFixture::Current() + TestFixture::Value(in_document), true, in_document, true},
         {"not there", TestFixture::Current(), false, in_defaults, true},
-        {"newer version", TestFixture::Version(newest + 1) + TestFixture::Value(in_document), false, before,
-         false},
+        {"newer version", Version(newest + 1) + TestFixture::Value(in_document), false, before, false},
         {"no version", TestFixture::Value(in_document), false, before, false},
-        {"version of another type", Child(L"Version", L"uint", L"1") + TestFixture::Value(in_document), false,
-         before, false},
+        {"version of another type", Version(1, L"uint") + TestFixture::Value(in_document), false, before,
+         false},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);

@@ -2,7 +2,7 @@
 
 #include "settings/processing/MInterpolatorSettings.h"
 #include "settings/processing/MSpoilerSettings.h"
-#include "tests/settings/processing/record_text.h"
+#include "tests/settings/record_text.h"
 
 namespace {
 
@@ -40,8 +40,7 @@ TEST(ImageInterpolator, EachVersionHasItsOwnChildren) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
         hx::MImageInterpolatorSettings record;
-        EXPECT_EQ(ReadFrom(Group(L"I", Version(row.version) + first + row.children), record, L"I", record),
-                  row.read);
+        EXPECT_EQ(ReadFrom(Version(row.version) + first + row.children, record, record), row.read);
         EXPECT_EQ(record.MinReflectivity, row.limits_read ? 0.2 : 0.0);
         EXPECT_EQ(record.MaxReflectivity, row.limits_read ? 0.8 : 1.0);
         EXPECT_EQ(record.NoClipping, row.clipping_read);
@@ -93,12 +92,11 @@ TEST(Interpolator, EachVersionHasItsOwnChildren) {
             SCOPED_TRACE(std::string(row.what) + (strict ? ", strict" : ", not strict"));
             hx::MInterpolatorSettings record;
             record.SetStrict(strict);
-            EXPECT_EQ(ReadFrom(Group(L"I", row.body), record, L"I", hx::MInterpolatorSettings()),
-                      strict ? row.read : row.read_if_not_strict);
+            EXPECT_EQ(ReadFrom(row.body, record), strict ? row.read : row.read_if_not_strict);
             const bool peaks_read = strict ? row.peaks_read : row.peaks_read_if_not_strict;
             EXPECT_EQ(record.ReflectionFilterSettings.TrackingWindowX, peaks_read ? 9 : 3);
             EXPECT_TRUE(!strict || record.SpoilerOrientation == (row.spoiler_read ? 12.0 : 0.0));
-            EXPECT_EQ(Written(record, L"I").find(L"Spoiler"), std::wstring::npos);
+            EXPECT_EQ(Written(record).find(L"Spoiler"), std::wstring::npos);
         }
     }
 }

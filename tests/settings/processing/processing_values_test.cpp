@@ -4,7 +4,7 @@
 
 #include "settings/processing/MProcessingSettings.h"
 #include "settings/processing/MSpoilerSettings.h"
-#include "tests/settings/processing/record_text.h"
+#include "tests/settings/record_text.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ TEST(MultiplePeaks, AListHoldsWhatWasFoundOfIt) {
     };
     hx::MMultiplePeakDetectionSettings written;
     written.CoGOrder = 77;
-    const std::wstring text = Written(written, L"P");
+    const std::wstring text = Written(written);
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
         const std::wstring element = Replaced(text, L"Weight2DCog>", L"MinPeakOverlapRatio2DCoG", row.list);
@@ -58,17 +58,17 @@ TEST(MultiplePeaks, AListHoldsWhatWasFoundOfIt) {
         others.Weight2DCog = defaults;
         hx::MMultiplePeakDetectionSettings record;
         record.Weight2DCog = own;
-        EXPECT_EQ(ReadFrom(element, record, L"P", others), row.read);
+        EXPECT_EQ(ReadFrom(element, record, others), row.read);
         EXPECT_EQ(record.Weight2DCog, row.has_size ? row.weights : own);
         EXPECT_EQ(record.CoGOrder, 77) << "what stands behind is found";
 
         record.Weight2DCog = own;
         record.SetStrict(false);
-        EXPECT_TRUE(ReadFrom(element, record, L"P", others));
+        EXPECT_TRUE(ReadFrom(element, record, others));
         EXPECT_EQ(record.Weight2DCog, row.has_size ? row.weights : defaults);
 
         record.Weight2DCog = own;
-        EXPECT_TRUE(ReadFrom<hx::MInFilerTaggedOptionalXml>(element, record, L"P", others));
+        EXPECT_TRUE(ReadFrom<hx::MInFilerTaggedOptionalXml>(element, record, others));
         EXPECT_EQ(record.Weight2DCog, row.has_size ? row.weights : defaults);
     }
 }
@@ -78,7 +78,7 @@ TEST(MultiplePeaks, AListIsReadAsItWasWritten) {
     const double infinity = std::numeric_limits<double>::infinity();
     record.Weight2DCog = {0.0, -1.5, 3.0, infinity, -infinity, 5e-324, 6, 7, 8, 9, 10, 11};
     hx::MMultiplePeakDetectionSettings read;
-    EXPECT_TRUE(ReadFrom(Written(record, L"P"), read, L"P", read));
+    EXPECT_TRUE(ReadFrom(Written(record), read));
     EXPECT_EQ(read.Weight2DCog, record.Weight2DCog);
 }
 
@@ -106,7 +106,7 @@ TEST(Spoiler, TheOrientationIsToldInEitherForm) {
     };
     hx::MSpoilerSettings written;
     written.StripeBufferSize = 200;
-    const std::wstring text = Written(written, L"S");
+    const std::wstring text = Written(written);
     EXPECT_NE(text.find(L"<OrientAngle"), std::wstring::npos) << "a new record tells the angle";
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
@@ -115,17 +115,17 @@ TEST(Spoiler, TheOrientationIsToldInEitherForm) {
         record.OrientationForm = Form::kCosine;
         record.OrientAngle = 60.0;
         record.CosOrientAngle = 0.5;
-        EXPECT_EQ(ReadFrom(element, record, L"S", hx::MSpoilerSettings()), row.read);
+        EXPECT_EQ(ReadFrom(element, record), row.read);
         EXPECT_EQ(record.OrientationForm, row.form);
         EXPECT_EQ(record.OrientAngle, row.angle);
         EXPECT_EQ(record.CosOrientAngle, row.cosine);
         EXPECT_EQ(record.StripeBufferSize, row.buffer_read ? 200 : 3);
-        const std::wstring again = Written(record, L"S");
+        const std::wstring again = Written(record);
         EXPECT_EQ(again.find(L"<OrientAngle") != std::wstring::npos, row.form == Form::kAngle);
         EXPECT_EQ(again.find(L"<CosOrientAngle") != std::wstring::npos, row.form == Form::kCosine);
 
         hx::MSpoilerSettings other;
-        EXPECT_TRUE(ReadFrom<hx::MInFilerTaggedOptionalXml>(element, other, L"S", other));
+        EXPECT_TRUE(ReadFrom<hx::MInFilerTaggedOptionalXml>(element, other));
         EXPECT_EQ(other.OrientationForm, row.orientation == cosine ? Form::kCosine : Form::kAngle);
     }
 }
@@ -143,17 +143,17 @@ TEST(ColumnInterpolator, OldReleasesToldTheThresholdAsAByte) {
         {"narrow", L"byte", 44, true, 44},
         {"neither", L"int", 44, false, 20},
     };
-    const std::wstring text = Written(MaxIntensity(), L"C");
+    const std::wstring text = Written(MaxIntensity());
     for (const Row& row : rows) {
         SCOPED_TRACE(row.type);
         MaxIntensity record;
         EXPECT_EQ(
             ReadFrom(Replaced(text, L"MinThreshold", L"TruePeak", Child(L"MinThreshold", row.word, row.told)),
-                     record, L"C", record),
+                     record, record),
             row.read);
         EXPECT_EQ(record.MinThreshold, row.threshold);
         const std::wstring again = L"<MinThreshold type=\"uint\">" + std::to_wstring(row.threshold) + L"<";
-        EXPECT_NE(Written(record, L"C").find(again), std::wstring::npos);
+        EXPECT_NE(Written(record).find(again), std::wstring::npos);
     }
 }
 
@@ -169,12 +169,12 @@ TEST(ColumnInterpolator, TheClassOfTheRecordTellsWhatIsRead) {
     copy.MaxIntensitySettings->Columns = 9;
     EXPECT_EQ(copy.MaxIntensitySettings->Ref().type, &WeighedAverage::kType);
     EXPECT_EQ(weighed.MaxIntensitySettings->Columns, 1) << "a copy shares nothing";
-    EXPECT_EQ(Written(plain, L"I").find(L"MinThreshold"), std::wstring::npos);
+    EXPECT_EQ(Written(plain).find(L"MinThreshold"), std::wstring::npos);
 
     // Defaults of another class give what both have.
     copy.SetStrict(false);
-    const std::wstring empty = Group(L"I", Version(4) + Group(L"MaxIntensitySettings", Version(1)));
-    EXPECT_TRUE(ReadFrom(empty, copy, L"I", plain));
+    const std::wstring empty = Version(4) + Group(L"MaxIntensitySettings", Version(1));
+    EXPECT_TRUE(ReadFrom(empty, copy, plain));
     auto& column = dynamic_cast<WeighedAverage&>(*copy.MaxIntensitySettings);
     EXPECT_EQ(column.Columns, 5);
     EXPECT_EQ(column.MinThreshold, 20);

@@ -3,7 +3,7 @@
 #include "settings/processing/MDualQuaternionInterpolatorSettings.h"
 #include "settings/processing/MProcessingSettings.h"
 #include "settings/processing/MSpoilerSettings.h"
-#include "tests/settings/processing/record_text.h"
+#include "tests/settings/record_text.h"
 
 namespace {
 
@@ -28,14 +28,14 @@ std::vector<Shortened> WithoutEachValue(const std::wstring& text) {
 // In a record within a record it counts there, and so in the end for all of them.
 template <class R>
 void EveryMissingValueCountsIfStrict() {
-    const std::wstring whole = Written(R(), L"E");
+    const std::wstring whole = Written(R());
     for (const Shortened& each : WithoutEachValue(whole)) {
         SCOPED_TRACE(testing::PrintToString(each.line));
         R record;
-        EXPECT_EQ(ReadFrom(each.text, record, L"E", record), each.line.starts_with(L"<DynamicBlackLevel"));
-        EXPECT_EQ(Written(record, L"E"), whole) << "it is its own defaults";
+        EXPECT_EQ(ReadFrom(each.text, record, record), each.line.starts_with(L"<DynamicBlackLevel"));
+        EXPECT_EQ(Written(record), whole) << "it is its own defaults";
         record.SetStrict(false);
-        EXPECT_EQ(ReadFrom(each.text, record, L"E", R()), each.text.starts_with(L"<E>\n<Version"));
+        EXPECT_EQ(ReadFrom(each.text, record), each.text.starts_with(L"<Version"));
     }
 }
 
@@ -76,7 +76,7 @@ TEST(StrictReading, WhatIsMissingIsOnesOwnOrElseTheDefaults) {
         record.InterpolatorSettings.MaxIntensitySettings->Columns = 90;
         record.FilterSettings.Speckle3DSettings.Degree = 9;
         record.SetStrict(row.strict);
-        EXPECT_EQ(ReadFrom(Group(L"P", row.body), record, L"P", defaults), row.read);
+        EXPECT_EQ(ReadFrom(row.body, record, defaults), row.read);
         EXPECT_EQ(record.InterpolatorSettings.ImageInterpolatorSettings.SpeckleSettings.DeltaMax,
                   row.delta_max);
         EXPECT_EQ(record.InterpolatorSettings.MaxIntensitySettings->Columns, row.columns);

@@ -3,7 +3,6 @@
 #include <sstream>
 #include <utility>
 
-#include "core/filer/MInFilerTaggedOptionalXml.h"
 #include "settings/properties/MHXFamilyDeviceProperties.h"
 #include "tests/settings/properties/properties_xml.h"
 
@@ -85,7 +84,7 @@ TEST(LaserPlanes, AreReadUntilOneHasNoNumber) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
         hx::MLaserPlanes planes;
-        EXPECT_EQ(Read(planes, row.body), row.read);
+        EXPECT_EQ(ReadFrom(row.body, planes), row.read);
         EXPECT_EQ(Told(planes), row.told);
     }
 }
@@ -100,7 +99,7 @@ TEST(LaserPlanes, AreFoundByTheirNumber) {
 
 TEST(LaserPlane, LacksNothingThatIsAbsentUnlessAPartIsNewer) {
     hx::MLaserPlane plane;
-    EXPECT_TRUE(Read(plane, Group(L"R", L""))) << "it stands in the element";
+    EXPECT_TRUE(ReadFrom(L"", plane)) << "it stands in the element";
     hx::MInFilerTaggedXml reader(Group(L"Root", L""), L"Root");
     hx::MFilerTaggedPair filer(reader);
     EXPECT_FALSE(plane.ReadTagged(filer, L"R", plane));
@@ -108,10 +107,9 @@ TEST(LaserPlane, LacksNothingThatIsAbsentUnlessAPartIsNewer) {
     hx::MLaserPlane defaults;
     defaults.LaserOrigin.Y = 5;
     defaults.FrequencySelection = L"50%";
-    EXPECT_FALSE(Read(plane,
-                      Uint(L"PlaneNumber", 1) + Points(L"LaserOrigin", {2}) +
-                          Group(L"FrequencyConfig", Uint(L"Version", 2)),
-                      defaults));
+    EXPECT_FALSE(ReadFrom(Uint(L"PlaneNumber", 1) + Points(L"LaserOrigin", {2}) +
+                              Group(L"FrequencyConfig", Uint(L"Version", 2)),
+                          plane, defaults));
     EXPECT_TRUE(plane.PlaneNumber == 1 && plane.LaserOrigin.X == 2 && plane.LaserOrigin.Y == 5);
     EXPECT_EQ(plane.FrequencySelection, L"");
 }
@@ -123,30 +121,29 @@ TEST(LaserPlanes, AGreatCountCostsNothing) {
     for (int64_t i = 0; i < 1000; ++i) planes += Plane(i, count);
     planes += planes;
     hx::MLaserPlanes read;
-    EXPECT_TRUE(Read(read, planes));
+    EXPECT_TRUE(ReadFrom(planes, read));
     ASSERT_EQ(read.Planes.size(), 1000u);
     size_t points = 0;
     for (const hx::MLaserPlane& plane : read.Planes) points += plane.MeasurementArea.size();
     EXPECT_LE(points, hx::MLaserPlane::kMostPoints + 2 * 1000);
-    EXPECT_TRUE(Read(read, Uint(L"Version", 1) + Plane(2000, count)));
+    EXPECT_TRUE(ReadFrom(Uint(L"Version", 1) + Plane(2000, count), read));
     EXPECT_EQ(read.GetPlane(2000)->MeasurementArea.size(), hx::MLaserPlane::kMostPoints);
 
     std::wstring many;
     for (uint32_t i = 0; i <= hx::MLaserPlane::kMostPoints; ++i) many += L"<Point/>";
+    many += Int(L"ExposureRange_us", 3);
     hx::MLaserPlane plane;
-    EXPECT_TRUE(Read(plane, Area(2'147'483'647, many)));
-    EXPECT_EQ(plane.MeasurementArea.size(), hx::MLaserPlane::kMostPoints);
+    EXPECT_TRUE(ReadFrom(Area(2'147'483'647, many), plane));
+    EXPECT_EQ(plane.MeasurementArea.size(), hx::MLaserPlane::kMostPoints + 1) << "all that are there";
+    EXPECT_EQ(plane.ExposureRange_us, 3);
 
     const std::wstring buttons =
         Group(L"Buttons", Int(L"NumberOfButtons", 2'147'483'647) +
                               Group(L"Button", Int(L"ButtonID", 1) + Text(L"ButtonDisplayName", L"a") +
                                                    Text(L"ButtonColour", L"b")));
-    const std::wstring device =
-        Group(L"R", Group(L"CommonDeviceProperties", buttons + Group(L"ConfigurationList", L"")));
-    hx::MInFilerTaggedOptionalXml optional(Group(L"Root", device), L"Root");
-    hx::MFilerTaggedPair filer(optional);
     hx::MCommonDeviceProperties properties;
-    EXPECT_TRUE(properties.ReadTagged(filer, L"R", properties));
+    EXPECT_TRUE(ReadFrom<hx::MInFilerTaggedOptionalXml>(
+        Group(L"CommonDeviceProperties", buttons + Group(L"ConfigurationList", L"")), properties));
     EXPECT_EQ(properties.Buttons.size(), 1u);
 }
 
@@ -169,7 +166,7 @@ TEST(Transforms, NameTheirEntriesAsTheirVersionDoes) {
             body += Float(row.prefix + std::wstring(entry), 7);
         }
         hx::Transform4x4 transform;
-        EXPECT_EQ(Read(transform, body), row.read);
+        EXPECT_EQ(ReadFrom(body, transform), row.read);
         EXPECT_EQ(transform.m[1], row.value);
         EXPECT_EQ(transform.m[15], row.read || row.value == 7 ? 7 : 1);
     }

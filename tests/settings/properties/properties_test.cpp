@@ -5,7 +5,6 @@
 #include <sstream>
 
 #include "core/errors/MException.h"
-#include "core/filer/MOutFilerTaggedXml.h"
 #include "settings/properties/MHXFamilyDeviceProperties.h"
 #include "settings/properties/MPropertiesHelper.h"
 #include "tests/settings/properties/properties_xml.h"
@@ -45,6 +44,12 @@ std::wstring Family(int64_t version, const std::wstring& manufactured) {
         body += Text(firmware + L"Version", part) + Day(firmware + L"BuildDate");
     }
     return body + Day(L"CalibrationDate");
+}
+
+// By the class that all devices have in common.
+bool ReadCommon(const std::wstring& body, hx::MCommonDeviceProperties& device,
+                const hx::MCommonDeviceProperties& defaults = {}) {
+    return ReadFrom(body, device, defaults);
 }
 
 std::string Narrow(const std::wstring& text) {
@@ -121,28 +126,32 @@ TEST(DeviceProperties, ButtonsAndConfigurations) {
         std::string told;  // ids of the buttons, then the configurations
     };
     const Row rows[] = {
-        {"absent", L"", "9 old=1 "},
+        {"absent", L"", "8 old=1 "},
         {"no number", Group(L"Buttons", button(1, red)), "old=1 "},
         {"two of three", buttons(2, button(1, red) + button(2, red) + button(3, red)), "1 2 old=1 "},
         {"one lacks its colour", buttons(3, button(1, red) + button(2, L"") + button(3, red)), "1 3 old=1 "},
         {"number too great", buttons(1 << 30, button(1, red)), "1 old=1 "},
         {"configurations",
          Group(L"ConfigurationList",
-               capability(L"a", L"2") + capability(L"old", L"3") + capability(L"a", L"4")),
-         "9 a=4 old=3 "},
+               capability(L"a", L"2") + capability(L"own", L"2") + capability(L"a", L"4")),
+         "8 a=4 own=2 "},
         {"ended by one that lacks something",
          Group(L"ConfigurationList", capability(L"a", L"2") +
                                          Group(L"Capability", Text(L"InternalName", L"b")) +
                                          capability(L"c", L"5")),
-         "9 a=2 old=1 "},
+         "8 a=2 own=1 "},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
         hx::MCommonDeviceProperties device;
         device.Buttons.resize(1);
         device.Buttons[0].ButtonID = 9;
-        device.Configurations[L"old"] = L"1";
-        EXPECT_TRUE(Read(device, CommonDevice(row.rest)));
+        device.Configurations[L"own"] = L"1";
+        hx::MCommonDeviceProperties defaults;
+        defaults.Buttons.resize(1);
+        defaults.Buttons[0].ButtonID = 8;
+        defaults.Configurations[L"old"] = L"1";
+        EXPECT_TRUE(ReadFrom(CommonDevice(row.rest), device, defaults));
         std::string told;
         for (const auto& each : device.Buttons) told += std::to_string(each.ButtonID) + " ";
         for (const auto& [name, chosen] : device.Configurations) {
@@ -159,7 +168,7 @@ TEST(DeviceProperties, EveryClassReadsItsElements) {
         joint += Float(L"E" + std::to_wstring(i / 4) + std::to_wstring(i % 4), i % 5 == 0 ? 1 : 0);
     }
     const std::wstring reference = Group(L"ReferenceToAutoJoint", joint);
-    const std::wstring powered = Value(L"Powered", L"bool", L"1");
+    const std::wstring powered = Child(L"Powered", L"bool", L"1");
     const std::wstring made = Day(L"ScannerManufacturingDate");
     const std::wstring good = CommonDevice() + Scanner(plane, reference + powered);
     struct Row {
@@ -177,7 +186,7 @@ TEST(DeviceProperties, EveryClassReadsItsElements) {
         {"no manufacturing date: the others are read", good + Family(1, L""), true, false, "0.5 1 s 0 2020"},
         {"year as int", good + Family(1, Day(L"ScannerManufacturingDate", Int(L"Year", 1999))), true, true,
          "0.5 1 s 1999 2020"},
-        {"year as byte", good + Family(1, Day(L"ScannerManufacturingDate", Value(L"Year", L"byte", L"99"))),
+        {"year as byte", good + Family(1, Day(L"ScannerManufacturingDate", Child(L"Year", L"byte", L"99"))),
          true, true, "0.5 1 s 99 2020"},
         {"year as text", good + Family(1, Day(L"ScannerManufacturingDate", Text(L"Year", L"1999"))), true,
          false, "0.5 1 s 0 2020"},
@@ -194,9 +203,9 @@ TEST(DeviceProperties, EveryClassReadsItsElements) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
         hx::MCommonScannerDeviceProperties scanner;
-        EXPECT_EQ(Read<hx::MCommonDeviceProperties>(scanner, row.body), row.scanner);
+        EXPECT_EQ(ReadCommon(row.body, scanner), row.scanner);
         hx::MHXFamilyDeviceProperties device;
-        EXPECT_EQ(Read<hx::MCommonDeviceProperties>(device, row.body), row.family);
+        EXPECT_EQ(ReadCommon(row.body, device), row.family);
         std::ostringstream told;
         told << device.QualificationTolerance << ' ' << device.Powered << ' '
              << Narrow(device.ScannerSerialNumber) << ' ' << device.ScannerManufacturingDate.Year << ' '
@@ -205,7 +214,7 @@ TEST(DeviceProperties, EveryClassReadsItsElements) {
     }
     hx::MCommonScannerDeviceProperties scanner;
     scanner.DisablePowered();
-    EXPECT_TRUE(Read<hx::MCommonDeviceProperties>(scanner, good));
+    EXPECT_TRUE(ReadCommon(good, scanner));
     EXPECT_FALSE(scanner.Powered);
 }
 
@@ -225,11 +234,11 @@ TEST(DeviceProperties, WhatIsMissingIsTakenFromDefaultsOfTheSameClass) {
         hx::MHXFamilyDeviceProperties device;
         device.QualificationTolerance = 8;
         device.CalibrationDate.Day = 8;
-        EXPECT_FALSE(Read<hx::MCommonDeviceProperties>(device, no_identity, *given));
+        EXPECT_FALSE(ReadCommon(no_identity, device, *given));
         EXPECT_EQ(device.ConfigurationIdentity, given->ConfigurationIdentity);
-        EXPECT_FALSE(Read<hx::MCommonDeviceProperties>(device, no_tolerance, *given));
+        EXPECT_FALSE(ReadCommon(no_tolerance, device, *given));
         EXPECT_EQ(device.QualificationTolerance, given == &own ? 3 : 0.015);
-        EXPECT_FALSE(Read<hx::MCommonDeviceProperties>(device, no_dates, *given));
+        EXPECT_FALSE(ReadCommon(no_dates, device, *given));
         EXPECT_EQ(device.CalibrationDate.Day, given == &own ? 4 : 0);
     }
 }

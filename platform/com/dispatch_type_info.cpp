@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace hx {
 namespace {
@@ -41,6 +42,16 @@ HRESULT Copy(const wchar_t* text, BSTR* copy) {
     return *copy ? S_OK : E_OUTOFMEMORY;
 }
 
+// Gives nothing for what is asked. Outputs may be omitted.
+template <class... Outputs>
+HRESULT Nothing(HRESULT result, Outputs*... outputs) {
+    const auto clear = [](auto* output) {
+        if (output) *output = {};
+    };
+    (clear(outputs), ...);
+    return result;
+}
+
 class TypeInfo final : public Implements<TypeInfo, FreeThreaded, ITypeInfo> {
 public:
     explicit TypeInfo(const DispatchType& type) : m_type(type) {}
@@ -55,7 +66,7 @@ public:
             made->cbSizeInstance = made->cbAlignment = sizeof(void*);
             made->typekind = TKIND_DISPATCH;
             made->cFuncs = static_cast<WORD>(m_type.members.size());
-            made->wTypeFlags = TYPEFLAG_FDISPATCHABLE;
+            made->wTypeFlags = TYPEFLAG_FDUAL | TYPEFLAG_FDISPATCHABLE;
             made->wMajorVerNum = 1;
             *attributes = made.release();
             return S_OK;
@@ -77,8 +88,10 @@ public:
     }
 
     HRESULT STDMETHODCALLTYPE GetNames(MEMBERID member, BSTR* names, UINT room, UINT* count) override {
-        if (!names || !count) return E_POINTER;
-        *count = 0;
+        if (count) *count = 0;
+        if (!names) return E_POINTER;
+        std::fill_n(names, room, nullptr);
+        if (!count) return E_POINTER;
         const DispatchMember* const row = Find(member);
         if (!row) return TYPE_E_ELEMENTNOTFOUND;
         const UINT known = std::min(room, row->count + 1);
@@ -86,7 +99,7 @@ public:
             const UINT i = *count;
             const HRESULT copied = Copy(i == 0 ? row->name : row->parameters[i - 1].name, &names[i]);
             if (FAILED(copied)) {
-                for (; *count > 0; --*count) SysFreeString(names[*count - 1]);
+                for (; *count > 0; --*count) SysFreeString(std::exchange(names[*count - 1], nullptr));
                 return copied;
             }
             ++*count;
@@ -95,10 +108,7 @@ public:
     }
     HRESULT STDMETHODCALLTYPE GetDocumentation(MEMBERID member, BSTR* name, BSTR* text, DWORD* help_context,
                                                BSTR* help_file) override {
-        if (name) *name = nullptr;
-        if (text) *text = nullptr;
-        if (help_context) *help_context = 0;
-        if (help_file) *help_file = nullptr;
+        Nothing(S_OK, name, text, help_context, help_file);
         const DispatchMember* const row = Find(member);
         if (!row && member != MEMBERID_NIL) return TYPE_E_ELEMENTNOTFOUND;
         return name ? Copy(row ? row->name : m_type.name, name) : S_OK;
@@ -112,23 +122,36 @@ public:
     }
 
     // There are no variables, base types, entry points and classes in it, and no library around it.
-    HRESULT STDMETHODCALLTYPE GetVarDesc(UINT, VARDESC**) override { return TYPE_E_ELEMENTNOTFOUND; }
+    HRESULT STDMETHODCALLTYPE GetVarDesc(UINT, VARDESC** description) override {
+        return Nothing(TYPE_E_ELEMENTNOTFOUND, description);
+    }
     void STDMETHODCALLTYPE ReleaseVarDesc(VARDESC*) override {}
-    HRESULT STDMETHODCALLTYPE GetRefTypeOfImplType(UINT, HREFTYPE*) override {
-        return TYPE_E_ELEMENTNOTFOUND;
+    HRESULT STDMETHODCALLTYPE GetRefTypeOfImplType(UINT, HREFTYPE* type) override {
+        return Nothing(TYPE_E_ELEMENTNOTFOUND, type);
     }
-    HRESULT STDMETHODCALLTYPE GetImplTypeFlags(UINT, INT*) override { return TYPE_E_ELEMENTNOTFOUND; }
-    HRESULT STDMETHODCALLTYPE GetRefTypeInfo(HREFTYPE, ITypeInfo**) override {
-        return TYPE_E_ELEMENTNOTFOUND;
+    HRESULT STDMETHODCALLTYPE GetImplTypeFlags(UINT, INT* flags) override {
+        return Nothing(TYPE_E_ELEMENTNOTFOUND, flags);
     }
-    HRESULT STDMETHODCALLTYPE GetTypeComp(ITypeComp**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetDllEntry(MEMBERID, INVOKEKIND, BSTR*, BSTR*, WORD*) override {
-        return E_NOTIMPL;
+    HRESULT STDMETHODCALLTYPE GetRefTypeInfo(HREFTYPE, ITypeInfo** info) override {
+        return Nothing(TYPE_E_ELEMENTNOTFOUND, info);
     }
-    HRESULT STDMETHODCALLTYPE AddressOfMember(MEMBERID, INVOKEKIND, void**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID, void**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetMops(MEMBERID, BSTR*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetContainingTypeLib(ITypeLib**, UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeComp(ITypeComp** compiler) override {
+        return Nothing(E_NOTIMPL, compiler);
+    }
+    HRESULT STDMETHODCALLTYPE GetDllEntry(MEMBERID, INVOKEKIND, BSTR* library, BSTR* name,
+                                          WORD* ordinal) override {
+        return Nothing(E_NOTIMPL, library, name, ordinal);
+    }
+    HRESULT STDMETHODCALLTYPE AddressOfMember(MEMBERID, INVOKEKIND, void** address) override {
+        return Nothing(E_NOTIMPL, address);
+    }
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID, void** object) override {
+        return Nothing(E_NOTIMPL, object);
+    }
+    HRESULT STDMETHODCALLTYPE GetMops(MEMBERID, BSTR* mops) override { return Nothing(E_NOTIMPL, mops); }
+    HRESULT STDMETHODCALLTYPE GetContainingTypeLib(ITypeLib** library, UINT* index) override {
+        return Nothing(E_NOTIMPL, library, index);
+    }
 
 private:
     const DispatchMember* Find(MEMBERID member) const {
