@@ -195,6 +195,11 @@ void FieldTeller::TellContent(Json& entry, hx::FieldRef at, const DocumentElemen
         entry["fields"] = FieldsOf(*inner->type, inner->record, child, path);
     } else if (const auto* const list = std::get_if<hx::ListRef>(&at); list && list->type->entries) {
         TellEntries(entry, *list, entries, path);
+    } else if (list != nullptr) {
+        size_t count = 0;
+        list->type->each(list->list, [&](std::wstring_view, hx::FieldRef) { ++count; });
+        entry["value"] = EntriesOf(*list, kEntriesInFull);
+        if (count > kEntriesInFull) entry["count"] = count;
     } else {
         entry["value"] = JsonOf(at);
     }

@@ -40,6 +40,7 @@ TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
         Settings("<HXConnectionSettings><IsProxy type='bool'>1</IsProxy></HXConnectionSettings>");
     const std::string reason = "hxctl: -: not read as MHXConnectionSettings\n";
     Write("defaults", Settings(Connection("HXConnectionSettings", "other")));
+    Write("bad", no_server);
     const std::string in = Inspection("true", "\xC3\xA4", "true");
     const std::string of_other = Inspection("true", "b", "true");
     const std::string new_record = Inspection("false", "192.168.178.10", "true");
@@ -62,6 +63,8 @@ TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
         {"inspect missing", "", 1, "", "hxctl: missing: No such file or directory\n"},
         {"inspect - --record MHXConnectionSettings --defaults missing", usual, 1, "",
          "hxctl: missing: No such file or directory\n"},
+        {"inspect - --record MHXConnectionSettings --defaults bad", usual, 1, new_record,
+         "hxctl: bad: not read as MHXConnectionSettings\n"},
         {"inspect - --record Other", usual, 2, "", "hxctl: no record class \"Other\"\n"},
     });
     EXPECT_NE(Run("inspect - --rewrite --record MHXConnectionSettings", other)
@@ -88,6 +91,28 @@ TEST_F(Hxctl, InspectsADeviceInsideTheDocumentOfItsDriver) {
     EXPECT_NE(Read("stdout").find("\"ConfigurationList\": {\n      \"a\": \"b\"\n"), std::string::npos);
     EXPECT_EQ(Run("inspect - --record MPropertiesHelper", head + version + device + "</Properties>").exit, 1);
     EXPECT_NE(Read("stdout").find("\"codes\": \"MPropertiesHelper.ReadXML:ReadImpTagged"), std::string::npos);
+}
+
+// A list takes as long as it is; the account tells its beginning alone.
+TEST_F(Hxctl, InspectsAListOfVeryManyConfigurations) {
+    constexpr size_t kMany = 200'000;
+    std::string list;
+    for (size_t i = 0; i < kMany; ++i) {
+        list += "<Capability><InternalName type='string'>" + std::to_string(i) +
+                "</InternalName><Configuration type='string'>c</Configuration></Capability>";
+    }
+    const std::string document =
+        "<Properties><DeviceList><Device><CommonDeviceProperties><Version type='uint'>1</Version>"
+        "<InternalName type='string'>a</InternalName><ConfigurationIdentity type='string'>b"
+        "</ConfigurationIdentity><DisplayName type='string'>c</DisplayName><ConfigurationList>" +
+        list + "</ConfigurationList></CommonDeviceProperties></Device></DeviceList></Properties>";
+    const json record = json::parse(Run("inspect - --record MCommonDeviceProperties", document).out);
+    EXPECT_EQ(record["fields"]["ConfigurationList"].size(), kMany);
+    const json account = json::parse(Run("inspect - --json", document).out);
+    const json& told = account["contents"][1]["fields"][0]["fields"][4];
+    EXPECT_EQ(told["count"], kMany);
+    EXPECT_EQ(told["value"].size(), 100u);
+    EXPECT_NE(Run("inspect -", document).out.find("... (200000 values)"), std::string::npos);
 }
 
 TEST_F(Hxctl, TellsWhatADocumentOfUnknownKindHolds) {
