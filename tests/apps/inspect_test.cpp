@@ -26,6 +26,16 @@ std::string Profile(const std::string& element, const std::string& version, cons
            more + "<DLPCEnabled type='bool'>0</DLPCEnabled>" + last + "</" + element + ">";
 }
 
+// A driver's document without a version, with a scanner that has the planes and nothing behind them.
+std::string Scanner(const std::string& planes) {
+    return "<Properties><DeviceList><Device><CommonDeviceProperties><Version type='uint'>1</Version>"
+           "<InternalName type='string'>a</InternalName><ConfigurationIdentity type='string'>b"
+           "</ConfigurationIdentity><DisplayName type='string'>c</DisplayName></CommonDeviceProperties>"
+           "<CommonScannerDeviceProperties><Version type='uint'>1</Version><QualificationTolerance "
+           "type='float'>1</QualificationTolerance><Planes>" +
+           planes + "</Planes></CommonScannerDeviceProperties></Device></DeviceList></Properties>";
+}
+
 std::string Inspection(const char* read, const std::string& server, const char* proxy) {
     return "{\n  \"read\": "s + read + ",\n  \"fields\": {\n    \"ServerIP\": \"" + server +
            "\",\n    \"IsProxy\": " + proxy +
@@ -123,6 +133,9 @@ TEST_F(Hxctl, TellsWhatADocumentOfUnknownKindHolds) {
         std::vector<const char*> told;
         const char* reason;
     };
+    constexpr char kScannerRefused[] =
+        "hxctl: -: Properties: not read as MPropertiesHelper: no \"Version\" of type uint (and 1 more not "
+        "read)\n";
     const Case cases[] = {
         {"a record by its name, with what the document does not have",
          Settings(Connection("HXConnectionSettings", "b")),
@@ -174,6 +187,27 @@ TEST_F(Hxctl, TellsWhatADocumentOfUnknownKindHolds) {
           "NOT READ: CommonDeviceProperties: version 2 is newer than 1\n"},
          "hxctl: -: Properties: not read as MPropertiesHelper: "
          "MPropertiesHelper.ReadXML:ReadImpTagged () (and 2 more not read)\n"},
+        {"a list of a newer version, behind which nothing is looked for",
+         Scanner("<Version type='uint'>2</Version>"),
+         1,
+         {"NOT READ: CommonScannerDeviceProperties/Planes: version 2 is newer than 1\n"},
+         kScannerRefused},
+        {"what is missing, but for what a plane may lack",
+         Scanner("<Version type='uint'>1</Version><Plane><PlaneNumber type='uint'>3</PlaneNumber></Plane>"),
+         1,
+         {"NOT READ: missing: CommonScannerDeviceProperties/ReferenceToAutoJoint\n"},
+         kScannerRefused},
+        {"a scanner without planes, which needs no joint",
+         Scanner("<Version type='uint'>1</Version>"),
+         1,
+         {"MCommonScannerDeviceProperties, known by its name\n", "\n    Read.\n"},
+         "hxctl: -: Properties: not read as MPropertiesHelper: no \"Version\" of type uint\n"},
+        {"a processing record of a newer version, which is no reason",
+         Settings("<SpeckleSettings><Version type='int'>9</Version></SpeckleSettings>"),
+         1,
+         {"NOT READ: missing: Enable, "},
+         "hxctl: -: SpeckleSettings: not read as MSpeckleSettings: missing: Enable, AutomaticDegree, Degree, "
+         "WindowSize, NoiseLevel and 1 more\n"},
         {"entries of a list, with what each of them has",
          Settings("<SupportedConfigurations><Version type='uint'>1</Version><Configuration><Version "
                   "type='uint'>1</Version><InternalName type='string'>n</InternalName><DeviceSettings/>"
