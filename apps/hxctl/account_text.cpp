@@ -14,12 +14,13 @@ std::string Text(const Json& item, const char* key) {
     return found == item.end() || found->is_null() ? std::string() : found->get<std::string>();
 }
 
-// On one line, cut if it is long.
-std::string Value(const Json& value) {
+// On one line, cut if it is long; `count` values if it is a list of which the first are told.
+std::string Value(const Json& value, size_t count = 0) {
     if (value.is_structured()) {
         const std::string text = value.dump();
-        if (text.size() <= kLongText) return text;
-        return text.substr(0, kLongText) + "... (" + std::to_string(value.size()) + " values)";
+        if (text.size() <= kLongText && count <= value.size()) return text;
+        return text.substr(0, kLongText) + "... (" + std::to_string(std::max(count, value.size())) +
+               " values)";
     }
     if (!value.is_string() || value.get_ref<const std::string&>().size() <= kLongText) return value.dump();
     const std::string& text = value.get_ref<const std::string&>();
@@ -123,7 +124,8 @@ void Writer::Field(const Json& field, size_t indent, size_t width) {
     const auto add = [&](const char* key, std::string_view before, std::string_view behind) {
         if (field.contains(key)) line.append(before).append(Text(field, key)).append(behind);
     };
-    if (field.contains("value")) line.append("  ").append(Value(field["value"]));
+    if (field.contains("value"))
+        line.append("  ").append(Value(field["value"], field.value("count", size_t{0})));
     add("class", "  ", "");
     if (field.contains("entries")) {
         const auto count = field["count"].get<size_t>();

@@ -3,11 +3,17 @@
 #include <algorithm>
 #include <type_traits>
 
+#include "apps/hxctl/record_reading.h"
+#include "core/errors/MException.h"
+#include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/TaggedType.h"
+#include "core/filer/TaggedXml.h"
 #include "core/records/ListType.h"
 #include "core/records/RecordFields.h"
 #include "platform/system/utf8.h"
 #include "settings/inventory/FieldShape.h"
+#include "settings/inventory/RecordInventory.h"
+#include "settings/properties/MLaserPlane.h"
 
 namespace hxctl {
 namespace {
@@ -75,6 +81,18 @@ std::vector<const DocumentElement*> EntriesAt(hx::FieldRef at, const DocumentEle
     return entries;
 }
 
+// Some classes read what they know of any version: tried with a record that tells the next one.
+bool ReadsNewer(const hx::RecordType& type) {
+    const hx::InventoryRow* const row = hx::FindRecordClass(type.name);
+    if (row == nullptr) return false;
+    std::wstring text = WriteRecord(type.make().get(), *row, row->element);
+    const std::wstring current = L">" + std::to_wstring(type.version.current) + L"</Version>";
+    const size_t at = text.find(current);
+    if (at == std::wstring::npos) return false;
+    text.replace(at, current.size(), L">" + std::to_wstring(type.version.current + 1) + L"</Version>");
+    return ReadRecord(std::move(text), *row, row->element).read;
+}
+
 }  // namespace
 
 std::optional<int64_t> VersionOf(const hx::RecordType& type, const DocumentElement& element) {
@@ -92,8 +110,10 @@ std::optional<int64_t> VersionOf(const hx::RecordType& type, const DocumentEleme
 
 std::string BadVersion(const hx::RecordType& type, const std::optional<int64_t>& version) {
     if (type.version.word == hx::RecordVersion::kNone) return {};
+    const bool may_lack_it = &type == &hx::MLaserPlane::kType;
+    if (!version && may_lack_it) return {};
     if (!version) return "no \"Version\" of type " + hx::ToUtf8(hx::WordOf(type.version));
-    if (*version <= type.version.current) return {};
+    if (*version <= type.version.current || ReadsNewer(type)) return {};
     return "version " + std::to_string(*version) + " is newer than " + std::to_string(type.version.current);
 }
 
@@ -102,10 +122,10 @@ Json FieldTeller::FieldsOf(const hx::RecordType& type, void* record, const Docum
     const auto version =
         element == nullptr ? std::optional<int64_t>(type.version.current) : VersionOf(type, *element);
     const Place place{type, record, element, version.value_or(0)};
-    if (element != nullptr && !path.empty()) {
-        const std::string bad = BadVersion(type, version);
-        if (!bad.empty()) bad_versions.push_back(path + ": " + bad);
-    }
+    const Counted around = m_counted;
+    // The planes of a list count for nothing; one by itself fails with a part of a newer version.
+    if (&type == &hx::MLaserPlane::kType) m_counted = path.empty() ? Counted::kVersions : Counted::kNothing;
+    if (element != nullptr && !path.empty()) TellBadVersion(type, *element, path);
     Json fields = Json::array();
     for (const hx::Field& field : type.fields) {
         const bool is_part = field.versions.Contains(place.version);
@@ -114,7 +134,37 @@ Json FieldTeller::FieldsOf(const hx::RecordType& type, void* record, const Docum
         if (!entry.is_null()) fields.push_back(std::move(entry));
     }
     if (element != nullptr) CollectUnknown(place, path);
+    m_counted = around;
     return fields;
+}
+
+void FieldTeller::TellBadVersion(const hx::RecordType& type, const DocumentElement& element,
+                                 const std::string& path) {
+    // An element without a class of its own may have a reader of its own, which takes any version.
+    if (type.make == nullptr && type.read != nullptr) return;
+    const auto version = VersionOf(type, element);
+    const std::string bad = BadVersion(type, version);
+    if (bad.empty() || m_counted == Counted::kNothing) return;
+    if (!version && m_counted == Counted::kVersions) return;
+    if (missing.empty() && bad_version.empty()) bad_version = path + ": " + bad;
+    m_counted = Counted::kNothing;
+}
+
+// Asks the row itself what it makes of an element without it: some depend on what was read before them.
+bool FieldTeller::IsRequired(const hx::Field& field, const Place& place) const {
+    const bool is_due = field.ops->read != nullptr && field.versions.Contains(place.version);
+    if (field.optional || !is_due) return false;
+    hx::MInFilerTaggedXml reader(L"<MFilerTaggedXml/>", hx::kTaggedXmlRoot);
+    hx::MFilerTaggedPair filer(reader);
+    try {
+        return !field.Read(place.record, place.record, filer);
+    } catch (const hx::MException&) {
+        return true;
+    }
+}
+
+void FieldTeller::Miss(std::string path) {
+    if (m_counted == Counted::kAll && bad_version.empty()) missing.push_back(std::move(path));
 }
 
 Json FieldTeller::Tell(const hx::Field& field, const Place& place, const std::string& path) {
@@ -127,14 +177,21 @@ Json FieldTeller::Tell(const hx::Field& field, const Place& place, const std::st
             entry["note"] = "no longer kept";
             return entry;
         }
-        const bool is_due =
-            place.element != nullptr && child == nullptr && field.versions.Contains(place.version);
-        if (is_due && !field.optional) missing.push_back(Path(path, name));
+        if (place.element != nullptr && child == nullptr && IsRequired(field, place)) Miss(Path(path, name));
         return {};
     }
     Json entry = {{"name", name}};
     const hx::FieldRef at = field.ops->at(place.record);
+    const Counted around = m_counted;
+    if (field.optional || !field.versions.Contains(place.version)) m_counted = Counted::kNothing;
+    // The element of a list may be a record of which only the list is kept.
+    const hx::InventoryRow* const kept = hx::FindRecordClass(field.ops->type);
+    const bool is_list = std::holds_alternative<hx::ListRef>(at) && kept != nullptr;
+    if (is_list && child != nullptr && kept->type != hx::ClassOf(field, place.record)) {
+        TellBadVersion(*kept->type, *child, Path(path, name));
+    }
     TellContent(entry, at, child, EntriesAt(at, child, place.element), Path(path, name));
+    m_counted = around;
     if (!field.unit.empty()) entry["unit"] = field.unit;
     if (place.element != nullptr) TellPresence(entry, field, place, child, Path(path, name));
     return entry;
@@ -177,7 +234,7 @@ void FieldTeller::TellPresence(Json& entry, const hx::Field& field, const Place&
         entry["note"] = "not part of version " + std::to_string(place.version);
         return;
     }
-    if (!field.optional && !has_type) missing.push_back(path);
+    if (!has_type && IsRequired(field, place)) Miss(path);
     if (child == nullptr) {
         entry["note"] = "not in the document";
     } else if (has_type) {
@@ -195,6 +252,11 @@ void FieldTeller::TellContent(Json& entry, hx::FieldRef at, const DocumentElemen
         entry["fields"] = FieldsOf(*inner->type, inner->record, child, path);
     } else if (const auto* const list = std::get_if<hx::ListRef>(&at); list && list->type->entries) {
         TellEntries(entry, *list, entries, path);
+    } else if (list != nullptr) {
+        size_t count = 0;
+        list->type->each(list->list, [&](std::wstring_view, hx::FieldRef) { ++count; });
+        entry["value"] = EntriesOf(*list, kEntriesInFull);
+        if (count > kEntriesInFull) entry["count"] = count;
     } else {
         entry["value"] = JsonOf(at);
     }

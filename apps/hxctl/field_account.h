@@ -21,8 +21,10 @@ public:
     Json FieldsOf(const hx::RecordType& type, void* record, const DocumentElement* element,
                   const std::string& path);
 
+    // What keeps the record from being read, in the order of its table. Where a version inside it is bad,
+    // nothing behind that is missing.
     std::vector<std::string> missing;
-    std::vector<std::string> bad_versions;  // of what is inside the record
+    std::string bad_version;  // if nothing is missing in front of it
     std::vector<std::string> unknown;
 
 private:
@@ -34,6 +36,9 @@ private:
         int64_t version;
     };
     Json Tell(const hx::Field& field, const Place& place, const std::string& path);
+    void TellBadVersion(const hx::RecordType& type, const DocumentElement& element, const std::string& path);
+    bool IsRequired(const hx::Field& field, const Place& place) const;
+    void Miss(std::string path);
     static const DocumentElement* FormerChild(const hx::Field& field, const Place& place);
     void TellPresence(Json& entry, const hx::Field& field, const Place& place, const DocumentElement* child,
                       const std::string& path);
@@ -43,6 +48,10 @@ private:
     void TellEntries(Json& field, hx::ListRef list, const std::vector<const DocumentElement*>& elements,
                      const std::string& path);
     void CollectUnknown(const Place& place, const std::string& path);
+
+    // What counts where it is missing or bad, as long as what is around it does.
+    enum class Counted { kAll, kVersions, kNothing };
+    Counted m_counted = Counted::kAll;
 };
 
 }  // namespace hxctl

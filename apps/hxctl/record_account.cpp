@@ -14,7 +14,7 @@ std::string ReasonOf(const RecordReading& reading, const std::string& bad_versio
     if (!reading.error_codes.empty()) return hx::ToUtf8(reading.error_codes);
     const std::vector<std::string>& missing = teller.missing;
     if (missing.empty()) {
-        if (!teller.bad_versions.empty()) return teller.bad_versions.front();
+        if (!teller.bad_version.empty()) return teller.bad_version;
         return "its version, or the types or the order of its elements, are not those that are read";
     }
     std::string reason = "missing: ";

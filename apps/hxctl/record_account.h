@@ -10,8 +10,9 @@ namespace hxctl {
 
 // {"class","purpose","version","newest","read","reason","errorCodes","fields":[FIELD...],"unknown":[NAME...]};
 // "version" is null if the document has none, or the class. FIELD is {"name","value","unit","inDocument",
-// "note"}; a record in a record has "class" and "fields" in place of a value, a list has "count" and
-// "entries", the first of them, which are fields without names. What does not apply is left out.
+// "note"}; a record in a record has "class" and "fields" in place of a value, a list of records has
+// "count" and "entries", the first of them, which are fields without names; a long list of values has "count"
+// beside the first of them. What does not apply is left out.
 Json RecordAccount(const hx::RecordType& type, const RecordReading& reading, const DocumentElement& element);
 
 }  // namespace hxctl

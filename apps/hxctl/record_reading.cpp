@@ -20,14 +20,12 @@ bool Read(std::wstring text, const hx::InventoryRow& row, std::wstring_view elem
 }  // namespace
 
 RecordReading ReadRecord(std::wstring text, const hx::InventoryRow& row, std::wstring_view element,
-                         const std::wstring* defaults_text) {
+                         const void* defaults) {
     RecordReading reading{false, {}, row.type->make()};
     try {
-        const auto defaults = row.type->make();
-        if (defaults_text != nullptr) {
-            Read(*defaults_text, row, element, defaults.get(), row.type->make().get());
-        }
-        reading.read = Read(std::move(text), row, element, reading.record.get(), defaults.get());
+        const auto fresh = row.type->make();
+        reading.read = Read(std::move(text), row, element, reading.record.get(),
+                            defaults != nullptr ? defaults : fresh.get());
     } catch (const hx::MException& exception) {
         reading.error_codes = hx::ErrorCodesText(exception);
     }

@@ -14,10 +14,10 @@ struct RecordReading {
     std::shared_ptr<void> record;  // as the reading left it
 };
 
-// Reads the record in the group `element` of the document `text`; what is missing comes from the record in
-// `defaults_text`, or from a new one.
+// Reads the record in the group `element` of the document `text`; what is missing comes from `defaults`, a
+// record of the same class, or from a new one.
 RecordReading ReadRecord(std::wstring text, const hx::InventoryRow& row, std::wstring_view element,
-                         const std::wstring* defaults_text = nullptr);
+                         const void* defaults = nullptr);
 // The document with the record alone; empty if it cannot be written.
 std::wstring WriteRecord(const void* record, const hx::InventoryRow& row, std::wstring_view element);
 

@@ -46,7 +46,7 @@ struct FieldOps {
     uint8_t bits;            // of an integer; 0: none
     // Null for what is read and dropped, and for the former name of another row's field.
     FieldRef (*at)(void* record);
-    // True if the document has it.
+    // True if the document has it. Null, with `write`, for what no document has: how its reading went.
     bool (*read)(const Field& field, void* record, const void* fallback, MFilerTaggedPair& filer);
     // Null for what is never written.
     bool (*write)(const Field& field, const void* record, MFilerTaggedPair& filer);

@@ -109,7 +109,9 @@ void Sections::WriteSection(const RecordType& type, const InventoryRow* row) {
 }
 
 void Sections::WriteRows(const RecordType& type, void* record, const std::string& path) {
-    for (const Field& field : type.fields) WriteRow(field, type, record, path);
+    for (const Field& field : type.fields) {
+        if (field.ops->read != nullptr) WriteRow(field, type, record, path);
+    }
 }
 
 void Sections::WriteRow(const Field& field, const RecordType& owner, void* record, const std::string& path) {

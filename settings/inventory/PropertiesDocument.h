@@ -17,6 +17,11 @@ public:
 
     MCommonDriverProperties Driver;
     MHXFamilyDeviceProperties Device;
+    bool DeviceRead = false;  // and not refused, or absent
+
+private:
+    // A document of a driver alone is written as such; a new record as one with a device.
+    bool m_has_device_list = true;
 };
 
 }  // namespace hx

@@ -26,6 +26,16 @@ std::string Profile(const std::string& element, const std::string& version, cons
            more + "<DLPCEnabled type='bool'>0</DLPCEnabled>" + last + "</" + element + ">";
 }
 
+// A driver's document without a version, with a scanner that has the planes and nothing behind them.
+std::string Scanner(const std::string& planes) {
+    return "<Properties><DeviceList><Device><CommonDeviceProperties><Version type='uint'>1</Version>"
+           "<InternalName type='string'>a</InternalName><ConfigurationIdentity type='string'>b"
+           "</ConfigurationIdentity><DisplayName type='string'>c</DisplayName></CommonDeviceProperties>"
+           "<CommonScannerDeviceProperties><Version type='uint'>1</Version><QualificationTolerance "
+           "type='float'>1</QualificationTolerance><Planes>" +
+           planes + "</Planes></CommonScannerDeviceProperties></Device></DeviceList></Properties>";
+}
+
 std::string Inspection(const char* read, const std::string& server, const char* proxy) {
     return "{\n  \"read\": "s + read + ",\n  \"fields\": {\n    \"ServerIP\": \"" + server +
            "\",\n    \"IsProxy\": " + proxy +
@@ -40,6 +50,7 @@ TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
         Settings("<HXConnectionSettings><IsProxy type='bool'>1</IsProxy></HXConnectionSettings>");
     const std::string reason = "hxctl: -: not read as MHXConnectionSettings\n";
     Write("defaults", Settings(Connection("HXConnectionSettings", "other")));
+    Write("bad", no_server);
     const std::string in = Inspection("true", "\xC3\xA4", "true");
     const std::string of_other = Inspection("true", "b", "true");
     const std::string new_record = Inspection("false", "192.168.178.10", "true");
@@ -62,6 +73,8 @@ TEST_F(Hxctl, InspectsARecordWhateverItsDocumentHolds) {
         {"inspect missing", "", 1, "", "hxctl: missing: No such file or directory\n"},
         {"inspect - --record MHXConnectionSettings --defaults missing", usual, 1, "",
          "hxctl: missing: No such file or directory\n"},
+        {"inspect - --record MHXConnectionSettings --defaults bad", usual, 1, new_record,
+         "hxctl: bad: not read as MHXConnectionSettings\n"},
         {"inspect - --record Other", usual, 2, "", "hxctl: no record class \"Other\"\n"},
     });
     EXPECT_NE(Run("inspect - --rewrite --record MHXConnectionSettings", other)
@@ -90,6 +103,28 @@ TEST_F(Hxctl, InspectsADeviceInsideTheDocumentOfItsDriver) {
     EXPECT_NE(Read("stdout").find("\"codes\": \"MPropertiesHelper.ReadXML:ReadImpTagged"), std::string::npos);
 }
 
+// A list takes as long as it is; the account tells its beginning alone.
+TEST_F(Hxctl, InspectsAListOfVeryManyConfigurations) {
+    constexpr size_t kMany = 100'000;
+    std::string list;
+    for (size_t i = 0; i < kMany; ++i) {
+        list += "<Capability><InternalName type='string'>" + std::to_string(i) +
+                "</InternalName><Configuration type='string'>c</Configuration></Capability>";
+    }
+    const std::string document =
+        "<Properties><DeviceList><Device><CommonDeviceProperties><Version type='uint'>1</Version>"
+        "<InternalName type='string'>a</InternalName><ConfigurationIdentity type='string'>b"
+        "</ConfigurationIdentity><DisplayName type='string'>c</DisplayName><ConfigurationList>" +
+        list + "</ConfigurationList></CommonDeviceProperties></Device></DeviceList></Properties>";
+    const json record = json::parse(Run("inspect - --record MCommonDeviceProperties", document).out);
+    EXPECT_EQ(record["fields"]["ConfigurationList"].size(), kMany);
+    const json account = json::parse(Run("inspect - --json", document).out);
+    const json& told = account["contents"][1]["fields"][0]["fields"][4];
+    EXPECT_EQ(told["count"], kMany);
+    EXPECT_EQ(told["value"].size(), 100u);
+    EXPECT_NE(Run("inspect -", document).out.find("... (100000 values)"), std::string::npos);
+}
+
 TEST_F(Hxctl, TellsWhatADocumentOfUnknownKindHolds) {
     struct Case {
         const char* about;
@@ -98,6 +133,9 @@ TEST_F(Hxctl, TellsWhatADocumentOfUnknownKindHolds) {
         std::vector<const char*> told;
         const char* reason;
     };
+    constexpr char kScannerRefused[] =
+        "hxctl: -: Properties: not read as MPropertiesHelper: no \"Version\" of type uint (and 1 more not "
+        "read)\n";
     const Case cases[] = {
         {"a record by its name, with what the document does not have",
          Settings(Connection("HXConnectionSettings", "b")),
@@ -149,6 +187,27 @@ TEST_F(Hxctl, TellsWhatADocumentOfUnknownKindHolds) {
           "NOT READ: CommonDeviceProperties: version 2 is newer than 1\n"},
          "hxctl: -: Properties: not read as MPropertiesHelper: "
          "MPropertiesHelper.ReadXML:ReadImpTagged () (and 2 more not read)\n"},
+        {"a list of a newer version, behind which nothing is looked for",
+         Scanner("<Version type='uint'>2</Version>"),
+         1,
+         {"NOT READ: CommonScannerDeviceProperties/Planes: version 2 is newer than 1\n"},
+         kScannerRefused},
+        {"what is missing, but for what a plane may lack",
+         Scanner("<Version type='uint'>1</Version><Plane><PlaneNumber type='uint'>3</PlaneNumber></Plane>"),
+         1,
+         {"NOT READ: missing: CommonScannerDeviceProperties/ReferenceToAutoJoint\n"},
+         kScannerRefused},
+        {"a scanner without planes, which needs no joint",
+         Scanner("<Version type='uint'>1</Version>"),
+         1,
+         {"MCommonScannerDeviceProperties, known by its name\n", "\n    Read.\n"},
+         "hxctl: -: Properties: not read as MPropertiesHelper: no \"Version\" of type uint\n"},
+        {"a processing record of a newer version, which is no reason",
+         Settings("<SpeckleSettings><Version type='int'>9</Version></SpeckleSettings>"),
+         1,
+         {"NOT READ: missing: Enable, "},
+         "hxctl: -: SpeckleSettings: not read as MSpeckleSettings: missing: Enable, AutomaticDegree, Degree, "
+         "WindowSize, NoiseLevel and 1 more\n"},
         {"entries of a list, with what each of them has",
          Settings("<SupportedConfigurations><Version type='uint'>1</Version><Configuration><Version "
                   "type='uint'>1</Version><InternalName type='string'>n</InternalName><DeviceSettings/>"

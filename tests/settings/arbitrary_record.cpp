@@ -55,8 +55,8 @@ std::wstring ArbitraryFragment() {
 
 // The cosine travels only instead of the angle, which the documents have here.
 bool IsWritten(const hx::RecordType& type, const hx::Field& field) {
-    return field.ops->at != nullptr && field.versions.Contains(type.version.current) &&
-           field.child != L"CosOrientAngle";
+    return field.ops->at != nullptr && field.ops->write != nullptr &&
+           field.versions.Contains(type.version.current) && field.child != L"CosOrientAngle";
 }
 
 class Filler {
