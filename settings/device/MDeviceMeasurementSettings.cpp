@@ -42,8 +42,8 @@ using F = FieldsOf<Device>;
 // An element that counts only if it is there and cannot be read; all its children are attempted.
 template <const auto& kRows>
 bool ReadIfThere(void* record, MFilerTaggedPair& filer, std::wstring_view element, const void* fallback) {
-    return InOptionalGroup(
-        filer, element, [&] { return ReadFields(kRows, record, fallback, filer, 0, ReadRule::kAll); });
+    return InOptionalGroup(filer, element,
+                           [&] { return ReadFields(kRows, record, fallback, filer, 0, ReadRule::kAll); });
 }
 
 bool WriteNothing(const void*, MFilerTaggedPair&, std::wstring_view) {

@@ -32,9 +32,8 @@ bool MPropertiesHelper::ReadImpTagged(MFilerTaggedPair& filer, bool device_requi
     if (!ReadVersion(filer, version, 0u, kVersion) || !m_driver.ReadTagged(filer, kDriver, m_driver)) {
         return false;
     }
-    return InOptionalGroup(filer, kDeviceList, [&] {
-        return m_device.ReadTagged(filer, kDevice, m_device) || !device_required;
-    });
+    return InOptionalGroup(filer, kDeviceList,
+                           [&] { return m_device.ReadTagged(filer, kDevice, m_device) || !device_required; });
 }
 
 bool MPropertiesHelper::WriteDocument(MFilerTaggedPair& filer, const MCommonDriverProperties& driver,
