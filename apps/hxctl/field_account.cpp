@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <type_traits>
 
-#include "apps/hxctl/record_reading.h"
 #include "core/errors/MException.h"
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/TaggedType.h"
@@ -81,18 +80,6 @@ std::vector<const DocumentElement*> EntriesAt(hx::FieldRef at, const DocumentEle
     return entries;
 }
 
-// Some classes read what they know of any version: tried with a record that tells the next one.
-bool ReadsNewer(const hx::RecordType& type) {
-    const hx::InventoryRow* const row = hx::FindRecordClass(type.name);
-    if (row == nullptr) return false;
-    std::wstring text = WriteRecord(type.make().get(), *row, row->element);
-    const std::wstring current = L">" + std::to_wstring(type.version.current) + L"</Version>";
-    const size_t at = text.find(current);
-    if (at == std::wstring::npos) return false;
-    text.replace(at, current.size(), L">" + std::to_wstring(type.version.current + 1) + L"</Version>");
-    return ReadRecord(std::move(text), *row, row->element).read;
-}
-
 }  // namespace
 
 std::optional<int64_t> VersionOf(const hx::RecordType& type, const DocumentElement& element) {
@@ -113,7 +100,7 @@ std::string BadVersion(const hx::RecordType& type, const std::optional<int64_t>&
     const bool may_lack_it = &type == &hx::MLaserPlane::kType;
     if (!version && may_lack_it) return {};
     if (!version) return "no \"Version\" of type " + hx::ToUtf8(hx::WordOf(type.version));
-    if (*version <= type.version.current || ReadsNewer(type)) return {};
+    if (*version <= type.version.current || type.reads_newer) return {};
     return "version " + std::to_string(*version) + " is newer than " + std::to_string(type.version.current);
 }
 
