@@ -127,7 +127,7 @@ void Writer::Field(const Json& field, size_t indent, size_t width) {
     if (field.contains("value"))
         line.append("  ").append(Value(field["value"], field.value("count", size_t{0})));
     add("class", "  ", "");
-    if (field.contains("entries")) {
+    if (field.contains("entries") && field.value("inDocument", true)) {
         const auto count = field["count"].get<size_t>();
         line.append("  ").append(std::to_string(count)).append(count == 1 ? " entry" : " entries");
     }
@@ -135,6 +135,8 @@ void Writer::Field(const Json& field, size_t indent, size_t width) {
     add("note", "  (", ")");
     line.erase(line.find_last_not_of(' ') + 1);
     Line(indent, {line});
+    // What a new record would hold there is no account of the document.
+    if (!field.value("inDocument", true)) return;
     if (field.contains("fields")) Fields(field["fields"], indent + 4);
     if (field.contains("entries")) Entries(field, indent + 4);
 }
