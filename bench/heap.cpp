@@ -2,28 +2,7 @@
 
 #include <malloc.h>
 
-#include <cstdlib>
-#include <new>
 #include <stdexcept>
-
-namespace {
-
-thread_local size_t t_allocations = 0;
-
-}  // namespace
-
-// Of the whole program, so for all contenders.
-void* operator new(size_t size) {
-    ++t_allocations;
-    if (void* const block = std::malloc(size != 0 ? size : 1)) return block;
-    throw std::bad_alloc();
-}
-void operator delete(void* block) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, size_t) noexcept {
-    std::free(block);
-}
 
 namespace hx::bench {
 
@@ -35,10 +14,6 @@ void KeepFreedMemory() {
     if (mallopt(M_MMAP_MAX, kNone) != 1 || mallopt(M_TRIM_THRESHOLD, kNever) != 1) {
         throw std::runtime_error("the heap cannot be kept warm");
     }
-}
-
-size_t Allocations() {
-    return t_allocations;
 }
 
 size_t HeapInUse() {

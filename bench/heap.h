@@ -1,4 +1,4 @@
-// The process's heap: kept warm, and asked how much of it is in use and how often it was used.
+// The process's heap: kept warm, and asked how much of it is in use.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +11,5 @@ void KeepFreedMemory();
 
 // Bytes.
 size_t HeapInUse();
-
-// How often this thread has asked for memory with new, since it began.
-size_t Allocations();
 
 }  // namespace hx::bench

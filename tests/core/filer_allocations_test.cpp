@@ -2,30 +2,9 @@
 // the text.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
+#include "bench/allocations.h"
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/TaggedXml.h"
-
-namespace {
-
-thread_local size_t t_allocations = 0;
-
-}  // namespace
-
-// Of the whole test program.
-void* operator new(size_t size) {
-    ++t_allocations;
-    if (void* const block = std::malloc(size != 0 ? size : 1)) return block;
-    throw std::bad_alloc();
-}
-void operator delete(void* block) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, size_t) noexcept {
-    std::free(block);
-}
 
 namespace hx {
 namespace {
@@ -42,9 +21,9 @@ void ExpectNoAllocation(const Reading& reading, const T& expected) {
                             kTaggedXmlRoot);
     T value{};
     const T fallback{};
-    const size_t before = t_allocations;
+    const size_t before = bench::Allocations();
     const bool found = filer.Read(L"Exposure", value, fallback);
-    EXPECT_EQ(t_allocations - before, 0u) << reading.what;
+    EXPECT_EQ(bench::Allocations() - before, 0u) << reading.what;
     EXPECT_EQ(found, reading.found) << reading.what;
     EXPECT_EQ(value, found ? expected : fallback) << reading.what;
 }
