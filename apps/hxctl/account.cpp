@@ -189,7 +189,7 @@ Json Outline(hx::MXmlDocument& document) {
     for (bool more = true; more;) {
         if (document.FindElement()) {
             if (document.GetLevel() <= kLevels && ++all <= kLines) {
-                lines.push_back(std::string(2 * (document.GetLevel() - 1), ' ') +
+                lines.push_back(std::string(size_t{2} * (document.GetLevel() - 1), ' ') +
                                 hx::ToUtf8(document.GetTagName()));
             }
             document.EnterElement();

@@ -17,7 +17,7 @@ std::string Text(const Json& item, const char* key) {
 // On one line, cut if it is long; `count` values if it is a list of which the first are told.
 std::string Value(const Json& value, size_t count = 0) {
     if (value.is_structured()) {
-        const std::string text = value.dump();
+        std::string text = value.dump();
         if (text.size() <= kLongText && count <= value.size()) return text;
         return text.substr(0, kLongText) + "... (" + std::to_string(std::max(count, value.size())) +
                " values)";
