@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <new>
+#include <stdexcept>
 
 #include "core/filer/MFilerTaggedPair.h"
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/MOutFilerTaggedXml.h"
+#include "core/records/InGroup.h"
 
 namespace {
 
@@ -101,6 +104,27 @@ TEST(FilerInterfaces, KeepTheirOrder) {
     EXPECT_EQ(SlotOf(&Out::BeginGroup), 12u);
     EXPECT_EQ(SlotOf(&Out::EndGroup), 13u);
     EXPECT_EQ(SlotOf(&Out::InsertDocument), 14u);
+}
+
+// A writer whose memory is used up when an element is to be closed.
+class Exhausted : public hx::MOutFilerTaggedXml {
+public:
+    Exhausted() : MOutFilerTaggedXml(L"R") {}
+    bool EndGroup() override {
+        ++ends;
+        throw std::bad_alloc();
+    }
+    int ends = 0;
+};
+
+TEST(InGroup, WhatTheBodyThrowsPassesAlsoIfTheElementCannotBeClosed) {
+    Exhausted writer;
+    hx::MFilerTaggedPair filer(writer);
+    const auto body = []() -> bool { throw std::runtime_error("first"); };
+    EXPECT_THROW(hx::InGroup(filer, L"G", body), std::runtime_error);
+    EXPECT_EQ(writer.ends, 1);
+    EXPECT_THROW(hx::InGroup(filer, L"G", [] { return true; }), std::bad_alloc);
+    EXPECT_EQ(writer.ends, 2) << "closed once";
 }
 
 }  // namespace
