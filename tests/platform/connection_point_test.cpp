@@ -115,6 +115,22 @@ TEST(ConnectionPoint, OutlivesItsSource) {
     EXPECT_EQ(g_listeners, 0);
 }
 
+TEST(ConnectionPoint, IsAskedForASourceThatGoes) {
+    for (int i = 0; i < 200; ++i) {
+        int gone = 0;
+        auto source = hx::Make<Source>([&] { ++gone; });
+        std::thread other([point = source->point] {
+            for (HRESULT result = S_OK; SUCCEEDED(result);) {
+                hx::ComPtr<IConnectionPointContainer> found;
+                result = point->GetConnectionPointContainer(found.put());
+            }
+        });
+        source.reset();
+        other.join();
+        ASSERT_EQ(gone, 1);
+    }
+}
+
 TEST(ConnectionPoint, AListenerMayCallInAsItGoes) {
     const auto source = hx::Make<Source>();
     hx::ConnectionPoint& point = *source->point;
