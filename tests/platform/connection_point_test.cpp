@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <functional>
 #include <set>
 #include <thread>
 #include <utility>
+#include <vector>
 
 HX_IID(IHeard, "1B0F3A52-7C44-4E0B-9E11-4D1E5A6C7B80")
 struct IHeard : IUnknown {};
@@ -155,6 +157,7 @@ TEST(ConnectionPoint, ConnectionsAreWalked) {
     const auto source = hx::Make<Source>();
     hx::ConnectionPoint& point = *source->point;
     std::vector<DWORD> cookies;
+    cookies.reserve(3);
     for (int i = 0; i < 3; ++i) cookies.push_back(Advise(point, hx::Make<Listener<IHeard>>().get()));
     hx::ComPtr<IEnumConnections> all;
     ASSERT_EQ(point.EnumConnections(all.put()), S_OK);
@@ -200,6 +203,7 @@ TEST(ConnectionPoint, ServesManyThreads) {
     hx::ComPtr<IEnumConnectionPoints> shared;
     ASSERT_EQ(source->EnumConnectionPoints(shared.put()), S_OK);
     std::vector<std::thread> threads;
+    threads.reserve(8);
     for (int t = 0; t < 8; ++t) {
         threads.emplace_back([&] {
             const auto mine = hx::Make<Listener<IHeard>>([&] { point.Unadvise(0); });
