@@ -22,6 +22,7 @@ public:
         if (std::exchange(m_presets, nullptr) != nullptr) MDynamicSettingsPresets::RemovePage();
     }
 
+    MDynamicSettingsPresets& operator*() const { return *m_presets; }
     MDynamicSettingsPresets* operator->() const { return m_presets; }
 
 private:

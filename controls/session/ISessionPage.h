@@ -1,6 +1,7 @@
 // What a session asks of the page that it belongs to. Implemented by a page, called by its ScannerSession on
 // the thread of the user interface. Hooks may throw an MException, which then counts as a failure of the
-// operation that called. ErrorBox and FinishReopening may dispatch messages and may even end the session.
+// operation that called. ErrorBox, FinishReopening and LeaveControls may dispatch messages and may even
+// end the session.
 #pragma once
 
 #include <cstdint>

@@ -64,8 +64,12 @@ void ScannerSession::OnDeselected() {
     if (m_operations.IsClosed()) return;
     const Scope scope(m_operations);
     Release(m_locations.deselected, 73);
-    m_page.LeaveControls();
-    m_selected = false;
+    try {
+        m_page.LeaveControls();
+    } catch (const MException& exception) {
+        if (scope.IsSessionOpen()) ApiOperation(m_locations.deselected, this).Log(77, exception);
+    }
+    if (scope.IsSessionOpen()) m_selected = false;
 }
 
 void ScannerSession::OnDestroy() {

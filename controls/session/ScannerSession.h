@@ -58,7 +58,7 @@ public:
     const SessionOperations& Operations() const { return m_operations; }
     SessionTarget& Target() { return m_target; }
     // Not after OnDestroy.
-    MDynamicSettingsPresets& Presets() const { return *m_presets.operator->(); }
+    MDynamicSettingsPresets& Presets() const { return *m_presets; }
     const ComPtr<IHXApi>& Api() const { return m_api; }
     const ComPtr<ICalibrationHandle>& Handle() const { return m_handle; }
     int32_t ConnectionState() const { return m_connection_state; }

@@ -10,7 +10,11 @@ void ScannerSession::OnConnectionStateChange(int32_t state) {
     if (m_operations.IsClosed()) return;
     if (m_operations.IsRunning()) return m_operations.Keep(state);
     const Scope scope(m_operations);
-    HandleConnectionStateChange(state, scope);
+    try {
+        HandleConnectionStateChange(state, scope);
+    } catch (const MException& exception) {
+        if (scope.IsSessionOpen()) ApiOperation(m_locations.connection_change, this).Log(18, exception);
+    }
 }
 
 void ScannerSession::HandleConnectionStateChange(int32_t state, const Scope& scope) {
