@@ -142,6 +142,12 @@ TEST_F(SessionConnection, ChangesDuringAnOperationWaitForItsEnd) {
     }
     EXPECT_EQ(m_page->session.ConnectionState(), 0);
     EXPECT_TRUE(m_script.Calls().starts_with("Stop, DisableScanner"));
+    {
+        // However many they are, each is handled when the one before is over.
+        const hx::SessionOperations::Scope scope(m_page->session.Operations());
+        for (int i = 0; i < 100000; ++i) m_page->session.OnConnectionStateChange(7);
+    }
+    EXPECT_EQ(m_page->session.ConnectionState(), 7);
 }
 
 // A host may destroy the page while a box is open. Nothing may touch the page afterwards.
