@@ -35,7 +35,7 @@ HX_PLATFORM_API FileError WriteFileAtomically(const std::filesystem::path& path,
 HX_PLATFORM_API FileError WritePrivateFile(const std::filesystem::path& path, std::string_view bytes);
 
 // A file that was written under another name of the same folder gets its own, for good: its content is on
-// disk, and what was there under that name is replaced. On failure both stay.
+// disk, and what was there under that name is replaced. If it cannot be moved, both stay.
 HX_PLATFORM_API FileError PublishFile(const std::filesystem::path& written,
                                       const std::filesystem::path& path);
 

@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "core/keys/MRegistryKeyLib.h"
-#include "core/log/MSpecialFolderImplementation.h"
 #include "platform/system/clock.h"
 #include "platform/system/folders.h"
 #include "platform/system/utf8.h"

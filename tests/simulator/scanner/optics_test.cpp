@@ -22,7 +22,7 @@ TEST(Optics, LightIsPowerTimesExposureTimesGain) {
         {"gain", [](auto& s) { s.gain = 2, s.exposure_us /= 4; }, 0.5},
         {"no light", [](auto& s) { s.laser_power_percent = 0; }, 0},
     };
-    const double usual = MeanSignal(Take(L"plane", PlainSettings()));
+    const double usual = MeanSignal(Take(L"plane", PlainSettings()).points);
     EXPECT_GT(usual, 400);
     for (const Row& row : rows) {
         OpticalSettings settings = PlainSettings();
@@ -33,7 +33,7 @@ TEST(Optics, LightIsPowerTimesExposureTimesGain) {
             EXPECT_TRUE(picture.points.empty()) << row.what;
             continue;
         }
-        EXPECT_NEAR(MeanSignal(picture) / usual, row.factor, 0.02) << row.what;
+        EXPECT_NEAR(MeanSignal(picture.points) / usual, row.factor, 0.02) << row.what;
     }
 }
 
@@ -208,7 +208,8 @@ TEST(LaserPower, IsControlledTowardsTheBestSignal) {
             EXPECT_LE(picture.saturated_count, picture.points.size() / 10);
             // As far as the brightest part of the surface allows.
             const bool is_even = surface == std::wstring_view(L"plane");
-            EXPECT_NEAR(MeanSignal(picture), kBestSignal * kTrackingSignalSaturated, is_even ? 80 : 400);
+            EXPECT_NEAR(MeanSignal(picture.points), kBestSignal * kTrackingSignalSaturated,
+                        is_even ? 80 : 400);
         }
     }
     Picture dark;

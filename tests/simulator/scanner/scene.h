@@ -30,10 +30,10 @@ inline hx::simulator::Picture Take(std::wstring_view surface, const hx::simulato
     return maker.Make({model, *hx::simulator::FindSurface(surface), cycle, plane}, settings);
 }
 
-inline double MeanSignal(const hx::simulator::Picture& picture) {
+inline double MeanSignal(const std::vector<TrackingPoint>& points) {
     double sum = 0;
-    for (const TrackingPoint& point : picture.points) sum += point.signal;
-    return sum / static_cast<double>(picture.points.size());
+    for (const TrackingPoint& point : points) sum += point.signal;
+    return sum / static_cast<double>(points.size());
 }
 
 inline bool SamePoints(const std::vector<TrackingPoint>& a, const std::vector<TrackingPoint>& b) {

@@ -96,12 +96,7 @@ TEST(Tracking, AutomaticLaserPowerBringsADarkSurfaceToLight) {
     Track(scanner, observer);
     observer->WaitFor(16);
     const std::vector<SeenCycle> seen = observer->Seen();
-    const auto mean = [](const SeenCycle& one) {
-        double sum = 0;
-        for (const TrackingPoint& point : one.points) sum += point.signal;
-        return sum / static_cast<double>(one.points.size());
-    };
-    EXPECT_GT(mean(seen[15]), 5 * mean(seen[0]));
+    EXPECT_GT(MeanSignal(seen[15].points), 5 * MeanSignal(seen[0].points));
     EXPECT_EQ(scanner.Profile().LaserPower, 2) << "what is set stays";
 }
 
