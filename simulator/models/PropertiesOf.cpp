@@ -18,10 +18,6 @@ constexpr wchar_t kServerVersion[] = L"5.0.3";
 constexpr CalendarDate kDriverBuilt{2025, 1, 30};
 constexpr CalendarDate kServerBuilt{2025, 2, 28};
 
-// Bits of ScannerModel::fov_managed.
-constexpr int32_t kWidthManaged = 1;
-constexpr int32_t kDepthManaged = 2;
-
 constexpr double kMountOffset_mm = 101.5;  // of the planes' origin from the joint that carries the scanner
 constexpr double kBaseLine_mm = 144;       // from laser to imager
 constexpr double kModelOffset_mm = 45;
@@ -32,6 +28,13 @@ struct Button {
 };
 
 constexpr Button kButtons[] = {{L"Start/Stop", L"Green"}, {L"Mode", L"Blue"}, {L"Cancel", L"Red"}};
+
+bool ManagesWidth(const ScannerModel& model) {
+    return model.fov_managed == 1 || model.fov_managed == 3;
+}
+bool ManagesDepth(const ScannerModel& model) {
+    return model.fov_managed == 2 || model.fov_managed == 3;
+}
 
 double Radians(double degrees) {
     return degrees * std::numbers::pi / 180;
@@ -90,9 +93,8 @@ MLaserPlane PlaneOf(const ScannerModel& model, const ModelDetails& details, uint
                              {area.far_half_width_mm, area.far_mm},
                              {area.near_half_width_mm, area.near_mm}};
     plane.ExposureRange_us = static_cast<int16_t>(model.longest_exposure_us);
-    plane.VideoWin_RorConfigX = (model.fov_managed & kWidthManaged) != 0 ? L"100%;50%" : L"100%";
-    plane.VideoWin_RorConfigY =
-        (model.fov_managed & kDepthManaged) != 0 ? L"100%;Near 50%;50%;Far 50%" : L"100%";
+    plane.VideoWin_RorConfigX = ManagesWidth(model) ? L"100%;50%" : L"100%";
+    plane.VideoWin_RorConfigY = ManagesDepth(model) ? L"100%;Near 50%;50%;Far 50%" : L"100%";
     plane.FrequencySelection =
         FrequencySelectionHelper::GetFrequencySelectionFromEnum(FrequencySelection::k100Percent);
     return plane;

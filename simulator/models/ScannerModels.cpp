@@ -23,7 +23,7 @@ constexpr ScannerModel kModels[] = {
     {L"KT05FxR3PA", kDriver, kDriverDisplay, L"KT05FxR3PA", L"KT05 FxR3 PA (S/N 3PA-0217)", L"3PA-0217", 4000,
      150, 960, 720, kHighIsoGains, 0, false, false, nullptr, 1, kHighIsoPresets},
     {L"KT05FxR3PTB", kDriver, kDriverDisplay, L"KT05FxR3PTB", L"KT05 FxR3 PTB (S/N 3TB-0086)", L"3TB-0086",
-     4000, 150, 960, 720, kHighIsoGains, 0, false, false, nullptr, 1, kHighIsoPresets},
+     4000, 150, 960, 720, kHighIsoGains, -1, false, false, nullptr, 1, kHighIsoPresets},
     {L"KT05FxR3W", kDriver, kDriverDisplay, L"KT05FxR3W", L"KT05 FxR3 W (S/N 3W-0139)", L"3W-0139", 4000, 120,
      1280, 720, kHighIsoGains, 1, true, false, nullptr, 1, kHighIsoPresets},
     {L"T820", kDriver, kDriverDisplay, L"T820", L"T820 (S/N 820-0147)", L"820-0147", 2400, 140, 1024, 768,

@@ -36,10 +36,10 @@ bool Has(const ScannerModel& model, const MLaserProfileSettings& profile) {
 }
 
 bool Has(const ScannerModel& model, const MGlobalScanningSettings& global) {
-    const int32_t widths = (model.fov_managed & 1) != 0 ? 1 : 0;
-    const int32_t depths = (model.fov_managed & 2) != 0 ? 3 : 0;
-    return IsWithin(global.HorizontalFov, 0, widths) && IsWithin(global.VerticalFov, 0, depths) &&
-           IsWithin(global.FovIndicator, 0, model.has_fov_indicator ? 100 : 0) &&
+    // A field of view that pages do not offer can be had all the same: a service engineer may ask for it. An
+    // indicator that is not there stays dark.
+    return IsWithin(global.HorizontalFov, 0, 1) && IsWithin(global.VerticalFov, 0, 3) &&
+           IsWithin(global.FovIndicator, 0, 100) &&
            IsWithin(global.FrequencySelection, 0, model.reduces_frequency ? 3 : 0);
 }
 

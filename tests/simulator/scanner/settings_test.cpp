@@ -52,24 +52,19 @@ TEST(ScannerSettings, WhatTheModelLacksIsRefusedAndTheOldValuesStay) {
     }
 }
 
-TEST(ScannerSettings, GlobalOnesAreThoseThatTheModelManages) {
+TEST(ScannerSettings, GlobalOnesAreThoseThatTheModelHas) {
     struct Row {
         const wchar_t* model;
         MGlobalScanningSettings global;
         HRESULT expected;
     };
     const Row rows[] = {
-        {L"HX", {1, 3, 0, 7, 3}, S_OK},
-        {L"HX", {2, 0, 0, 0, 0}, E_INVALIDARG},
-        {L"HX", {0, 4, 0, 0, 0}, E_INVALIDARG},
-        {L"HX", {0, -1, 0, 0, 0}, E_INVALIDARG},
-        {L"HX", {0, 0, 0, 0, 4}, E_INVALIDARG},
-        {L"HX", {0, 0, 100, 0, 0}, E_INVALIDARG},
-        {L"T820", {0, 2, 0, 0, 0}, S_OK},
-        {L"T820", {1, 0, 0, 0, 0}, E_INVALIDARG},
-        {L"T820", {0, 0, 0, 0, 1}, E_INVALIDARG},
-        {L"Handheld", {1, 2, 100, 0, 0}, S_OK},
-        {L"KT05FxR3PA", {0, 1, 0, 0, 0}, E_INVALIDARG},
+        {L"HX", {1, 3, 0, 7, 3}, S_OK},           {L"HX", {2, 0, 0, 0, 0}, E_INVALIDARG},
+        {L"HX", {0, 4, 0, 0, 0}, E_INVALIDARG},   {L"HX", {0, -1, 0, 0, 0}, E_INVALIDARG},
+        {L"HX", {0, 0, 0, 0, 4}, E_INVALIDARG},   {L"HX", {0, 0, 100, 0, 0}, S_OK},
+        {L"HX", {0, 0, 101, 0, 0}, E_INVALIDARG}, {L"T820", {0, 2, 0, 0, 0}, S_OK},
+        {L"T820", {0, 0, 0, 0, 1}, E_INVALIDARG}, {L"Handheld", {1, 2, 100, 0, 0}, S_OK},
+        {L"KT05FxR3PA", {1, 1, 0, 0, 0}, S_OK},
     };
     for (const Row& row : rows) {
         Scanner scanner(Model(row.model));
