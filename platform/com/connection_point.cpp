@@ -33,8 +33,8 @@ public:
     HRESULT STDMETHODCALLTYPE Next(ULONG count, Given* given, ULONG* fetched) override {
         if (fetched) *fetched = 0;
         if (!given || (!fetched && count != 1)) return E_POINTER;
+        if (count > 0) *given = {};
         const auto [first, taken] = Take(count);
-        if (taken < count) given[taken] = {};
         for (ULONG i = 0; i < taken; ++i) given[i] = HandOut((*m_items)[first + i]);
         if (fetched) *fetched = taken;
         return taken == count ? S_OK : S_FALSE;
