@@ -60,8 +60,7 @@ HRESULT OwnerFiles::Read(StoredList& stored, std::wstring& reason) const {
     return S_OK;
 }
 
-HRESULT OwnerFiles::ReadArchived(const StoredList& current, std::vector<StoredPreset>& presets,
-                                 std::wstring& reason) const {
+HRESULT OwnerFiles::ReadArchived(std::vector<StoredPreset>& presets, std::wstring& reason) const {
     std::vector<fs::path> archives;
     if (const FileError failed = m_archive.List(PresetArchive::Kind::kArchive, archives)) {
         return ResultOf(failed, reason);
@@ -72,7 +71,7 @@ HRESULT OwnerFiles::ReadArchived(const StoredList& current, std::vector<StoredPr
         PresetFile read;
         // One that cannot be read leaves an older one to be taken.
         if (fs::file_size(path, error) > kMostPresetBytes || ReadFile(path, bytes) ||
-            bytes == current.bytes || !ReadPresetFile(bytes, read) || read.owner != m_owner) {
+            !ReadPresetFile(bytes, read) || read.owner != m_owner) {
             continue;
         }
         std::erase_if(read.presets,

@@ -32,9 +32,8 @@ public:
     const ScannerModel& Model() const { return m_model; }
 
     HRESULT Read(StoredList& stored, std::wstring& reason) const;
-    // The user's presets of the newest archive that has any, but for one that holds the same as the file.
-    HRESULT ReadArchived(const StoredList& current, std::vector<StoredPreset>& presets,
-                         std::wstring& reason) const;
+    // The user's presets of the newest archive that has any and can be read.
+    HRESULT ReadArchived(std::vector<StoredPreset>& presets, std::wstring& reason) const;
     // The list instead of what was stored, which is kept before if `keep` says so.
     HRESULT Replace(const StoredList& stored, bool keep, PresetList list, std::wstring& reason) const;
 

@@ -121,9 +121,17 @@ FileError PresetArchive::Keep(std::string_view bytes, Kind kind) const {
 void PresetArchive::Trim(size_t most) const {
     std::vector<Entry> entries;
     if (Entries(Kind::kArchive, entries)) return;
-    for (size_t i = most; i < entries.size(); ++i) {
+    size_t kept = 0;
+    for (const Entry& entry : entries) {
         std::error_code one_too_many;
-        fs::remove(entries[i].path, one_too_many);
+        const bool only_reserved = fs::file_size(entry.path, one_too_many) == 0;
+        // The newest name may be one that another process is about to fill; the others' are dead.
+        const bool stays = only_reserved ? kept == 0 : kept < most;
+        if (stays) {
+            kept += !only_reserved;
+        } else {
+            fs::remove(entry.path, one_too_many);
+        }
     }
 }
 

@@ -21,8 +21,8 @@ public:
     FileError Keep(std::string_view bytes, Kind kind) const;
     // Newest first. Only files that were made here, by their names.
     FileError List(Kind kind, std::vector<std::filesystem::path>& files) const;
-    // Deletes the oldest archives until so many are left. One that cannot be deleted is one too many, which
-    // harms nobody, and is tried again the next time.
+    // Deletes the oldest archives until so many are left, and names that were taken and never filled. One
+    // that cannot be deleted is one too many, which harms nobody, and is tried again the next time.
     void Trim(size_t most) const;
 
 private:

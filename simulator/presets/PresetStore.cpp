@@ -16,10 +16,9 @@ bool HasPredefined(const PresetList& list) {
 }
 
 // What can be made of a list without predefined presets.
-HRESULT Complete(const OwnerFiles& files, const StoredList& stored, PresetList& list, PresetsOutcome& outcome,
-                 std::wstring& reason) {
+HRESULT Complete(const OwnerFiles& files, PresetList& list, PresetsOutcome& outcome, std::wstring& reason) {
     std::vector<StoredPreset> users;
-    const HRESULT result = files.ReadArchived(stored, users, reason);
+    const HRESULT result = files.ReadArchived(users, reason);
     if (FAILED(result)) return result;
     outcome = users.empty() ? PresetsOutcome::kCustomGenerated : PresetsOutcome::kCustomRestored;
     if (users.empty()) users.push_back(CustomOf(files.Model()));
@@ -90,7 +89,7 @@ HRESULT PresetStore::Load(std::wstring_view owner, PresetList& list, PresetsOutc
     // before it is told by the next Load.
     PresetsOutcome found = PresetsOutcome::kUnknownVersion;
     if (!has_predefined) {
-        result = Complete(files, stored, read, found, reason);
+        result = Complete(files, read, found, reason);
         if (FAILED(result)) return result;
     } else if (!Contains(read, read.selected)) {
         read.selected = FactoryList(m_model).selected;

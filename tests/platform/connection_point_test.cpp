@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <functional>
 #include <set>
 #include <thread>
 #include <utility>
+#include <vector>
 
 HX_IID(IHeard, "1B0F3A52-7C44-4E0B-9E11-4D1E5A6C7B80")
 struct IHeard : IUnknown {};
@@ -115,6 +117,22 @@ TEST(ConnectionPoint, OutlivesItsSource) {
     EXPECT_EQ(g_listeners, 0);
 }
 
+TEST(ConnectionPoint, IsAskedForASourceThatGoes) {
+    for (int i = 0; i < 200; ++i) {
+        int gone = 0;
+        auto source = hx::Make<Source>([&] { ++gone; });
+        std::thread other([point = source->point] {
+            for (HRESULT result = S_OK; SUCCEEDED(result);) {
+                hx::ComPtr<IConnectionPointContainer> found;
+                result = point->GetConnectionPointContainer(found.put());
+            }
+        });
+        source.reset();
+        other.join();
+        ASSERT_EQ(gone, 1);
+    }
+}
+
 TEST(ConnectionPoint, AListenerMayCallInAsItGoes) {
     const auto source = hx::Make<Source>();
     hx::ConnectionPoint& point = *source->point;
@@ -139,6 +157,7 @@ TEST(ConnectionPoint, ConnectionsAreWalked) {
     const auto source = hx::Make<Source>();
     hx::ConnectionPoint& point = *source->point;
     std::vector<DWORD> cookies;
+    cookies.reserve(3);
     for (int i = 0; i < 3; ++i) cookies.push_back(Advise(point, hx::Make<Listener<IHeard>>().get()));
     hx::ComPtr<IEnumConnections> all;
     ASSERT_EQ(point.EnumConnections(all.put()), S_OK);
@@ -184,6 +203,7 @@ TEST(ConnectionPoint, ServesManyThreads) {
     hx::ComPtr<IEnumConnectionPoints> shared;
     ASSERT_EQ(source->EnumConnectionPoints(shared.put()), S_OK);
     std::vector<std::thread> threads;
+    threads.reserve(8);
     for (int t = 0; t < 8; ++t) {
         threads.emplace_back([&] {
             const auto mine = hx::Make<Listener<IHeard>>([&] { point.Unadvise(0); });

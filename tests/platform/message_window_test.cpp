@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <functional>
-#include <future>
 #include <memory>
 #include <thread>
 #include <utility>
@@ -102,6 +102,7 @@ TEST(MessageWindow, AnotherThreadsPostsWakeTheOneThatWaits) {
     Window window([&](const hx::WindowMessage& message) { EXPECT_EQ(message.id, next[message.first]++); });
     std::vector<std::thread> senders;
     constexpr uint32_t kEach = 500;
+    senders.reserve(next.size());
     for (uint64_t sender = 0; sender < next.size(); ++sender) {
         senders.emplace_back([sender, handle = window.Handle()] {
             for (uint32_t id = 0; id < kEach; ++id) {
@@ -121,6 +122,7 @@ TEST(MessageWindow, WindowsAndThreadsMayEndWhileOthersPost) {
     std::atomic<hx::WindowHandle> handle{0};
     std::atomic<bool> done{false};
     std::vector<std::thread> senders;
+    senders.reserve(3);
     for (int i = 0; i < 3; ++i) {
         senders.emplace_back([&] {
             hx::WindowHandle last = 0;
