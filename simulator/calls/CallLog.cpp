@@ -23,7 +23,7 @@ void CallLog::Enter(std::wstring_view on, std::wstring_view operation, std::wstr
     std::wstring call = CallText(on, operation, arguments, result);
     const std::lock_guard guard(m_mutex);
     m_calls.push_back(std::move(call));
-    if (m_calls.size() <= kMostCalls) return;
+    if (m_calls.size() <= m_most_calls) return;
     m_calls.pop_front();
     ++m_lost;
 }

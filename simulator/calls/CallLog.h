@@ -14,7 +14,7 @@ namespace hx::simulator {
 
 class CallLog {
 public:
-    static constexpr size_t kMostCalls = 1'000'000;
+    explicit CallLog(size_t most_calls = 1'000'000) : m_most_calls(most_calls) {}
 
     // `arguments` is a JSON array.
     void Enter(std::wstring_view on, std::wstring_view operation, std::wstring_view arguments,
@@ -23,6 +23,7 @@ public:
     std::wstring Take();
 
 private:
+    const size_t m_most_calls;
     std::mutex m_mutex;  // guards what follows
     std::deque<std::wstring> m_calls;
     uint64_t m_lost = 0;
