@@ -7,6 +7,7 @@
 #include "simulator/scanner/FrameRate.h"
 #include "simulator/scanner/SignalSearch.h"
 #include "simulator/scanner/TrackingLoop.h"
+#include "simulator/threads/RetiredThreads.h"
 
 namespace hx::simulator {
 
@@ -38,7 +39,7 @@ Scanner::~Scanner() {
     m_state->Switch([&] { m_state->ended = true; });
     SetObserver(nullptr);
     if (m_state->thread.get_id() == std::this_thread::get_id()) {
-        m_state->thread.detach();
+        Retire(std::move(m_state->thread));
     } else {
         m_state->thread.join();
     }

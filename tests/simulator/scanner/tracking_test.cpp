@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "simulator/scanner/Scanner.h"
+#include "simulator/threads/RetiredThreads.h"
 #include "tests/simulator/scanner/scene.h"
 #include "tests/simulator/seen_cycles.h"
 
@@ -136,6 +137,7 @@ TEST(Tracking, AnObserverMayEndItAll) {
     Track(*scanner, observer);
     scanner.reset();
     gone.get_future().wait();
+    JoinRetiredThreads();
     EXPECT_EQ(observer->Seen().size(), 1u);
 }
 
