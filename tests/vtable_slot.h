@@ -1,6 +1,8 @@
 // The slot of a virtual method in its vtable, for tests of interfaces that code compiled elsewhere calls.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -13,4 +15,10 @@ inline size_t SlotOf(Method method) {
     uintptr_t offset = 0;
     std::memcpy(&offset, &method, sizeof(offset));
     return (offset & ~uintptr_t{1}) / sizeof(void*);
+}
+
+// The methods stand in the table in this order, the first of them in slot `first`.
+template <class... Methods>
+void ExpectSlots(const char* interface, size_t first, Methods... methods) {
+    for (const size_t slot : {SlotOf(methods)...}) EXPECT_EQ(slot, first++) << interface;
 }

@@ -7,7 +7,7 @@
 #include <mutex>
 #include <vector>
 
-#include "platform/com/implements.h"
+#include "platform/com/class_table.h"
 
 struct CONNECTDATA {
     IUnknown* pUnk;
@@ -41,7 +41,8 @@ struct IConnectionPoint : IUnknown {
     // [caller owns]; null and E_UNEXPECTED once the source is gone.
     virtual HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** container) = 0;
     // `sink` is told of events until it is unadvised; a reference is taken. CONNECT_E_CANNOTCONNECT if it
-    // lacks the event interface; `*cookie`, never 0 on success, is 0 on failure.
+    // lacks the event interface, E_UNEXPECTED once the source is gone; `*cookie`, never 0 on success, is 0 on
+    // failure.
     virtual HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) = 0;
     // CONNECT_E_NOCONNECTION for an unknown cookie. An event that is on its way may still arrive afterwards.
     virtual HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) = 0;
@@ -74,7 +75,7 @@ public:
     // called without any lock of the source's. Throws std::bad_alloc.
     std::vector<ComPtr<IUnknown>> Sinks() const;
 
-    // The source goes: lets go of it and of all sinks.
+    // The source goes, and calls this in its destructor: lets go of it and of all sinks.
     void Disconnect();
 
 private:
@@ -83,6 +84,7 @@ private:
     IConnectionPointContainer* m_container;
     std::map<DWORD, ComPtr<IUnknown>> m_sinks;
     DWORD m_last_cookie = 0;
+    ModuleLock m_module_lock;
 };
 
 // The enumeration of a container that has this one point. E_POINTER, E_OUTOFMEMORY.

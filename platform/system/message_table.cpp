@@ -29,6 +29,7 @@ constexpr Message messages[] = {
     {CO_E_CLASSSTRING, L"Invalid class string"},
     {CO_E_DLLNOTFOUND, L"DLL for class not found"},
     {CO_E_ERRORINDLL, L"Error in the DLL"},
+    {CONNECT_E_CANNOTCONNECT, L"Connection attempt failed"},
     {DISP_E_UNKNOWNINTERFACE, L"Unknown interface."},
     {DISP_E_MEMBERNOTFOUND, L"Member not found."},
     {DISP_E_PARAMNOTFOUND, L"Parameter not found."},

@@ -55,8 +55,9 @@ HX_PLATFORM_API size_t DispatchMessages();
 // Waits until this thread has a message; false if none came in time.
 HX_PLATFORM_API bool WaitForMessage(std::chrono::milliseconds patience);
 
-// Called on the posting thread whenever a message comes to this thread's queue, which was empty; it must not
-// dispatch. Null for none. Gives the one before, null likewise.
+// Called on the posting thread whenever a message comes to this thread's queue, which was empty; it must
+// neither dispatch nor wait for this thread. Null for none, which is so when the thread ends. Gives the one
+// before, null likewise, which is not running on any other thread any more.
 using MessageHook = void (*)(void* context);
 struct MessageHookEntry {
     MessageHook hook = nullptr;

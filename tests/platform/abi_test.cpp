@@ -5,6 +5,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "platform/com/connection_point.h"
 #include "platform/com/dispatch.h"
 #include "platform/com/errorinfo.h"
 #include "platform/com/safearray.h"
@@ -39,6 +40,8 @@ static_assert(offsetof(TYPEATTR, tdescAlias) == 64 && sizeof(TYPEDESC) == 16 && 
 static_assert(sizeof(FUNCDESC) == 88 && offsetof(FUNCDESC, invkind) == 28);
 static_assert(offsetof(FUNCDESC, cParams) == 36 && offsetof(FUNCDESC, elemdescFunc) == 48);
 
+static_assert(sizeof(CONNECTDATA) == 16 && offsetof(CONNECTDATA, dwCookie) == 8);
+
 // An interface is a vtable pointer and nothing else.
 static_assert(sizeof(IUnknown) == 8 && sizeof(IDispatch) == 8 && sizeof(IErrorInfo) == 8);
 static_assert(!std::has_virtual_destructor_v<IUnknown> && !std::has_virtual_destructor_v<IDispatch>);
@@ -55,16 +58,14 @@ TEST(Abi, InterfacesHaveTheirPublishedIds) {
         {IID_ITypeInfo, "\1\4\2\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
         {IID_IErrorInfo, "\x20\xB1\xF2\x1C\x7D\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
         {IID_ICreateErrorInfo, "\x40\x33\xF0\x22\x7D\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
+        {IID_IConnectionPointContainer, "\x84\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
+        {IID_IEnumConnectionPoints, "\x85\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
+        {IID_IConnectionPoint, "\x86\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
+        {IID_IEnumConnections, "\x87\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
         {IID_ISupportErrorInfo, "\x60\x3D\x0B\xDF\x8F\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
     };
     for (const Row& row : rows) EXPECT_EQ(std::memcmp(&row.iid, row.bytes, 16), 0) << &row - rows;
     EXPECT_EQ(hx::uuid_of<IErrorInfo>(), IID_IErrorInfo);
-}
-
-// The methods stand in the table in this order, the first of them in slot `first`.
-template <class... Methods>
-void ExpectSlots(const char* interface, size_t first, Methods... methods) {
-    for (const size_t slot : {SlotOf(methods)...}) EXPECT_EQ(slot, first++) << interface;
 }
 
 TEST(Abi, MethodsHaveTheirPublishedSlots) {
@@ -85,6 +86,15 @@ TEST(Abi, MethodsHaveTheirPublishedSlots) {
                 &ICreateErrorInfo::SetDescription, &ICreateErrorInfo::SetHelpFile,
                 &ICreateErrorInfo::SetHelpContext);
     ExpectSlots("ISupportErrorInfo", 3, &ISupportErrorInfo::InterfaceSupportsErrorInfo);
+    ExpectSlots("IConnectionPoint", 3, &IConnectionPoint::GetConnectionInterface,
+                &IConnectionPoint::GetConnectionPointContainer, &IConnectionPoint::Advise,
+                &IConnectionPoint::Unadvise, &IConnectionPoint::EnumConnections);
+    ExpectSlots("IConnectionPointContainer", 3, &IConnectionPointContainer::EnumConnectionPoints,
+                &IConnectionPointContainer::FindConnectionPoint);
+    ExpectSlots("IEnumConnections", 3, &IEnumConnections::Next, &IEnumConnections::Skip,
+                &IEnumConnections::Reset, &IEnumConnections::Clone);
+    ExpectSlots("IEnumConnectionPoints", 3, &IEnumConnectionPoints::Next, &IEnumConnectionPoints::Skip,
+                &IEnumConnectionPoints::Reset, &IEnumConnectionPoints::Clone);
 }
 
 TEST(Abi, AStringHasItsLengthInFrontAndANulBehind) {

@@ -50,6 +50,7 @@ TEST(Hresult, NamesAreTheConstants) {
     EXPECT_EQ(hx::HresultName(static_cast<HRESULT>(0x80070057)), "E_INVALIDARG");
     EXPECT_EQ(hx::HresultName(static_cast<HRESULT>(0x80040154)), "REGDB_E_CLASSNOTREG");
     EXPECT_EQ(hx::HresultName(static_cast<HRESULT>(0x80020005)), "DISP_E_TYPEMISMATCH");
+    EXPECT_EQ(hx::HresultName(static_cast<HRESULT>(0x80040202)), "CONNECT_E_CANNOTCONNECT");
     EXPECT_EQ(hx::HresultName(static_cast<HRESULT>(0x80004006)), "");
 }
 

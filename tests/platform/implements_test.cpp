@@ -126,6 +126,7 @@ TEST(Boundary, TurnsExceptionsIntoCodes) {
     EXPECT_EQ(hx::AtBoundary([] { return DISP_E_OVERFLOW; }), DISP_E_OVERFLOW);
     EXPECT_EQ(hx::AtBoundary([]() -> HRESULT { throw std::bad_alloc(); }), E_OUTOFMEMORY);
     EXPECT_EQ(hx::AtBoundary([]() -> HRESULT { throw std::runtime_error("no"); }), E_FAIL);
+    EXPECT_EQ(hx::AtBoundary([]() -> HRESULT { throw hx::FatalComError{E_UNEXPECTED}; }), E_UNEXPECTED);
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ TEST(SystemMessage, GivesTheSystemsTexts) {
         {0x80070057, L"The parameter is incorrect.\r\n"},
         {0x80040154, L"Class not registered\r\n"},
         {0x80020005, L"Type mismatch.\r\n"},
+        {0x80040202, L"Connection attempt failed\r\n"},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(hx::SystemMessage(static_cast<HRESULT>(row.result)), row.text) << row.result;
