@@ -15,17 +15,8 @@ struct NamedCode {
     std::string_view name;
     HRESULT code;
 };
-constexpr NamedCode kCodes[] = {
-    {"E_UNEXPECTED", E_UNEXPECTED},
-    {"E_NOTIMPL", E_NOTIMPL},
-    {"E_NOINTERFACE", E_NOINTERFACE},
-    {"E_POINTER", E_POINTER},
-    {"E_ABORT", E_ABORT},
-    {"E_FAIL", E_FAIL},
-    {"E_ACCESSDENIED", E_ACCESSDENIED},
-    {"E_HANDLE", E_HANDLE},
-    {"E_OUTOFMEMORY", E_OUTOFMEMORY},
-    {"E_INVALIDARG", E_INVALIDARG},
+// Besides those of every component.
+constexpr NamedCode kApiCodes[] = {
     {"HX_E_NOTCONNECTED", HX_E_NOTCONNECTED},
     {"HX_E_NOTACQUIRED", HX_E_NOTACQUIRED},
     {"HX_E_NOTFOUND", HX_E_NOTFOUND},
@@ -38,11 +29,9 @@ bool Parse(std::string_view text, T& value, int base = 10) {
 }
 
 bool ParseResult(std::string_view text, HRESULT& result) {
-    const auto* const named = std::ranges::find(kCodes, text, &NamedCode::name);
-    if (named != std::end(kCodes)) {
-        result = named->code;
-        return true;
-    }
+    const auto* const named = std::ranges::find(kApiCodes, text, &NamedCode::name);
+    if (named != std::end(kApiCodes)) result = named->code;
+    if (named != std::end(kApiCodes) || hx::HresultOfName(text, result)) return true;
     if (!text.starts_with("0x") && !text.starts_with("0X")) return Parse(text, result);
     uint32_t bits = 0;
     if (!Parse(text.substr(2), bits, 16)) return false;
