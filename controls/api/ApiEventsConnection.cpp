@@ -1,0 +1,35 @@
+#include "controls/api/ApiEventsConnection.h"
+
+#include <utility>
+
+#include "hxapi/IHXApiEvents.h"
+#include "platform/com/connection_point.h"
+#include "platform/com/fatal_error.h"
+
+namespace hx {
+namespace {
+
+ComPtr<IConnectionPoint> EventsOf(IUnknown* source) {
+    ComPtr<IConnectionPoint> point;
+    if (const auto container = ComPtr<IUnknown>(source).as<IConnectionPointContainer>()) {
+        container->FindConnectionPoint(uuid_of<IHXApiEvents>(), point.put());
+    }
+    return point;
+}
+
+}  // namespace
+
+void ApiEventsConnection::Advise(IUnknown* source, IUnknown* sink) {
+    if (m_cookie != kNotAdvised) throw FatalComError{E_FAIL};
+    const ComPtr<IConnectionPoint> point = EventsOf(source);
+    DWORD cookie = 0;
+    if (point && SUCCEEDED(point->Advise(sink, &cookie))) m_cookie = cookie;
+}
+
+void ApiEventsConnection::Unadvise(IUnknown* source) {
+    const DWORD cookie = std::exchange(m_cookie, kNotAdvised);
+    if (cookie == kNotAdvised) return;
+    if (const ComPtr<IConnectionPoint> point = EventsOf(source)) point->Unadvise(cookie);
+}
+
+}  // namespace hx

@@ -1,0 +1,25 @@
+// Whether a listener is advised on a scanner API, and by which cookie. On the thread of the user interface.
+#pragma once
+
+#include "platform/com/unknown.h"
+
+namespace hx {
+
+class ApiEventsConnection {
+public:
+    // Stands for no cookie.
+    static constexpr DWORD kNotAdvised = 0xFEFEFEFE;
+
+    DWORD Cookie() const { return m_cookie; }
+
+    // A source that has no such events, or refuses, leaves things as they are. Throws
+    // FatalComError(E_FAIL) if there is a cookie.
+    void Advise(IUnknown* source, IUnknown* sink);
+    // Does nothing without a cookie; afterwards there is none.
+    void Unadvise(IUnknown* source);
+
+private:
+    DWORD m_cookie = kNotAdvised;
+};
+
+}  // namespace hx

@@ -1,0 +1,51 @@
+// What a session asks of the page that it belongs to. Implemented by a page, called by its ScannerSession on
+// the thread of the user interface. Hooks may throw an MException, which then counts as a failure of the
+// operation that called. ErrorBox, FinishReopening and LeaveControls may dispatch messages and may even
+// end the session.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "core/errors/MException.h"
+#include "hxapi/IDynamicSettingsPreset.h"
+#include "platform/com/comptr.h"
+
+namespace hx {
+
+class ISessionPage {
+public:
+    virtual ~ISessionPage() = default;
+
+    // A new listener for events of the scanner API.
+    virtual ComPtr<IUnknown> MakeEventsSink() = 0;
+
+    // Shows the failure to the operator and returns when that is done; must not throw.
+    virtual void ErrorBox(const MException& exception) = 0;
+    // The wait cursor is shown as long as somebody holds this; it may outlive the page.
+    virtual std::shared_ptr<void> ShowWaitCursor() = 0;
+    virtual void EnableControls(bool enable) = 0;
+
+    // The preview, as it observes tracking cycles; and it is to show nothing.
+    virtual ComPtr<IUnknown> TrackingObserver() = 0;
+    virtual void ResetPreview() = 0;
+
+    // The rest of a set-up, in this order: fresh presets to work with and to compare with; the gains; the
+    // longest exposure of the device; then the profile list, its selection and everything that shows it, with
+    // which the page is ready.
+    virtual void SetPresets(ComPtr<IDynamicSettingsPreset> working,
+                            ComPtr<IDynamicSettingsPreset> reference) = 0;
+    virtual void FillGainList() = 0;
+    virtual void SetExposureRange(uint32_t longest_exposure_us) = 0;
+    virtual void FinishReopening() = 0;
+
+    // The preset that the controls change; empty before the first set-up.
+    virtual ComPtr<IDynamicSettingsPreset> WorkingPreset() = 0;
+    virtual void RefreshFrameRate() = 0;
+    // The exposure in rows, after a preset was activated.
+    virtual void RefreshExposureRows() = 0;
+    // What the page does to its controls when it is left; the scanner was given back.
+    virtual void LeaveControls() = 0;
+};
+
+}  // namespace hx

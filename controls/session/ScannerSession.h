@@ -1,0 +1,101 @@
+// The work of a settings page with a scanner: it gets a handle for the configured scanner from the scanner
+// API, acquires it, lets the preview observe the tracking, follows the connection, and gives everything back.
+// A member of its page, which tells it of what the host and the window say; on the thread of the user
+// interface.
+//
+// A connection state that arrives while an operation runs, of the session or one that the page has marked, is
+// handled when the outermost operation has ended, in order. Destruction cannot wait: it may come in the
+// middle of an operation, which then ends without another look at the page.
+//
+// Failures are raised as an MException "PageClass.Operation:Call"; each operation says what becomes of them.
+#pragma once
+
+#include "controls/api/ApiEventsConnection.h"
+#include "controls/api/libReplayCapture.h"
+#include "controls/presets/PresetsReference.h"
+#include "controls/session/ISessionPage.h"
+#include "controls/session/SessionOperations.h"
+#include "controls/session/SessionRules.h"
+#include "hxapi/MGlobalScanningSettings.h"
+
+namespace hx {
+
+// What a page is to edit, as its host said; else what the presets manager knows.
+struct SessionTarget {
+    bool initialised = false;  // by the host
+    std::wstring driver_internal_name;
+    std::wstring device_internal_name;
+    std::wstring profile_name;  // to be selected; the one being edited
+};
+
+class ApiOperation;
+
+class ScannerSession final : private ConnectionListener {
+public:
+    // The page and the rules outlive the session. Counts the page in with the presets manager.
+    ScannerSession(ISessionPage& page, const SessionRules& rules,
+                   std::shared_ptr<libReplayCapture> recorder = libReplayCapture::GetInstance());
+    // As OnDestroy, if that has not come.
+    ~ScannerSession() override;
+
+    // What the host hands over, null for none. Throws FatalComError if events are already listened to.
+    void SetApi(ComPtr<IHXApi> api);
+    // From the message that the events sink posts. Failures are shown and logged; those of giving back are
+    // logged.
+    void OnConnectionStateChange(int32_t state) override;
+    // The page is shown, or another one is. Failures are shown in the first case, logged in the second.
+    void OnSelected();
+    void OnDeselected();
+    // The page's window goes. Nothing is done from now on; failures are logged.
+    void OnDestroy();
+
+    // Activates the preset, if the scanner is there and is the configured one. Throws.
+    void ApplySettingsToHardware(const ComPtr<IDynamicSettingsPreset>& preset, bool show_wait_cursor);
+    // With a handle; the scanner stops meanwhile. Throws.
+    void ApplyGlobalScanningSettings(MGlobalScanningSettings settings);
+
+    // For the page's own operations that may dispatch messages, as a SessionOperations::Scope.
+    const SessionOperations& Operations() const { return m_operations; }
+    SessionTarget& Target() { return m_target; }
+    // Not after OnDestroy.
+    MDynamicSettingsPresets& Presets() const { return *m_presets; }
+    const ComPtr<IHXApi>& Api() const { return m_api; }
+    const ComPtr<ICalibrationHandle>& Handle() const { return m_handle; }
+    int32_t ConnectionState() const { return m_connection_state; }
+    bool IsSelected() const { return m_selected; }
+    bool IsHandleAcquired() const { return m_handle_acquired; }
+    // Whether there is a handle to the configured scanner, which is connected.
+    bool IsDeviceCurrent() const;
+
+private:
+    using Scope = SessionOperations::Scope;
+
+    // False if the session was ended meanwhile. Throws.
+    bool AcquireCalibrationHandle(const Scope& scope);
+    void ReleaseCalibrationHandle();
+    // Logs a failure as the operation's.
+    void Release(MErrorLocation& location, int32_t line);
+
+    void StartScanner(const ApiOperation& operation);
+    bool LoadPresets(const ApiOperation& operation, const Scope& scope);
+    void HandleConnectionStateChange(int32_t state, const Scope& scope);
+    void Reopen(const Scope& scope);
+    bool Open(const Scope& scope);
+    void SettleTarget();
+
+    ISessionPage& m_page;
+    const SessionRules& m_rules;
+    SessionLocations& m_locations;
+    SessionTarget m_target;
+    PresetsReference m_presets;
+    ComPtr<IHXApi> m_api;
+    ComPtr<ICalibrationHandle> m_handle;
+    ApiEventsConnection m_events;
+    int32_t m_connection_state = HXNotConnected;
+    bool m_selected = false;
+    bool m_handle_acquired = false;
+    const std::shared_ptr<libReplayCapture> m_recorder;
+    SessionOperations m_operations;
+};
+
+}  // namespace hx

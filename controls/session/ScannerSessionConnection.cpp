@@ -1,0 +1,81 @@
+// What a change of the connection state leads to.
+#include "controls/api/ApiOperation.h"
+#include "controls/session/ScannerSession.h"
+#include "platform/system/case_fold.h"
+#include "settings/profile/ProfileNames.h"
+
+namespace hx {
+
+void ScannerSession::OnConnectionStateChange(int32_t state) {
+    if (m_operations.IsClosed()) return;
+    if (m_operations.IsRunning()) return m_operations.Keep(state);
+    const Scope scope(m_operations);
+    try {
+        HandleConnectionStateChange(state, scope);
+    } catch (const MException& exception) {
+        if (scope.IsSessionOpen()) ApiOperation(m_locations.connection_change, this).Log(18, exception);
+    }
+}
+
+void ScannerSession::HandleConnectionStateChange(int32_t state, const Scope& scope) {
+    using enum ConnectionAction;
+    if (!m_selected) {
+        if (m_rules.stores_states_unselected) m_connection_state = state;
+        return;
+    }
+    const ConnectionAction action = m_rules.ActionFor(m_connection_state, state);
+    const bool drop = action == kReleaseAndDrop || (action == kReopenAfresh && m_handle_acquired);
+    const bool reopen = action == kReopenAfresh || (action == kReopenUnlessAcquired && !m_handle_acquired);
+    // Giving back still sees the old state, setting up the new one.
+    if (drop) {
+        Release(m_locations.connection_change, 31);
+        m_handle.reset();
+    }
+    m_connection_state = state;
+    if (reopen) Reopen(scope);
+}
+
+void ScannerSession::Reopen(const Scope& scope) {
+    bool opened = false;
+    try {
+        Release(m_locations.connection_change, 41);
+        if (!Open(scope)) return;
+        opened = true;
+    } catch (const MException& exception) {
+        if (!scope.IsSessionOpen()) return;
+        ApiOperation(m_locations.connection_change, this).Log(46, exception);
+        m_page.ErrorBox(exception);
+        if (!scope.IsSessionOpen()) return;
+    }
+    m_page.EnableControls(opened);
+    m_page.RefreshFrameRate();
+}
+
+bool ScannerSession::Open(const Scope& scope) {
+    const ApiOperation operation(m_locations.connection_change, this);
+    if (!m_handle) m_handle = m_presets->CreateCalibrationHandle();
+    if (!AcquireCalibrationHandle(scope)) return false;
+    ComPtr<IDynamicSettingsPreset> working = m_presets->CreateNewPreset();
+    m_page.SetPresets(std::move(working), m_presets->CreateNewPreset());
+    SettleTarget();
+    m_page.FillGainList();
+    uint32_t longest_exposure_us = 0;
+    operation.Call(63, L"GetMaxExposureTime", m_handle, &ICalibrationHandle::GetMaxExposureTime,
+                   Bstr(m_target.device_internal_name).get(), &longest_exposure_us);
+    m_page.SetExposureRange(longest_exposure_us);
+    m_page.FinishReopening();
+    return scope.IsSessionOpen();
+}
+
+void ScannerSession::SettleTarget() {
+    if (!m_target.initialised) {
+        m_target.driver_internal_name = m_presets->ScannerName();
+        m_target.device_internal_name = m_presets->OwnerName();
+        m_target.profile_name = m_presets->SelectedName();
+        return;
+    }
+    if (m_target.profile_name.empty()) m_target.profile_name = kDefaultProfileName;
+    if (!EqualsWithoutCase(m_target.profile_name, kCustomProfileName)) m_presets->DiscardCustomPreset();
+}
+
+}  // namespace hx

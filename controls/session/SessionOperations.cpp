@@ -1,0 +1,20 @@
+#include "controls/session/SessionOperations.h"
+
+#include "platform/com/boundary.h"
+
+namespace hx {
+
+SessionOperations::Scope::~Scope() {
+    --m_state->depth;
+    // Each is an operation of its own, which may keep further ones and may end the session.
+    while (m_state->depth == 0 && m_state->listener != nullptr && !m_state->kept.empty()) {
+        const int32_t connection_state = m_state->kept.front();
+        m_state->kept.pop_front();
+        AtBoundary([&] {
+            m_state->listener->OnConnectionStateChange(connection_state);
+            return S_OK;
+        });
+    }
+}
+
+}  // namespace hx

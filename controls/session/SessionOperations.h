@@ -1,0 +1,69 @@
+// Keeps connection states that arrive in the middle of something until it is over. A box, a menu or a
+// detection dispatches messages, and a set-up in between would replace what the interrupted operation works
+// with. On the thread of the user interface.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+
+namespace hx {
+
+class ConnectionListener {
+public:
+    virtual ~ConnectionListener() = default;
+    virtual void OnConnectionStateChange(int32_t state) = 0;
+};
+
+class SessionOperations {
+public:
+    // The listener is told of kept states, until Close.
+    explicit SessionOperations(ConnectionListener& listener) : m_state(std::make_shared<State>(&listener)) {}
+    SessionOperations(const SessionOperations&) = delete;
+    SessionOperations& operator=(const SessionOperations&) = delete;
+    ~SessionOperations() { Close(); }
+
+private:
+    struct State {
+        explicit State(ConnectionListener* to) : listener(to) {}
+        ConnectionListener* listener;  // null once closed
+        int32_t depth = 0;
+        std::deque<int32_t> kept;
+    };
+
+public:
+    // Something runs as long as this lives. It outlives the session, if need be.
+    class Scope {
+    public:
+        explicit Scope(const SessionOperations& operations) : m_state(operations.m_state) {
+            ++m_state->depth;
+        }
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+        // The end of the outermost one: the states that were kept are handled, in their order. Nothing that
+        // this throws gets out.
+        ~Scope();
+
+        // False once the session was ended meanwhile: neither it nor its page may be touched.
+        bool IsSessionOpen() const { return m_state->listener != nullptr; }
+
+    private:
+        const std::shared_ptr<State> m_state;
+    };
+
+    bool IsRunning() const { return m_state->depth > 0; }
+    bool IsClosed() const { return m_state->listener == nullptr; }
+    void Keep(int32_t connection_state) { m_state->kept.push_back(connection_state); }
+    // Kept states of another scanner API are worth nothing.
+    void Forget() { m_state->kept.clear(); }
+    // The session ends.
+    void Close() {
+        m_state->listener = nullptr;
+        m_state->kept.clear();
+    }
+
+private:
+    const std::shared_ptr<State> m_state;
+};
+
+}  // namespace hx
