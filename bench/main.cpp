@@ -17,7 +17,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: hxbench [--quick] [--markdown FILE] [--only "
-    "parse,read,write,insert,memory,log,registry,settings]\n";
+    "parse,read,write,insert,memory,log,registry,settings,session]\n";
 
 struct Comparison {
     std::string name;
@@ -27,7 +27,7 @@ struct Comparison {
 const Comparison kComparisons[] = {
     {"parse", CompareParsing},     {"read", CompareReading},      {"write", CompareWriting},
     {"insert", CompareInserting},  {"memory", CompareMemory},     {"log", CompareLogging},
-    {"registry", CompareRegistry}, {"settings", CompareSettings},
+    {"registry", CompareRegistry}, {"settings", CompareSettings}, {"session", CompareSessions},
 };
 
 struct Options {
