@@ -9,7 +9,7 @@ constexpr ApiEvent kEvents[] = {
     {DISPID_HXCONNECTIONSTATECHANGED, CC_STDCALL, VT_I4, 1, VT_I4},
 };
 
-// The arguments as the event has them.
+// The one argument, as the event has it.
 HRESULT TakeArgument(const ApiEvent& event, const DISPPARAMS* given, Variant& argument, UINT* bad_argument) {
     if (given == nullptr || given->cArgs != event.parameter_count || given->rgvarg == nullptr) {
         return DISP_E_BADPARAMCOUNT;

@@ -6,6 +6,9 @@ namespace hx {
 
 SessionOperations::Scope::~Scope() {
     --m_state->depth;
+    // The end of the handling of a kept one: whoever had it handled goes on with the next.
+    if (m_state->handling_kept) return;
+    m_state->handling_kept = true;
     // Each is an operation of its own, which may keep further ones and may end the session.
     while (m_state->depth == 0 && m_state->listener != nullptr && !m_state->kept.empty()) {
         const int32_t connection_state = m_state->kept.front();
@@ -15,6 +18,7 @@ SessionOperations::Scope::~Scope() {
             return S_OK;
         });
     }
+    m_state->handling_kept = false;
 }
 
 }  // namespace hx

@@ -28,6 +28,7 @@ private:
         explicit State(ConnectionListener* to) : listener(to) {}
         ConnectionListener* listener;  // null once closed
         int32_t depth = 0;
+        bool handling_kept = false;
         std::deque<int32_t> kept;
     };
 

@@ -20,6 +20,14 @@ public:
     // Whoever drops the last reference sees all that other threads did to the object before they dropped
     // theirs.
     uint32_t Remove() noexcept { return m_count.fetch_sub(1, std::memory_order_acq_rel) - 1; }
+    // False if there is none left.
+    bool AddToSome() noexcept {
+        uint32_t count = m_count.load(std::memory_order_relaxed);
+        while (count != 0) {
+            if (m_count.compare_exchange_weak(count, count + 1, std::memory_order_acq_rel)) return true;
+        }
+        return false;
+    }
 
 private:
     std::atomic<uint32_t> m_count{1};
@@ -89,6 +97,14 @@ protected:
     // A new object has one reference, its creator's: its constructor may hand it around without losing it.
     Implements() = default;
     virtual ~Implements() = default;
+
+    // A reference for somebody who knows the object without one, and sees to it that it is not destroyed
+    // meanwhile; empty if the last one is gone and the object about to follow it. FreeThreaded objects only.
+    ComPtr<Self> ReferenceToLiving() {
+        ComPtr<Self> living;
+        if (m_references.AddToSome()) living.attach(static_cast<Self*>(this));
+        return living;
+    }
 
 private:
     template <class I>

@@ -134,6 +134,15 @@ FileError WriteFileAtomically(const std::filesystem::path& path, std::string_vie
     return {error, path};
 }
 
+FileError PublishFile(const std::filesystem::path& written, const std::filesystem::path& path) {
+    {
+        const Descriptor file(Retry([&] { return open(written.c_str(), O_RDONLY | O_CLOEXEC); }));
+        if (!file.is_open() || Retry([&] { return fsync(file.get()); }) != 0) return {LastError(), written};
+    }
+    if (rename(written.c_str(), path.c_str()) != 0) return {LastError(), path};
+    return {SyncFolder(path.has_parent_path() ? path.parent_path() : "."), path};
+}
+
 FileError WritePrivateFile(const std::filesystem::path& path, std::string_view bytes) {
     struct stat status {};
     const bool is_there = lstat(path.c_str(), &status) == 0;

@@ -34,6 +34,11 @@ HX_PLATFORM_API FileError WriteFileAtomically(const std::filesystem::path& path,
 // fails.
 HX_PLATFORM_API FileError WritePrivateFile(const std::filesystem::path& path, std::string_view bytes);
 
+// A file that was written under another name of the same folder gets its own, for good: its content is on
+// disk, and what was there under that name is replaced. If it cannot be moved, both stay.
+HX_PLATFORM_API FileError PublishFile(const std::filesystem::path& written,
+                                      const std::filesystem::path& path);
+
 // A text file's content: UTF-8 with or without byte order mark, UTF-16 of either order with one. The mark is
 // dropped. Nothing if it is malformed; `*bad_offset` (if given) then says at which byte of the file.
 HX_PLATFORM_API std::optional<std::wstring> DecodeTextFile(std::string_view bytes,

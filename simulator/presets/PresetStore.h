@@ -1,6 +1,8 @@
-// The presets that a scanner API keeps on disk, a list for each owner: one file each, replaced as a whole, so
-// that whatever happens there is the old list or the new one. Several processes may share the folder; the
-// last one to save wins. One thread at a time per store.
+// The presets that a scanner API keeps on disk, a list for each owner: one file each (PresetFile.h says what
+// is in it), replaced as a whole, so that whatever happens there is the old list or the new one. Former files
+// lie in the folder "archive" beside them: at most as many per owner as the registry's
+// DynamicSettingsMaxBackups says. Several processes may share the folder; the last one to save wins. One
+// thread at a time per store. Throws std::bad_alloc only.
 #pragma once
 
 #include <filesystem>
@@ -26,11 +28,13 @@ struct PresetList {
 // What had to be done to a list before it could be given.
 enum class PresetsOutcome {
     kNone,
-    kCustomRestored,   // it had nothing for this model: factory presets, and the user's own from the newest
-                       // archive
-    kCustomGenerated,  // the same, and there was no archive: factory presets, and a user's preset made from
-                       // the default
-    kUnknownVersion,   // a profile of an unknown version was left out; the file is archived as it was
+    // It had no predefined preset for this model: factory presets, and the user's own from the newest archive
+    // that was there before and has any.
+    kCustomRestored,
+    // The same, and there was no such archive: factory presets, and a user's preset made from the default.
+    kCustomGenerated,
+    // A profile of an unknown version, or one that cannot be read whole, was left out.
+    kUnknownVersion,
 };
 
 class PresetStore {
@@ -38,13 +42,18 @@ public:
     // The folder is made when it is needed. The model outlives the store.
     PresetStore(std::filesystem::path folder, const ScannerModel& model);
 
-    // The owner's list, and what had to be done, which is told once: the next Load says kNone. An owner that
-    // was never seen has the factory's presets and no outcome. On failure E_FAIL or E_ACCESSDENIED, with
-    // `reason` for a person.
+    // The owner's list, and what had to be done, which is told once: it is done on disk first, and the next
+    // Load says kNone. What a file says beyond the list that comes of it is never lost: the file is archived
+    // as it was; one that is no document, or any if there are to be no archives, is set aside there for good.
+    // An owner that was never seen has the factory's presets and no outcome. On failure E_FAIL or
+    // E_ACCESSDENIED, with `reason` for a person, and nothing is replaced.
     HRESULT Load(std::wstring_view owner, PresetList& list, PresetsOutcome& outcome, std::wstring& reason);
 
-    // Replaces the list, but for presets whose name begins with "@": those stay, and ones that come along are
-    // ignored. User's presets that are gone from the list are archived before.
+    // Replaces the list, but for presets whose name begins with "@": those stay in their places, and ones
+    // that come along are ignored. If user's presets are gone from the list, the old one is archived before.
+    // E_INVALIDARG for two presets of one name, an empty name, and what would not come back from a file as it
+    // is: a name that is no text, a laser power beyond 0 to 100, a gain beyond 16 bits. Else fails as Load
+    // does.
     HRESULT Save(std::wstring_view owner, const PresetList& list, std::wstring& reason);
 
     // Back to the factory's presets; the user's own are archived before.

@@ -39,7 +39,7 @@ protected:
 TEST_F(PresetsManager, LoadsInOrderWithoutHiddenNames) {
     m_script.names = {L"$DEFAULT", L"@hidden", L"Own", L"@", L"own", L"Own"};
     m_script.display_names = {L"Standard", L"-", L"Mine", L"-", L"other", L"third"};
-    m_presets.LoadOnce();
+    m_presets.Load();
     EXPECT_EQ(List(), "$DEFAULT=Standard, Own=Mine, own=other, Own=third");
     EXPECT_EQ(m_presets.SelectedName(), L"$DEFAULT");
     EXPECT_EQ(

@@ -73,7 +73,7 @@ struct Script {
         const auto failure = failures.find(call.substr(0, call.find(' ')));
         return failure == failures.end() || failure->second.after-- > 0 ? S_OK : failure->second.result;
     }
-    // What was called since the last time, without what asks for names and states.
+    // What was called since the last time.
     std::string Calls() { return Joined(std::exchange(calls, {})); }
 
     std::vector<std::string> calls;

@@ -133,10 +133,21 @@ TEST_F(SessionConnection, ChangesDuringAnOperationWaitForItsEnd) {
         // What the page itself does counts, too.
         const hx::SessionOperations::Scope outer(m_page->session.Operations());
         const hx::SessionOperations::Scope inner(m_page->session.Operations());
-        m_page->session.OnConnectionStateChange(0);
+        m_page->session.OnConnectionStateChange(HXSuspended);
+        // Another API takes the first one's word away.
+        m_script.state = HXNotConnected;
+        m_page->session.SetApi(hx::Make<scripted::Api>(m_script));
         EXPECT_EQ(m_page->session.ConnectionState(), 1);
+        m_script.calls.clear();
     }
     EXPECT_EQ(m_page->session.ConnectionState(), 0);
+    EXPECT_TRUE(m_script.Calls().starts_with("Stop, DisableScanner"));
+    {
+        // However many they are, each is handled when the one before is over.
+        const hx::SessionOperations::Scope scope(m_page->session.Operations());
+        for (int i = 0; i < 100000; ++i) m_page->session.OnConnectionStateChange(7);
+    }
+    EXPECT_EQ(m_page->session.ConnectionState(), 7);
 }
 
 // A host may destroy the page while a box is open. Nothing may touch the page afterwards.

@@ -1,0 +1,60 @@
+// The presets of the owners as the simulated scanner API gives them out: each owner's list is read once and
+// kept until something changes it. Any thread.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <unordered_map>
+#include <utility>
+
+#include "simulator/presets/PresetStore.h"
+
+namespace hx::simulator {
+
+// A list, never changed, with its names.
+class PresetsByName {
+public:
+    explicit PresetsByName(PresetList list);
+
+    const PresetList& List() const { return m_list; }
+    // Null if there is none.
+    const StoredPreset* Find(std::wstring_view name) const;
+
+private:
+    const PresetList m_list;
+    std::unordered_map<std::wstring_view, const StoredPreset*> m_by_name;
+};
+
+// Failures of the store are thrown as a Refusal.
+class OwnerPresets {
+public:
+    using Presets = std::shared_ptr<const PresetsByName>;
+
+    explicit OwnerPresets(const ScannerModel& model) : m_model(&model) {}
+
+    void SetModel(const ScannerModel& model);
+    // Empty for the usual one.
+    void SetFolder(std::wstring folder);
+
+    Presets Of(const std::wstring& owner);
+    // Read anew, with what had to be done to them and was not told yet.
+    std::pair<Presets, PresetsOutcome> Enumerate(const std::wstring& owner);
+    void Save(const std::wstring& owner, const PresetList& list);
+    void Reset(const std::wstring& owner);
+
+private:
+    // All with the lock held.
+    PresetStore& Store();
+    void Forget();
+    Presets Load(const std::wstring& owner);
+
+    std::mutex m_mutex;  // guards what follows
+    const ScannerModel* m_model;
+    std::wstring m_folder;  // empty for the usual one
+    std::unique_ptr<PresetStore> m_store;
+    std::map<std::wstring, Presets> m_known;
+    std::map<std::wstring, PresetsOutcome> m_untold;
+};
+
+}  // namespace hx::simulator

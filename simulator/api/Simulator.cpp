@@ -1,0 +1,96 @@
+#include "simulator/api/Simulator.h"
+
+#include "hxapi/HXApiErrors.h"
+#include "hxapi/IHXApi.h"
+
+namespace hx::simulator {
+
+Simulator::Simulator(ComPtr<ConnectionPoint> listeners)
+    : m_cable(
+          std::make_shared<Cable>(std::move(listeners), std::make_shared<Scanner>(ScannerModels().front()))),
+      m_presets(ScannerModels().front()) {}
+
+bool Simulator::IsConnected() const {
+    return m_cable->State() == HXConnected;
+}
+
+HRESULT Simulator::SetModel(std::wstring_view name) {
+    const ScannerModel* const model = FindScannerModel(name);
+    if (model == nullptr) return HX_E_NOTFOUND;
+    const auto scanner = std::make_shared<Scanner>(*model);
+    const std::shared_ptr<Scanner> old = TheScanner();
+    const std::lock_guard guard(m_mutex);
+    if (!m_surface.empty()) scanner->SetSurface(m_surface);
+    const HRESULT replaced = m_cable->Replace(scanner);
+    if (FAILED(replaced)) return replaced;
+    m_initialised_by = nullptr;
+    m_observed_by = nullptr;
+    m_presets.SetModel(*model);
+    return S_OK;
+}
+
+HRESULT Simulator::SetSurface(const std::wstring& name) {
+    const std::shared_ptr<Scanner> scanner = TheScanner();
+    const std::lock_guard guard(m_mutex);
+    const HRESULT set = scanner->SetSurface(name);
+    if (SUCCEEDED(set)) m_surface = name;
+    return set;
+}
+
+std::wstring Simulator::Locale() const {
+    const std::lock_guard guard(m_mutex);
+    return m_locale;
+}
+
+void Simulator::SetLocale(std::wstring locale) {
+    const std::lock_guard guard(m_mutex);
+    m_locale.swap(locale);
+}
+
+bool Simulator::IsDevice(std::wstring_view internal_name) const {
+    const ScannerModel& model = Model();
+    return internal_name.empty() || internal_name == model.device_internal_name ||
+           internal_name == model.driver_internal_name;
+}
+
+// The scanner is had before the lock and observers go without it: what ends with them may ask for something.
+void Simulator::Initialise(const void* handle) {
+    const std::shared_ptr<Scanner> scanner = TheScanner();
+    const std::lock_guard guard(m_mutex);
+    m_initialised_by = handle;
+    scanner->Initialise();
+}
+
+void Simulator::Disable() {
+    const std::shared_ptr<Scanner> scanner = TheScanner();
+    const std::lock_guard guard(m_mutex);
+    m_initialised_by = nullptr;
+    scanner->Disable();
+}
+
+void Simulator::StopTrackingOf(const void* handle) {
+    const std::shared_ptr<Scanner> scanner = TheScanner();
+    const std::lock_guard guard(m_mutex);
+    if (m_initialised_by != handle) return;
+    m_initialised_by = nullptr;
+    scanner->Disable();
+}
+
+void Simulator::Observe(const void* handle, ComPtr<ITrackingCycleObserver> observer) {
+    {
+        const std::lock_guard guard(m_mutex);
+        m_observed_by = observer ? handle : nullptr;
+    }
+    TheScanner()->SetObserver(std::move(observer));
+}
+
+void Simulator::StopObservingFor(const void* handle) {
+    {
+        const std::lock_guard guard(m_mutex);
+        if (m_observed_by != handle) return;
+        m_observed_by = nullptr;
+    }
+    TheScanner()->SetObserver(nullptr);
+}
+
+}  // namespace hx::simulator

@@ -1,0 +1,14 @@
+// Values as JSON, for the log of calls. Any thread; throws std::bad_alloc.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace hx::simulator {
+
+// In quotation marks. What JSON cannot have as it is gets escaped; what is no character becomes U+FFFD.
+void AppendJsonText(std::wstring& json, std::wstring_view text);
+// As short as it can be read back. What is no finite number becomes a text: "NaN", "Infinity", "-Infinity".
+void AppendJsonNumber(std::wstring& json, double number);
+
+}  // namespace hx::simulator

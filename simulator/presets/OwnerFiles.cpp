@@ -1,0 +1,112 @@
+#include "simulator/presets/OwnerFiles.h"
+
+#include "core/keys/MRegistryKeyLib.h"
+#include "platform/system/folders.h"
+#include "simulator/presets/FactoryList.h"
+#include "simulator/presets/OwnerFileName.h"
+#include "simulator/presets/PresetFile.h"
+#include "simulator/presets/StoreFailure.h"
+
+namespace hx::simulator {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr uint32_t kMaxBackupsKey = 136;
+constexpr int32_t kUsualMaxBackups = 10;
+
+// How many archives an owner may have.
+size_t MostArchives() {
+    int32_t most = 0;
+    Orvel::RegistryKeys::MRegistryKeyLib::GetRegistryKey(kMaxBackupsKey).Get(most, kUsualMaxBackups);
+    return most > 0 ? static_cast<size_t>(most) : 0;
+}
+
+HRESULT Refuse(const fs::path& path, const wchar_t* why, std::wstring& reason) {
+    reason = PathText(path) + L": " + why;
+    return E_FAIL;
+}
+
+}  // namespace
+
+OwnerFiles::OwnerFiles(const fs::path& folder, std::wstring_view owner, const ScannerModel& model)
+    : m_owner(owner),
+      m_model(model),
+      m_file(folder / (OwnerFileName(owner) + ".xml")),
+      m_archive(folder / "archive", OwnerFileName(owner)) {}
+
+HRESULT OwnerFiles::Read(StoredList& stored, std::wstring& reason) const {
+    std::error_code error;
+    const fs::file_status status = fs::status(m_file, error);
+    if (status.type() == fs::file_type::not_found) return S_OK;
+    if (error) return ResultOf({error, m_file}, reason);
+    // Anything else might never come to an end.
+    if (!fs::is_regular_file(status)) return Refuse(m_file, L"is no file", reason);
+    if (fs::file_size(m_file, error) > kMostPresetBytes) {
+        return error ? ResultOf({error, m_file}, reason) : Refuse(m_file, L"is too large", reason);
+    }
+    if (const FileError failed = ReadFile(m_file, stored.bytes)) return ResultOf(failed, reason);
+    PresetFile read;
+    if (!ReadPresetFile(stored.bytes, read)) {
+        stored.condition = StoredList::kDamaged;
+    } else if (read.owner != m_owner) {
+        return Refuse(m_file, L"is another owner's", reason);
+    } else if (read.model != m_model.name) {
+        stored.condition = StoredList::kForeign;
+    } else {
+        stored.condition = read.left_out != 0 ? StoredList::kPartly : StoredList::kWhole;
+        stored.list = std::move(read);
+    }
+    return S_OK;
+}
+
+HRESULT OwnerFiles::ReadArchived(std::vector<StoredPreset>& presets, std::wstring& reason) const {
+    std::vector<fs::path> archives;
+    if (const FileError failed = m_archive.List(PresetArchive::Kind::kArchive, archives)) {
+        return ResultOf(failed, reason);
+    }
+    for (const fs::path& path : archives) {
+        std::string bytes;
+        std::error_code error;
+        PresetFile read;
+        // One that cannot be read leaves an older one to be taken.
+        if (fs::file_size(path, error) > kMostPresetBytes || ReadFile(path, bytes) ||
+            !ReadPresetFile(bytes, read) || read.owner != m_owner) {
+            continue;
+        }
+        std::erase_if(read.presets,
+                      [](const StoredPreset& preset) { return !IsUsers(preset.profile.ProfileName); });
+        presets = std::move(read.presets);
+        if (!presets.empty()) break;
+    }
+    return S_OK;
+}
+
+HRESULT OwnerFiles::Keep(const StoredList& stored, std::wstring& reason) const {
+    using Kind = PresetArchive::Kind;
+    const bool no_archives = MostArchives() == 0;
+    if (stored.IsToldByList() && no_archives) return S_OK;
+    const Kind kind =
+        stored.condition == StoredList::kDamaged || no_archives ? Kind::kSetAside : Kind::kArchive;
+    return ResultOf(m_archive.Keep(stored.bytes, kind), reason);
+}
+
+HRESULT OwnerFiles::Replace(const StoredList& stored, bool keep, PresetList list,
+                            std::wstring& reason) const {
+    HRESULT result = keep ? Keep(stored, reason) : S_OK;
+    if (SUCCEEDED(result)) result = Write(std::move(list), reason);
+    // Not before: until the list is there, what it was restored from may be the oldest archive.
+    const size_t most = MostArchives();
+    if (SUCCEEDED(result) && keep && most > 0) m_archive.Trim(most);
+    return result;
+}
+
+HRESULT OwnerFiles::Write(PresetList list, std::wstring& reason) const {
+    const PresetFile written{std::move(list), m_owner, m_model.name};
+    const std::string bytes = WritePresetFile(written);
+    if (bytes.size() > kMostPresetBytes) return Refuse(m_file, L"would be too large", reason);
+    if (const FileError failed = MakeFolder(m_file.parent_path())) return ResultOf(failed, reason);
+    return ResultOf(WriteFileAtomically(m_file, bytes), reason);
+}
+
+}  // namespace hx::simulator

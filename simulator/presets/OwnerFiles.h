@@ -1,0 +1,52 @@
+// The files of one owner: the list in force and the former ones. For the preset store, on its thread.
+#pragma once
+
+#include "simulator/presets/PresetArchive.h"
+#include "simulator/presets/PresetStore.h"
+
+namespace hx::simulator {
+
+// What an owner has on disk.
+struct StoredList {
+    enum Condition {
+        kAbsent,
+        kWhole,
+        kPartly,   // some presets were left out
+        kForeign,  // for another model
+        kDamaged,  // no such document
+    };
+
+    Condition condition = kAbsent;
+    std::string bytes;  // of the file
+    PresetList list;    // what of it holds for this model
+
+    // False if the file says more than the list.
+    bool IsToldByList() const { return condition == kAbsent || condition == kWhole; }
+};
+
+// Failures as the store gives them.
+class OwnerFiles {
+public:
+    OwnerFiles(const std::filesystem::path& folder, std::wstring_view owner, const ScannerModel& model);
+
+    const ScannerModel& Model() const { return m_model; }
+
+    HRESULT Read(StoredList& stored, std::wstring& reason) const;
+    // The user's presets of the newest archive that has any and can be read.
+    HRESULT ReadArchived(std::vector<StoredPreset>& presets, std::wstring& reason) const;
+    // The list instead of what was stored, which is kept before if `keep` says so.
+    HRESULT Replace(const StoredList& stored, bool keep, PresetList list, std::wstring& reason) const;
+
+private:
+    // The file as it is: as an archive; set aside, where it stays for good, if it is damaged. If there are to
+    // be no archives, a file that its list tells wholly is not kept, and any other is set aside, too.
+    HRESULT Keep(const StoredList& stored, std::wstring& reason) const;
+    HRESULT Write(PresetList list, std::wstring& reason) const;
+
+    std::wstring m_owner;
+    const ScannerModel& m_model;
+    std::filesystem::path m_file;
+    PresetArchive m_archive;
+};
+
+}  // namespace hx::simulator

@@ -1,0 +1,39 @@
+// Former files of one owner, kept in a folder: archives, of which the oldest go when there are too many, and
+// files that were set aside, which stay. Names are OWNER.TIME.NUMBER.xml and .aside: the time, in UTC, is for
+// people, the number tells which is newer, whatever the clock was set to. For the preset store; any thread,
+// and several processes at once.
+#pragma once
+
+#include <vector>
+
+#include "platform/system/files.h"
+
+namespace hx::simulator {
+
+class PresetArchive {
+public:
+    enum class Kind { kArchive, kSetAside };
+
+    // `owner` is the name of the owner's files.
+    PresetArchive(std::filesystem::path folder, std::string owner);
+
+    // A new file with these bytes, unless the newest one holds the same.
+    FileError Keep(std::string_view bytes, Kind kind) const;
+    // Newest first. Only files that were made here, by their names.
+    FileError List(Kind kind, std::vector<std::filesystem::path>& files) const;
+    // Deletes the oldest archives until so many are left, and names that were taken and never filled. One
+    // that cannot be deleted is one too many, which harms nobody, and is tried again the next time.
+    void Trim(size_t most) const;
+
+private:
+    struct Entry {
+        uint64_t number;
+        std::filesystem::path path;
+    };
+    FileError Entries(Kind kind, std::vector<Entry>& entries) const;
+
+    std::filesystem::path m_folder;
+    std::string m_owner;
+};
+
+}  // namespace hx::simulator

@@ -1,0 +1,196 @@
+// What had to be done to a list, each with its cause and told once; archives; files that are no lists;
+// folders that refuse.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "tests/simulator/presets/store_fixture.h"
+
+namespace hx::simulator {
+namespace {
+
+using Outcome = PresetsOutcome;
+
+class PresetStoreOutcome : public PresetStoreTest {
+protected:
+    // The file that a list makes, with `old` replaced where it stands last.
+    std::string Spoilt(const PresetList& list, const std::string& old, const std::string& spoilt) {
+        EXPECT_EQ(Save(list), S_OK);
+        std::string bytes = BytesOf(File());
+        const size_t at = bytes.rfind(old);
+        EXPECT_NE(at, std::string::npos) << old;
+        return bytes.replace(at, old.size(), spoilt);
+    }
+    // `outcome` and then none; the list is the same both times.
+    PresetList LoadTwice(Outcome outcome, const ScannerModel& model = kModel) {
+        const Loaded first = Load(model);
+        EXPECT_EQ(first.result, S_OK);
+        EXPECT_EQ(first.outcome, outcome);
+        const Loaded second = Load(model);
+        EXPECT_EQ(second.outcome, Outcome::kNone);
+        EXPECT_TRUE(Same(first.list, second.list));
+        return first.list;
+    }
+};
+
+constexpr wchar_t kWithCustom[] = L"$DEFAULT @CHECK $DARKMATTE Custom ";
+
+TEST_F(PresetStoreOutcome, APresetThatCannotBeReadIsLeftOut) {
+    struct Row {
+        std::string old, spoilt;
+    };
+    const Row rows[] = {
+        {"<Version type=\"uint\">6<", "<Version type=\"uint\">7<"},
+        {"<Version type=\"uint\">6<", "<Version type=\"int\">6<"},
+        {"<Gain type=\"uint\">1</Gain>", ""},
+        {"<LaserPower type=\"float\">2.0", "<LaserPower type=\"float\">200000.0"},
+        {"<RFEnabled type=\"bool\">1<", "<RFEnabled type=\"bool\">yes<"},
+        {">u1</ProfileName>", "></ProfileName>"},
+        {">u1</ProfileName>", ">u0</ProfileName>"},
+        {"<DisplayName", "<Title type=\"string\"/><DisplayName"},
+    };
+    for (const Row& row : rows) {
+        const std::string bytes = Spoilt(MakeList(L"u", 2), row.old, row.spoilt);
+        std::filesystem::remove_all(Folder() / "archive");
+        WriteFile(bytes);
+        const PresetList list = LoadTwice(Outcome::kUnknownVersion);
+        EXPECT_EQ(NamesOf(list), L"$DEFAULT @CHECK $DARKMATTE u0 ") << row.spoilt;
+        EXPECT_EQ(list.selected, L"$DEFAULT") << "the one that was selected is gone";
+        ASSERT_EQ(Archived().size(), 1u) << row.spoilt;
+        EXPECT_EQ(BytesOf(Archived()[0]), bytes);
+    }
+}
+
+TEST_F(PresetStoreOutcome, AnotherModelsPresetsStayInTheArchive) {
+    const PresetList first = MakeList(L"u", 2);
+    ASSERT_EQ(Save(first), S_OK);
+    const std::string bytes = BytesOf(File());
+    const PresetList generated = LoadTwice(Outcome::kCustomGenerated, kOtherModel);
+    EXPECT_EQ(NamesOf(generated), kWithCustom);
+    EXPECT_EQ(generated.selected, L"$DEFAULT");
+    EXPECT_EQ(generated.presets[3].profile.ExposureTime, generated.presets[0].profile.ExposureTime);
+    EXPECT_EQ(generated.presets[3].profile.LaserPower, 40.0);
+    ASSERT_EQ(Archived().size(), 1u);
+    EXPECT_EQ(BytesOf(Archived()[0]), bytes);
+    // And back again.
+    EXPECT_EQ(NamesOf(LoadTwice(Outcome::kCustomRestored)), NamesOf(first));
+}
+
+TEST_F(PresetStoreOutcome, WithoutPredefinedPresetsTheListIsCompleted) {
+    PresetList users{{MakePreset(L"mine"), MakePreset(L"$CUSTOM")}, L"mine"};
+    ASSERT_EQ(Save(users), S_OK);
+    PresetList list = LoadTwice(Outcome::kCustomGenerated);
+    EXPECT_EQ(NamesOf(list), L"$DEFAULT $DARKMATTE mine @CHECK $CUSTOM Custom ");
+    EXPECT_EQ(list.selected, L"mine");
+    ASSERT_EQ(Save(MakeList(L"u", 1)), S_OK);  // archives "mine" and "Custom"
+    ASSERT_EQ(Save(MakeList(L"v", 1)), S_OK);  // archives "u0"
+    std::ofstream(Archived().back()) << "no list";
+    ASSERT_EQ(Save({}), S_OK);  // archives "v0"
+    EXPECT_EQ(NamesOf(LoadTwice(Outcome::kCustomRestored)), L"$DEFAULT $DARKMATTE @CHECK v0 ");
+    std::ofstream(Archived().back()) << "no list";
+    ASSERT_EQ(Save({{MakePreset(L"v0")}, {}}), S_OK);
+    EXPECT_EQ(NamesOf(LoadTwice(Outcome::kCustomRestored)), L"$DEFAULT $DARKMATTE v0 @CHECK mine Custom ")
+        << "the newest one that can be read";
+}
+
+TEST_F(PresetStoreOutcome, WhatIsNoListIsSetAside) {
+    const std::string whole = Spoilt(MakeList(L"u", 1), "", "");
+    std::string nested;
+    for (int i = 0; i < 100'000; ++i) nested += "<Preset>";
+    for (int i = 0; i < 100'000; ++i) nested += "</Preset>";
+    const std::string head = "<MFilerTaggedXml><ScannerPresets><Version type=\"uint\">1</Version>";
+    const std::string rows[] = {
+        "",
+        "no XML",
+        std::string(1000, '\0'),
+        "\xFF\xFE",
+        whole.substr(0, whole.size() / 2),
+        "<Other/>",
+        "<MFilerTaggedXml/>",
+        "<MFilerTaggedXml><ScannerPresets/></MFilerTaggedXml>",
+        head + "</ScannerPresets></MFilerTaggedXml>",
+        head + "<Owner type=\"string\">Arm</Owner><Selected/></ScannerPresets></MFilerTaggedXml>",
+        "<MFilerTaggedXml><ScannerPresets><Version "
+        "type=\"uint\">2</Version></ScannerPresets></MFilerTaggedXml>",
+        "<MFilerTaggedXml>" + nested + "</MFilerTaggedXml>",
+    };
+    size_t set_aside = 0;
+    for (const std::string& bytes : rows) {
+        WriteFile(bytes);
+        EXPECT_EQ(NamesOf(LoadTwice(Outcome::kCustomGenerated)), kWithCustom) << bytes.substr(0, 99);
+        bool found = false;
+        for (const auto& file : Archived(".aside")) found |= BytesOf(file) == bytes;
+        EXPECT_TRUE(found) << bytes.substr(0, 99);
+        EXPECT_EQ(Archived(".aside").size(), ++set_aside);
+    }
+    EXPECT_TRUE(Archived().empty());
+}
+
+TEST_F(PresetStoreOutcome, AsManyArchivesAsTheRegistrySays) {
+    SetMaxBackups(3);
+    ASSERT_EQ(Save(MakeList(L"u", 8)), S_OK);
+    std::vector<std::string> lists;
+    for (int users = 7; users > 0; --users) {
+        lists.push_back(BytesOf(File()));
+        ASSERT_EQ(Save(MakeList(L"u", users)), S_OK);
+        ASSERT_EQ(Save(MakeList(L"u", users)), S_OK);  // nothing is gone from it
+        const auto archived = Archived();
+        ASSERT_EQ(archived.size(), std::min<size_t>(lists.size(), 3));
+        for (size_t i = 0; i < archived.size(); ++i) {
+            EXPECT_EQ(BytesOf(archived[i]), lists[lists.size() - archived.size() + i]);
+        }
+    }
+    // Files of somebody else, and of another owner.
+    const auto folder = Folder() / "archive";
+    const char* const foreign[] = {"presets-_41_rm.xml", "presets-_41_rm.20200101T000000Z.x.xml",
+                                   "presets-_41_rm.2020-01-01T00:00Z.1.xml",
+                                   "presets-b.20200101T000000Z.1.xml"};
+    for (const char* const name : foreign) std::ofstream(folder / name) << "mine";
+    SetMaxBackups(1);
+    EXPECT_EQ(PresetStore(Folder(), kModel).Reset(kOwner, m_reason), S_OK);
+    EXPECT_EQ(NamesOf(LoadTwice(Outcome::kNone)), L"$DEFAULT @CHECK $DARKMATTE ");
+    EXPECT_EQ(Archived().size(), 1 + std::size(foreign));
+    for (const char* const name : foreign) EXPECT_TRUE(std::filesystem::exists(folder / name)) << name;
+
+    SetMaxBackups(0);
+    ASSERT_EQ(Save(MakeList(L"u", 2)), S_OK);
+    ASSERT_EQ(Save(MakeList(L"u", 1)), S_OK);
+    EXPECT_EQ(Archived().size(), 1 + std::size(foreign)) << "none is made, none deleted";
+    const std::string bytes = BytesOf(File());
+    LoadTwice(Outcome::kCustomRestored, kOtherModel);
+    ASSERT_EQ(Archived(".aside").size(), 1u) << "nobody asked for the list to be replaced";
+    EXPECT_EQ(BytesOf(Archived(".aside")[0]), bytes);
+}
+
+TEST_F(PresetStoreOutcome, AnObstacleIsTold) {
+    std::filesystem::create_directories(File());
+    EXPECT_EQ(Load().result, E_FAIL);
+    EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL);
+    EXPECT_NE(m_reason.find(L"presets-_41_rm.xml: "), std::wstring::npos) << "which file";
+    std::filesystem::remove(File());
+    ASSERT_EQ(mkfifo(File().c_str(), 0600), 0);
+    EXPECT_EQ(Load().result, E_FAIL) << "and not waited for";
+    std::filesystem::remove(File());
+    WriteFile("x");
+    std::filesystem::resize_file(File(), uint64_t{1} << 40);
+    EXPECT_EQ(Load().result, E_FAIL) << "and not read";
+    std::filesystem::remove_all(Folder());
+    std::ofstream(Folder()) << "no folder";
+    EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL);
+}
+
+TEST_F(PresetStoreOutcome, WhereNothingMayBeWrittenNothingIsLost) {
+    if (geteuid() == 0) GTEST_SKIP() << "an administrator may write anywhere";
+    const PresetList list = MakeList(L"u", 2);
+    ASSERT_EQ(Save(list), S_OK);
+    chmod(Folder().c_str(), 0555);
+    EXPECT_EQ(Save(MakeList(L"u", 3)), E_ACCESSDENIED);
+    EXPECT_EQ(PresetStore(Folder(), kModel).Reset(kOwner, m_reason), E_ACCESSDENIED);
+    EXPECT_TRUE(Same(Load().list, list));
+    EXPECT_EQ(Load(kOtherModel).result, E_ACCESSDENIED) << "what cannot be mended is not told";
+    chmod(File().c_str(), 0);
+    EXPECT_EQ(Load().result, E_ACCESSDENIED);
+    chmod(Folder().c_str(), 0755);
+}
+
+}  // namespace
+}  // namespace hx::simulator
