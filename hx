@@ -109,8 +109,8 @@ demo_scanner() {
     scanner presets list
     say "The scanner tracks for two seconds at an exposure of 150 us; half way the connection is lost and comes back:"
     scanner track --exposure 150 --drop --calls
-    say "The same at 1200 us: the signal is stronger, and some of it too strong:"
-    scanner track --exposure 1200
+    say "The same at 1500 us: ten times the exposure is ten times the signal, and the strongest of it is too strong:"
+    scanner track --exposure 1500
     say "A scanner that somebody else holds:"
     scanner track --fault AcquireHandle=E_ACCESSDENIED && exit 1
     rm -r "$folder"

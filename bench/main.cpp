@@ -11,6 +11,8 @@
 #include "bench/comparisons.h"
 #include "bench/heap.h"
 #include "bench/peer_versions.h"
+#include "core/errors/MException.h"
+#include "platform/system/utf8.h"
 
 namespace hx::bench {
 namespace {
@@ -125,6 +127,9 @@ int main(int argc, char** argv) {
     }
     try {
         return hx::bench::Run(options);
+    } catch (const hx::MException& exception) {
+        std::cerr << "hxbench: " << hx::ToUtf8(hx::ErrorCodesText(exception)) << '\n';
+        return 1;
     } catch (const std::exception& error) {
         std::cerr << "hxbench: " << error.what() << '\n';
         return 1;

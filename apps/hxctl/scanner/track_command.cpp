@@ -89,10 +89,12 @@ hx::ComPtr<IDynamicSettingsPreset> PresetOf(Desk& desk, const TrackRequest& requ
     const StoredPresets stored = LoadPresets(*desk.Handle(), desk.DeviceName(), notice);
     const NamedPreset* const found = stored.Find(BstrOf(request.preset).view());
     if (found == nullptr) throw FailedCall("no preset \"" + request.preset + "\"");
-    hx::MLaserProfileSettings profile = ProfileOf(*found);
-    if (request.exposure_us) profile.ExposureTime = *request.exposure_us;
-    if (request.laser_power_percent) profile.LaserPower = *request.laser_power_percent;
-    SetValues(*found->preset, profile);
+    if (request.exposure_us) {
+        CheckCall("SetExposureTime", found->preset->SetExposureTime(*request.exposure_us), found->preset);
+    }
+    if (request.laser_power_percent) {
+        CheckCall("SetLaserPower", found->preset->SetLaserPower(*request.laser_power_percent), found->preset);
+    }
     return found->preset;
 }
 
