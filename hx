@@ -90,7 +90,30 @@ run_demo() {
     hxctl keys list
     hxctl keys set 79 true
     hxctl keys get 79
+    demo_scanner
     demo_log
+}
+
+# A scanner that is not there, in a folder of its own: its presets, a session that loses the connection, and what the
+# exposure does.
+demo_scanner() {
+    local folder
+    folder=$(mktemp -d build/demo-XXXXXX)
+    scanner() { HX_REGISTRY=$folder/registry HX_DATA=$folder/data hxctl scanner "$@"; }
+    say "The scanners that can be simulated, what may lie before them, and what can be made to fail:"
+    scanner list
+    say "The presets that a scanner is delivered with:"
+    scanner presets list
+    say "A new preset is stored, and selected:"
+    scanner presets save "Dark castings" --from '$DEFAULT' --exposure 1200 --select
+    scanner presets list
+    say "The scanner tracks for two seconds at an exposure of 150 us; half way the connection is lost and comes back:"
+    scanner track --exposure 150 --drop --calls
+    say "The same at 1500 us: ten times the exposure is ten times the signal, and the strongest of it is too strong:"
+    scanner track --exposure 1500
+    say "A scanner that somebody else holds:"
+    scanner track --fault AcquireHandle=E_ACCESSDENIED && exit 1
+    rm -r "$folder"
 }
 
 # Documents of older releases into JSON and back, those of newer ones, and one of unknown kind.

@@ -35,5 +35,6 @@ void CompareMemory(Benchmark& benchmark);
 void CompareLogging(Benchmark& benchmark);
 void CompareRegistry(Benchmark& benchmark);
 void CompareSettings(Benchmark& benchmark);
+void CompareSessions(Benchmark& benchmark);
 
 }  // namespace hx::bench

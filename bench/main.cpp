@@ -11,13 +11,15 @@
 #include "bench/comparisons.h"
 #include "bench/heap.h"
 #include "bench/peer_versions.h"
+#include "core/errors/MException.h"
+#include "platform/system/utf8.h"
 
 namespace hx::bench {
 namespace {
 
 constexpr char kUsage[] =
     "usage: hxbench [--quick] [--markdown FILE] [--only "
-    "parse,read,write,insert,memory,log,registry,settings]\n";
+    "parse,read,write,insert,memory,log,registry,settings,session]\n";
 
 struct Comparison {
     std::string name;
@@ -27,7 +29,7 @@ struct Comparison {
 const Comparison kComparisons[] = {
     {"parse", CompareParsing},     {"read", CompareReading},      {"write", CompareWriting},
     {"insert", CompareInserting},  {"memory", CompareMemory},     {"log", CompareLogging},
-    {"registry", CompareRegistry}, {"settings", CompareSettings},
+    {"registry", CompareRegistry}, {"settings", CompareSettings}, {"session", CompareSessions},
 };
 
 struct Options {
@@ -125,6 +127,9 @@ int main(int argc, char** argv) {
     }
     try {
         return hx::bench::Run(options);
+    } catch (const hx::MException& exception) {
+        std::cerr << "hxbench: " << hx::ToUtf8(hx::ErrorCodesText(exception)) << '\n';
+        return 1;
     } catch (const std::exception& error) {
         std::cerr << "hxbench: " << error.what() << '\n';
         return 1;

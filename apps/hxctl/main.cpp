@@ -5,6 +5,7 @@
 
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/registry_reports.h"
+#include "apps/hxctl/scanner/scanner_arguments.h"
 #include "core/errors/MException.h"
 #include "platform/system/utf8.h"
 
@@ -24,6 +25,7 @@ public:
         AddException(app);
         AddKeys(app);
         AddLog(app);
+        m_scanner.Add(app);
         for (CLI::App* command : app.get_subcommands({})) AddJson(*command);
     }
 
@@ -147,6 +149,7 @@ private:
     std::string m_events_file;
     bool m_tree = false;
     bool m_json = false;
+    hxctl::ScannerArguments m_scanner{m_run, m_json};
 };
 
 }  // namespace

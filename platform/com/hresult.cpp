@@ -66,4 +66,13 @@ std::string_view HresultName(HRESULT result) {
     return {};
 }
 
+bool HresultOfName(std::string_view text, HRESULT& result) {
+    for (const Name& name : names) {
+        if (name.text != text) continue;
+        result = name.result;
+        return true;
+    }
+    return false;
+}
+
 }  // namespace hx

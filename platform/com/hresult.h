@@ -69,5 +69,7 @@ namespace hx {
 
 // The constant's name, as "E_FAIL"; empty for a code that has no name above. The text lives for ever.
 HX_PLATFORM_API std::string_view HresultName(HRESULT result);
+// The code of that name; false for any other text, and `result` is then unchanged.
+HX_PLATFORM_API bool HresultOfName(std::string_view name, HRESULT& result);
 
 }  // namespace hx

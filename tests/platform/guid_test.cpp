@@ -52,6 +52,11 @@ TEST(Hresult, NamesAreTheConstants) {
     EXPECT_EQ(hx::HresultName(static_cast<HRESULT>(0x80020005)), "DISP_E_TYPEMISMATCH");
     EXPECT_EQ(hx::HresultName(static_cast<HRESULT>(0x80040202)), "CONNECT_E_CANNOTCONNECT");
     EXPECT_EQ(hx::HresultName(static_cast<HRESULT>(0x80004006)), "");
+    HRESULT result = S_FALSE;
+    for (const char* unknown : {"", "E_", "e_fail"}) EXPECT_FALSE(hx::HresultOfName(unknown, result));
+    EXPECT_EQ(result, S_FALSE);
+    EXPECT_TRUE(hx::HresultOfName("DISP_E_TYPEMISMATCH", result));
+    EXPECT_EQ(result, DISP_E_TYPEMISMATCH);
 }
 
 }  // namespace

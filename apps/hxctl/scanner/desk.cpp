@@ -1,0 +1,160 @@
+#include "apps/hxctl/scanner/desk.h"
+
+#include <charconv>
+
+#include "apps/hxctl/scanner/failed_call.h"
+#include "apps/hxctl/scanner/fault_text.h"
+#include "hxapi/HXSimulatorClasses.h"
+#include "hxapi/IDeviceManager.h"
+#include "platform/com/loader.h"
+#include "platform/system/utf8.h"
+
+namespace hxctl {
+namespace {
+
+hx::ComPtr<IHXSimulator> CreateSimulator() {
+    CLSID clsid;
+    CheckCall("CLSIDFromProgID", CLSIDFromProgID(kProgIdHXSimulator, &clsid));
+    hx::ComPtr<IHXSimulator> simulator;
+    CheckCall("CoCreateInstance", CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER,
+                                                   hx::uuid_of<IHXSimulator>(), simulator.put_void()));
+    return simulator;
+}
+
+// "api.AcquireHandle(1, null) -> 0"
+std::string CallsText(const Json& calls) {
+    std::string text = "Calls:\n";
+    for (const Json& call : calls) {
+        text += "  " + call.value("on", "") + "." + call.value("op", "") + "(";
+        const char* separator = "";
+        for (const Json& argument : call.value("args", Json::array())) {
+            text += separator + argument.dump();
+            separator = ", ";
+        }
+        text += ")";
+        if (const auto result = call.find("result"); result != call.end() && *result != 0) {
+            text += " -> " + result->dump();
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+}  // namespace
+
+hx::Bstr BstrOf(const std::string& text) {
+    const auto wide = hx::FromUtf8(text);
+    if (!wide) throw FailedCall("\"" + text + "\" is no UTF-8");
+    return hx::Bstr(*wide);
+}
+
+std::string TextOf(const hx::Bstr& text) {
+    return hx::ToUtf8(text.view());
+}
+
+std::vector<hx::Bstr> TextsOf(SAFEARRAY* array) {
+    std::vector<hx::Bstr> texts;
+    LONG first = 0;
+    LONG last = -1;
+    CheckCall("SafeArrayGetLBound", SafeArrayGetLBound(array, 1, &first));
+    CheckCall("SafeArrayGetUBound", SafeArrayGetUBound(array, 1, &last));
+    for (LONG i = first; i <= last; ++i) {
+        CheckCall("SafeArrayGetElement", SafeArrayGetElement(array, &i, texts.emplace_back().put()));
+    }
+    return texts;
+}
+
+Desk::Desk(const ScannerRequest& request) : m_simulator(CreateSimulator()) {
+    m_api = m_simulator.as<IHXApi>();
+    if (!m_api) throw FailedCall("the simulator is no scanner API");
+    if (!request.model.empty()) {
+        CheckCall("SetModel", m_simulator->SetModel(BstrOf(request.model).get()));
+    }
+    if (!request.surface.empty()) {
+        CheckCall("SetSurface", m_simulator->SetSurface(BstrOf(request.surface).get()));
+    }
+    if (!request.folder.empty()) {
+        CheckCall("SetPresetsFolder", m_simulator->SetPresetsFolder(BstrOf(request.folder).get()));
+    }
+    CheckCall("GetModel", m_simulator->GetModel(m_model.put()));
+    CheckCall("GetDevice", m_simulator->GetDevice(m_driver.put(), m_device.put()));
+    for (const std::string& fault : request.faults) Inject(fault);
+    Calls();
+}
+
+void Desk::Inject(const std::string& fault) {
+    const FaultText parsed = ParseFault(fault);
+    const hx::Bstr operation = BstrOf(parsed.operation);
+    HXSimulatorFault injected{};
+    injected.operation = operation.get();
+    injected.result = parsed.result;
+    injected.times = parsed.times;
+    CheckCall(("--fault " + fault).c_str(), m_simulator->InjectFault(&injected));
+}
+
+void Desk::Connect() {
+    CheckCall("Connect", m_simulator->Connect());
+    CheckCall("WaitForEvents", m_simulator->WaitForEvents());
+}
+
+void Desk::Disconnect() {
+    CheckCall("Disconnect", m_simulator->Disconnect());
+    CheckCall("WaitForEvents", m_simulator->WaitForEvents());
+}
+
+hx::ComPtr<ICalibrationHandle> Desk::Handle() {
+    const auto internal = m_api.as<IHXApiInternal>();
+    if (!internal) throw FailedCall("the scanner API has no internal interface");
+    hx::ComPtr<IUnknown> object;
+    hx::ComPtr<IErrorInfo> detail;
+    const HRESULT result = internal->CreateCalibrationHandle(
+        m_driver.get(), hx::uuid_of<ICalibrationHandle>(), object.put(), detail.put());
+    CheckCall("CreateCalibrationHandle", result, detail.get());
+    auto handle = object.as<ICalibrationHandle>();
+    if (!handle) throw FailedCall("the calibration handle has no such interface");
+    return handle;
+}
+
+std::wstring Desk::PropertiesText() {
+    hx::ComPtr<IDeviceManager> manager;
+    hx::ComPtr<IErrorInfo> detail;
+    HRESULT result = m_api->GetDeviceManager(manager.put(), detail.put());
+    CheckCall("GetDeviceManager", result, detail.get());
+    hx::Bstr text;
+    result = manager->GetDriverProperties(hx::Bstr(kHXCategoryScanner).get(), m_driver.get(), text.put(),
+                                          detail.put());
+    CheckCall("GetDriverProperties", result, detail.get());
+    return std::wstring(text.view());
+}
+
+Json Desk::Calls() {
+    hx::Bstr calls;
+    CheckCall("TakeCalls", m_simulator->TakeCalls(calls.put()));
+    return Json::parse(TextOf(calls));
+}
+
+Outcome AtDesk(const ScannerRequest& request, bool json,
+               const std::function<std::string(Desk& desk, Json& answer)>& command) {
+    Outcome outcome;
+    Json answer = Json::object();
+    try {
+        Desk desk(request);
+        try {
+            outcome.output = command(desk, answer);
+        } catch (const FailedCall& failure) {
+            outcome = Refused(failure.what());
+        }
+        if (request.calls) {
+            Json calls = desk.Calls();
+            if (!json) outcome.output += CallsText(calls);
+            answer["calls"] = std::move(calls);
+        }
+    } catch (const FailedCall& failure) {
+        outcome = Refused(failure.what());
+    }
+    CoFreeUnusedLibraries();
+    if (json && !answer.empty()) outcome.output = answer.dump(2) + "\n";
+    return outcome;
+}
+
+}  // namespace hxctl

@@ -1,0 +1,25 @@
+// A call of the scanner API that failed, with what the API has to say about it.
+#pragma once
+
+#include <stdexcept>
+
+#include "platform/com/comptr.h"
+#include "platform/com/errorinfo.h"
+
+namespace hxctl {
+
+struct FailedCall : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// Throws a FailedCall if `result` is a failure; `detail` is the API's, or null.
+void CheckCall(const char* operation, HRESULT result, IErrorInfo* detail = nullptr);
+// The same for an object that leaves error information for the interface `iid`.
+void CheckCall(const char* operation, HRESULT result, IUnknown& object, REFIID iid);
+
+template <class I>
+void CheckCall(const char* operation, HRESULT result, const hx::ComPtr<I>& object) {
+    CheckCall(operation, result, *object, hx::uuid_of<I>());
+}
+
+}  // namespace hxctl

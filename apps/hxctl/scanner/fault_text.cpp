@@ -1,0 +1,66 @@
+#include "apps/hxctl/scanner/fault_text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <string_view>
+
+#include "apps/hxctl/scanner/failed_call.h"
+#include "hxapi/HXApiErrors.h"
+
+namespace hxctl {
+namespace {
+
+struct NamedCode {
+    std::string_view name;
+    HRESULT code;
+};
+// Besides those of every component.
+constexpr NamedCode kApiCodes[] = {
+    {"HX_E_NOTCONNECTED", HX_E_NOTCONNECTED},
+    {"HX_E_NOTACQUIRED", HX_E_NOTACQUIRED},
+    {"HX_E_NOTFOUND", HX_E_NOTFOUND},
+};
+
+template <class T>
+bool Parse(std::string_view text, T& value, int base = 10) {
+    const auto [behind, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
+    return error == std::errc() && behind == text.data() + text.size();
+}
+
+bool ParseResult(std::string_view text, HRESULT& result) {
+    const auto* const named = std::ranges::find(kApiCodes, text, &NamedCode::name);
+    if (named != std::end(kApiCodes)) result = named->code;
+    if (named != std::end(kApiCodes) || hx::HresultOfName(text, result)) return true;
+    if (!text.starts_with("0x") && !text.starts_with("0X")) return Parse(text, result);
+    uint32_t bits = 0;
+    if (!Parse(text.substr(2), bits, 16)) return false;
+    result = static_cast<HRESULT>(bits);
+    return true;
+}
+
+}  // namespace
+
+FaultText ParseFault(const std::string& text) {
+    const std::string_view whole = text;
+    const size_t equals = whole.find('=');
+    const size_t colon = std::min(whole.find(':', std::min(equals, whole.size())), whole.size());
+    FaultText fault{std::string(whole.substr(0, equals)), E_FAIL, 1};
+    bool good = equals != std::string_view::npos && equals != 0 &&
+                ParseResult(whole.substr(equals + 1, colon - equals - 1), fault.result);
+    if (good && colon != whole.size()) {
+        const std::string_view times = whole.substr(colon + 1);
+        if (times == "*") {
+            fault.times = -1;
+        } else {
+            good = Parse(times, fault.times) && fault.times > 0;
+        }
+    }
+    if (!good) {
+        throw FailedCall("a fault is OPERATION=RESULT, or OPERATION=RESULT:TIMES with * for always, not \"" +
+                         text + "\"; RESULT is a name such as E_FAIL or a number");
+    }
+    return fault;
+}
+
+}  // namespace hxctl

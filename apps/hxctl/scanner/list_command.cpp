@@ -1,0 +1,56 @@
+// hxctl scanner list and properties: what there is to choose from, and what a driver reports.
+#include "apps/hxctl/record_reading.h"
+#include "apps/hxctl/scanner/desk.h"
+#include "apps/hxctl/scanner/failed_call.h"
+#include "platform/system/utf8.h"
+
+namespace hxctl {
+namespace {
+
+using GetTexts = HRESULT (IHXSimulator::*)(SAFEARRAY**);
+
+struct Choice {
+    const char* key;
+    const char* heading;
+    const char* operation;
+    GetTexts get;
+};
+constexpr Choice kChoices[] = {
+    {"models", "Models", "GetModels", &IHXSimulator::GetModels},
+    {"surfaces", "Surfaces", "GetSurfaces", &IHXSimulator::GetSurfaces},
+    {"operations", "Operations that can fail", "GetOperations", &IHXSimulator::GetOperations},
+};
+
+}  // namespace
+
+Outcome RunScannerList(bool json) {
+    return AtDesk({}, json, [](Desk& desk, Json& answer) {
+        std::string text;
+        for (const Choice& choice : kChoices) {
+            hx::SafeArray names;
+            CheckCall(choice.operation, (desk.Simulator().*choice.get)(names.put()));
+            text += std::string(choice.heading) + ":\n";
+            Json& list = answer[choice.key] = Json::array();
+            for (const hx::Bstr& name : TextsOf(names.get())) {
+                list.push_back(TextOf(name));
+                text += "  " + TextOf(name) + "\n";
+            }
+        }
+        return text;
+    });
+}
+
+Outcome RunScannerProperties(const ScannerRequest& request, bool json) {
+    return AtDesk(request, json, [](Desk& desk, Json& answer) {
+        const hx::InventoryRow& row = *hx::FindRecordClass(L"MPropertiesHelper");
+        const RecordReading reading = ReadRecord(desk.PropertiesText(), row, row.element);
+        if (!reading.read) {
+            throw FailedCall("the properties document is not read: " + hx::ToUtf8(reading.error_codes));
+        }
+        answer["model"] = TextOf(desk.Model());
+        answer["properties"] = FieldsOf(*row.type, reading.record.get());
+        return answer.dump(2) + "\n";
+    });
+}
+
+}  // namespace hxctl

@@ -1,0 +1,30 @@
+// The command line of hxctl scanner.
+#pragma once
+
+#include <CLI/App.hpp>
+#include <functional>
+
+#include "apps/hxctl/scanner/scanner_command.h"
+
+namespace hxctl {
+
+class ScannerArguments {
+public:
+    // Each sub-command leaves in `run` what is to be done. All three outlive the parsing.
+    ScannerArguments(std::function<Outcome()>& run, const bool& json) : m_run(run), m_json(json) {}
+    void Add(CLI::App& app);
+
+private:
+    void AddCommon(CLI::App& command, ScannerRequest& request);
+    void AddPresets(CLI::App& scanner);
+    void AddPresetsAction(CLI::App& presets, const char* name, const char* help, PresetsAction action);
+    void AddTrack(CLI::App& scanner);
+
+    std::function<Outcome()>& m_run;
+    const bool& m_json;
+    ScannerRequest m_scanner;
+    PresetsRequest m_presets;
+    TrackRequest m_track;
+};
+
+}  // namespace hxctl
