@@ -1,7 +1,7 @@
 // Which scanner is configured, which is connected, and the way to it.
 #include "controls/api/ApiOperation.h"
-#include "controls/api/TextArray.h"
 #include "controls/presets/MDynamicSettingsPresets.h"
+#include "platform/com/text_array.h"
 #include "settings/properties/MHXFamilyDeviceProperties.h"
 #include "settings/properties/MPropertiesHelper.h"
 

@@ -3,9 +3,9 @@
 #include <optional>
 
 #include "controls/api/ApiOperation.h"
-#include "controls/api/TextArray.h"
 #include "controls/presets/MDynamicSettingsPresets.h"
 #include "core/locale/MResourceLocale.h"
+#include "platform/com/text_array.h"
 #include "settings/profile/ProfileNames.h"
 
 namespace hx {

@@ -1,6 +1,6 @@
 // The hands on cable, switch and surface: what a simulated scanner API has beyond a real one.
+#include "platform/com/text_array.h"
 #include "simulator/api/ApiObject.h"
-#include "simulator/calls/ArrayElements.h"
 #include "simulator/calls/JsonSyntax.h"
 #include "simulator/calls/TextAcross.h"
 

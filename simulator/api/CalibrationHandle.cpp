@@ -6,8 +6,8 @@
 #include <limits>
 
 #include "hxapi/HXApiErrors.h"
+#include "platform/com/text_array.h"
 #include "simulator/api/PresetValues.h"
-#include "simulator/calls/ArrayElements.h"
 #include "simulator/calls/TextAcross.h"
 
 namespace hx::simulator {

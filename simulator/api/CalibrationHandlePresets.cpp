@@ -1,9 +1,10 @@
 // The presets' side of a calibration handle.
 #include "hxapi/HXApiErrors.h"
+#include "platform/com/array_elements.h"
+#include "platform/com/text_array.h"
 #include "settings/profile/ProfileNames.h"
 #include "simulator/api/CalibrationHandle.h"
 #include "simulator/api/PresetObject.h"
-#include "simulator/calls/ArrayElements.h"
 #include "simulator/calls/TextAcross.h"
 
 namespace hx::simulator {

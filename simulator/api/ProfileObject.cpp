@@ -1,6 +1,6 @@
 #include "simulator/api/ProfileObject.h"
 
-#include "simulator/calls/ArrayElements.h"
+#include "platform/com/text_array.h"
 
 namespace hx::simulator {
 

@@ -1,7 +1,7 @@
 #include "simulator/calls/Argument.h"
 
+#include "platform/com/array_elements.h"
 #include "platform/com/comptr.h"
-#include "simulator/calls/ArrayElements.h"
 #include "simulator/calls/IStoredPreset.h"
 #include "simulator/calls/JsonText.h"
 

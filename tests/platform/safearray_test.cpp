@@ -1,4 +1,4 @@
-#include "platform/com/safearray.h"
+#include "platform/com/text_array.h"
 
 #include <gtest/gtest.h>
 
@@ -165,6 +165,20 @@ TEST(SafeArray, StaysWhileItsDataAreAccessed) {
     EXPECT_EQ(SafeArrayDestroy(array), DISP_E_ARRAYISLOCKED);
     EXPECT_EQ(SafeArrayUnaccessData(array), S_OK);
     EXPECT_EQ(SafeArrayDestroy(array), S_OK);
+}
+
+TEST(SafeArray, TextsCrossAndOtherArraysAreTold) {
+    const std::vector<std::wstring> texts = {L"one", L"", std::wstring(L"a\0b", 3)};
+    const hx::SafeArray array = hx::TextArray(texts);
+    EXPECT_EQ(hx::TextsOf(array.get()), texts);
+    EXPECT_EQ(hx::TextsOf(hx::TextArray({}).get()), std::vector<std::wstring>());
+    EXPECT_EQ(hx::TextsOf(nullptr), std::vector<std::wstring>());
+    // Null strings are empty; indices may begin anywhere.
+    EXPECT_EQ(hx::TextsOf(hx::SafeArray(SafeArrayCreateVector(VT_BSTR, -2, 1)).get()),
+              std::vector<std::wstring>(1));
+    EXPECT_FALSE(hx::TextsOf(hx::SafeArray(SafeArrayCreateVector(VT_I4, 0, 1)).get()));
+    SAFEARRAYBOUND bounds[] = {{2, 0}, {2, 0}};
+    EXPECT_FALSE(hx::TextsOf(hx::SafeArray(SafeArrayCreate(VT_BSTR, 2, bounds)).get()));
 }
 
 }  // namespace

@@ -1,12 +1,11 @@
 #include "apps/hxctl/scanner/desk.h"
 
-#include <charconv>
-
 #include "apps/hxctl/scanner/failed_call.h"
 #include "apps/hxctl/scanner/fault_text.h"
 #include "hxapi/HXSimulatorClasses.h"
 #include "hxapi/IDeviceManager.h"
 #include "platform/com/loader.h"
+#include "platform/com/text_array.h"
 #include "platform/system/utf8.h"
 
 namespace hxctl {
@@ -52,16 +51,10 @@ std::string TextOf(const hx::Bstr& text) {
     return hx::ToUtf8(text.view());
 }
 
-std::vector<hx::Bstr> TextsOf(SAFEARRAY* array) {
-    std::vector<hx::Bstr> texts;
-    LONG first = 0;
-    LONG last = -1;
-    CheckCall("SafeArrayGetLBound", SafeArrayGetLBound(array, 1, &first));
-    CheckCall("SafeArrayGetUBound", SafeArrayGetUBound(array, 1, &last));
-    for (LONG i = first; i <= last; ++i) {
-        CheckCall("SafeArrayGetElement", SafeArrayGetElement(array, &i, texts.emplace_back().put()));
-    }
-    return texts;
+std::vector<std::wstring> TextsOf(const hx::SafeArray& array) {
+    auto texts = hx::TextsOf(array.get());
+    if (!texts) throw FailedCall("the scanner API gave an array that is none of texts");
+    return std::move(*texts);
 }
 
 Desk::Desk(const ScannerRequest& request) : m_simulator(CreateSimulator()) {

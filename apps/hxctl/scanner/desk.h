@@ -17,8 +17,8 @@ namespace hxctl {
 // Text of the command line, which is UTF-8; throws a FailedCall if it is not.
 hx::Bstr BstrOf(const std::string& text);
 std::string TextOf(const hx::Bstr& text);
-// The texts of an array of strings.
-std::vector<hx::Bstr> TextsOf(SAFEARRAY* array);
+// The texts of an array of them, null for none; throws a FailedCall for any other array.
+std::vector<std::wstring> TextsOf(const hx::SafeArray& array);
 
 class Desk {
 public:

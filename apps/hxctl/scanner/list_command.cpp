@@ -31,9 +31,9 @@ Outcome RunScannerList(bool json) {
             CheckCall(choice.operation, (desk.Simulator().*choice.get)(names.put()));
             text += std::string(choice.heading) + ":\n";
             Json& list = answer[choice.key] = Json::array();
-            for (const hx::Bstr& name : TextsOf(names.get())) {
-                list.push_back(TextOf(name));
-                text += "  " + TextOf(name) + "\n";
+            for (const std::wstring& name : TextsOf(names)) {
+                list.push_back(hx::ToUtf8(name));
+                text += "  " + hx::ToUtf8(name) + "\n";
             }
         }
         return text;

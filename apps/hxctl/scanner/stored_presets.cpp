@@ -96,12 +96,12 @@ StoredPresets LoadPresets(ICalibrationHandle& handle, const hx::Bstr& owner, std
     StoredPresets stored;
     CheckCall("GetSelectedDynamicSettingsPreset",
               handle.GetSelectedDynamicSettingsPreset(owner.get(), stored.selected.put()), handle, iid);
-    std::vector<hx::Bstr> displayed = TextsOf(display_names.get());
-    for (hx::Bstr& name : TextsOf(names.get())) {
+    const std::vector<std::wstring> displayed = TextsOf(display_names);
+    for (const std::wstring& name : TextsOf(names)) {
         NamedPreset& preset = stored.presets.emplace_back();
-        preset.name = std::move(name);
+        preset.name = hx::Bstr(name);
         if (stored.presets.size() <= displayed.size()) {
-            preset.display_name = std::move(displayed[stored.presets.size() - 1]);
+            preset.display_name = hx::Bstr(displayed[stored.presets.size() - 1]);
         }
         CheckCall("GetDynamicSettingsPreset",
                   handle.GetDynamicSettingsPreset(owner.get(), preset.name.get(), preset.preset.put()),

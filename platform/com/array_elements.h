@@ -1,14 +1,15 @@
-// The elements of arrays that cross interfaces: read in place, and new arrays of texts. On the thread of the
-// call.
+// The elements of an array that crosses an interface, read in place:
+//     const ArrayElements<BSTR> names(array, VT_BSTR);
+//     if (!names.IsValid()) return E_INVALIDARG;
+// As the array, usable by one thread at a time.
 #pragma once
 
+#include <cstddef>
 #include <span>
-#include <string>
-#include <vector>
 
 #include "platform/com/safearray.h"
 
-namespace hx::simulator {
+namespace hx {
 
 // Those of an array of one dimension, wherever it begins, with elements of that type; of any other array
 // none, and it is then not valid.
@@ -47,7 +48,4 @@ private:
     std::span<T> m_elements;
 };
 
-// An array of VT_BSTR. Throws std::bad_alloc.
-SafeArray TextArray(const std::vector<std::wstring>& texts);
-
-}  // namespace hx::simulator
+}  // namespace hx
