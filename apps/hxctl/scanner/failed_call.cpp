@@ -2,37 +2,46 @@
 
 #include "apps/hxctl/command.h"
 #include "core/errors/MErrorCom.h"
-#include "core/errors/MException.h"
 #include "core/messages/MErrorFormatter.h"
+#include "core/messages/MErrorFormatterResource.h"
 #include "platform/system/utf8.h"
 
 namespace hxctl {
 namespace {
 
-[[noreturn]] void Fail(const char* operation, HRESULT result, std::wstring_view description) {
+[[noreturn]] void Fail(const char* operation, HRESULT result, const std::string& description) {
     std::string reason = std::string(operation) + " answered " + NamedResult(result);
-    if (!description.empty()) reason += ": " + hx::ToUtf8(description);
+    if (!description.empty()) reason += ": " + description;
     throw FailedCall(reason);
 }
 
 }  // namespace
 
+std::string MessageOf(const hx::MException& exception) {
+    static const bool has_own_texts = [] {
+        hx::MErrorFormatter::Get().AddRule(hx::MErrorFormatterResource::Get());
+        return true;
+    }();
+    static_cast<void>(has_own_texts);
+    return hx::ToUtf8(hx::MErrorFormatter::Get().Format(exception).message);
+}
+
 void CheckCall(const char* operation, HRESULT result, IErrorInfo* detail) {
     if (SUCCEEDED(result)) return;
     hx::Bstr description;
     if (detail != nullptr) detail->GetDescription(description.put());
-    Fail(operation, result, description.view());
+    Fail(operation, result, hx::ToUtf8(description.view()));
 }
 
 void CheckCall(const char* operation, HRESULT result, IUnknown& object, REFIID iid) {
     if (SUCCEEDED(result)) return;
     const hx::MErrorCom error(result, &object, iid);
     hx::MException chain;
-    if (!hx::ReadChainDocument(error.GetDescription(), chain))
-        Fail(operation, result, error.GetDescription());
+    if (!hx::ReadChainDocument(error.GetDescription(), chain)) {
+        Fail(operation, result, hx::ToUtf8(error.GetDescription()));
+    }
     chain.Append(error);
-    const hx::MErrorFormatter::Formatted told = hx::MErrorFormatter::Get().Format(chain);
-    Fail(operation, result, told.message + L"\nError codes:\n" + told.error_codes);
+    Fail(operation, result, MessageOf(chain) + "\nError codes:\n" + hx::ToUtf8(hx::ErrorCodesText(chain)));
 }
 
 }  // namespace hxctl

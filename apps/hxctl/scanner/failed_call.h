@@ -2,7 +2,9 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
+#include "core/errors/MException.h"
 #include "platform/com/comptr.h"
 #include "platform/com/errorinfo.h"
 
@@ -11,6 +13,9 @@ namespace hxctl {
 struct FailedCall : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
+
+// What the operator reads of an exception.
+std::string MessageOf(const hx::MException& exception);
 
 // Throws a FailedCall if `result` is a failure; `detail` is the API's, or null.
 void CheckCall(const char* operation, HRESULT result, IErrorInfo* detail = nullptr);

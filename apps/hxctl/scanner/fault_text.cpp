@@ -46,7 +46,7 @@ FaultText ParseFault(const std::string& text) {
     const size_t equals = whole.find('=');
     const size_t colon = std::min(whole.find(':', std::min(equals, whole.size())), whole.size());
     FaultText fault{std::string(whole.substr(0, equals)), E_FAIL, 1};
-    bool good = equals != std::string_view::npos && equals != 0 &&
+    bool good = equals != std::string_view::npos && equals != 0 && whole.find(':') >= equals &&
                 ParseResult(whole.substr(equals + 1, colon - equals - 1), fault.result);
     if (good && colon != whole.size()) {
         const std::string_view times = whole.substr(colon + 1);

@@ -5,8 +5,6 @@
 #include "apps/hxctl/scanner/failed_call.h"
 #include "apps/hxctl/scanner/presets_document.h"
 #include "apps/hxctl/scanner/stored_presets.h"
-#include "core/errors/MException.h"
-#include "core/messages/MErrorFormatter.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
 
@@ -56,7 +54,7 @@ void CheckUsersName(const std::wstring& name) {
     try {
         MLaserProfileSettings().ValidateProfileName(name);
     } catch (const hx::MException& exception) {
-        throw FailedCall(hx::ToUtf8(hx::MErrorFormatter::Get().Format(exception).message));
+        throw FailedCall(MessageOf(exception));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "apps/hxctl/scanner/presets_document.h"
 
+#include <limits>
 #include <set>
 
 #include "apps/hxctl/scanner/failed_call.h"
@@ -8,6 +9,7 @@
 #include "core/filer/MInFilerTaggedXml.h"
 #include "core/filer/MOutFilerTaggedXml.h"
 #include "core/filer/TaggedXml.h"
+#include "core/xml/MXmlDocument.h"
 #include "platform/system/utf8.h"
 
 namespace hxctl {
@@ -17,17 +19,19 @@ using hx::MLaserProfileSettings;
 
 constexpr std::wstring_view kElement = L"LaserProfileSettings";
 
-MLaserProfileSettings ReadProfile(std::wstring fragment, size_t number) {
-    hx::MInFilerTaggedXml reader(std::move(fragment), hx::kTaggedXmlRoot);
-    hx::MFilerTaggedPair filer(reader);
-    MLaserProfileSettings profile;
-    if (!profile.ReadTagged(filer, kElement, MLaserProfileSettings())) {
-        throw FailedCall("profile " + std::to_string(number) + " of the document cannot be read" +
-                         (profile.Version > MLaserProfileSettings::kStreamVersion
-                              ? ": its version is " + std::to_string(profile.Version)
-                              : std::string()));
+// Of a profile that was not in the document.
+constexpr uint32_t kNotThere = std::numeric_limits<uint32_t>::max();
+
+// False if there is no further one.
+bool ReadProfile(hx::MFilerTaggedPair& filer, size_t number, MLaserProfileSettings& profile) {
+    profile.Version = kNotThere;
+    if (profile.ReadTagged(filer, kElement, MLaserProfileSettings())) return true;
+    if (profile.Version == kNotThere) return false;
+    std::string reason = "profile " + std::to_string(number) + " of the document cannot be read";
+    if (profile.Version > MLaserProfileSettings::kStreamVersion) {
+        reason += ": its version is " + std::to_string(profile.Version);
     }
-    return profile;
+    throw FailedCall(reason);
 }
 
 }  // namespace
@@ -44,17 +48,20 @@ std::string PresetsDocument(const std::vector<MLaserProfileSettings>& profiles) 
 }
 
 std::vector<MLaserProfileSettings> ReadPresetsDocument(std::wstring text) {
+    hx::MXmlDocument document;
+    if (!document.Parse(text))
+        throw FailedCall("the document is not well-formed: " + hx::ToUtf8(document.GetError()));
     std::vector<MLaserProfileSettings> profiles;
     std::set<std::wstring> names;
     try {
         hx::MInFilerTaggedXml reader(std::move(text), hx::kTaggedXmlRoot);
         hx::MFilerTaggedPair filer(reader);
-        for (std::wstring fragment; filer.ExtractGroup(kElement, fragment);) {
-            profiles.push_back(ReadProfile(std::move(fragment), profiles.size() + 1));
-            const std::wstring& name = profiles.back().ProfileName;
-            if (!names.insert(name).second) {
-                throw FailedCall("two profiles of the document have the name \"" + hx::ToUtf8(name) + "\"");
+        for (MLaserProfileSettings profile; ReadProfile(filer, profiles.size() + 1, profile);) {
+            if (!names.insert(profile.ProfileName).second) {
+                throw FailedCall("two profiles of the document have the name \"" +
+                                 hx::ToUtf8(profile.ProfileName) + "\"");
             }
+            profiles.push_back(profile);
         }
     } catch (const hx::MException& exception) {
         throw FailedCall("the document cannot be read: " + hx::ToUtf8(hx::ErrorCodesText(exception)));

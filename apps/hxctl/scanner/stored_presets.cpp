@@ -4,8 +4,6 @@
 
 #include "apps/hxctl/scanner/failed_call.h"
 #include "core/errors/MErrorCom.h"
-#include "core/errors/MException.h"
-#include "core/messages/MErrorFormatter.h"
 #include "platform/system/utf8.h"
 
 namespace hxctl {
@@ -21,7 +19,7 @@ std::string OutcomeOf(HRESULT result, ICalibrationHandle& handle, std::string& f
     const hx::MErrorCom error(result, &handle, hx::uuid_of<ICalibrationHandle>());
     hx::MException chain;
     chain.AppendChained(error);
-    const std::string message = hx::ToUtf8(hx::MErrorFormatter::Get().Format(chain).message);
+    const std::string message = MessageOf(chain);
     const bool is_outcome = std::ranges::any_of(kOutcomes, [&](const wchar_t* code) {
         return std::ranges::any_of(chain.GetChain(),
                                    [&](const auto& each) { return each->GetCode() == code; });
