@@ -36,6 +36,7 @@ std::span<const Target> Targets() {
         {"registry_filers", &RegistryFilers},
         {"records", &Records},
         {"properties", &Properties},
+        {"preset_file", &PresetFile},
     };
     return kTargets;
 }

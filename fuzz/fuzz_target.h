@@ -48,6 +48,8 @@ void RegistryFilers(Input input);
 void Records(Input input);
 // The same for the properties of a driver and its device.
 void Properties(Input input);
+// The same for a file of presets.
+void PresetFile(Input input);
 
 // Aborts with the text if `holds` is false.
 void Require(bool holds, const char* what);

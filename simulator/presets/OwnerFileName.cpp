@@ -36,6 +36,9 @@ std::string OwnerFileName(std::wstring_view owner) {
         if (name.size() > kLongest) break;
         if ((c >= L'a' && c <= L'z') || (c >= L'0' && c <= L'9') || c == L'-') {
             name += static_cast<char>(c);
+        } else if (c >= L'A' && c <= L'Z') {
+            name += '+';
+            name += static_cast<char>(c - L'A' + L'a');
         } else {
             name += '_';
             AppendHex(name, static_cast<uint32_t>(c));

@@ -41,7 +41,7 @@ const std::vector<Room>& Rooms() {
         {"apps/hxctl/", {"settings/", "core/", "hxapi/", "platform/"}},
         {"apps/", {"hxapi/", "platform/"}},
         {"bench/", {"controls/", "settings/", "core/", "hxapi/", "platform/"}},
-        {"fuzz/", {"settings/", "core/", "hxapi/", "platform/"}},
+        {"fuzz/", {"simulator/", "settings/", "core/", "hxapi/", "platform/"}},
         {"tests/",
          {"fuzz/", "bench/allocations.h", "apps/hxctl/", "server/", "controls/", "preview/", "simulator/",
           "settings/", "core/", "hxapi/", "platform/"}},

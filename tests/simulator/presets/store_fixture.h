@@ -60,7 +60,7 @@ protected:
     }
     std::filesystem::path Folder() const { return m_folder.path() / "presets"; }
     // That of kOwner.
-    std::filesystem::path File() const { return Folder() / "presets-_41_rm.xml"; }
+    std::filesystem::path File() const { return Folder() / "presets-+arm.xml"; }
     void WriteFile(std::string_view bytes) const {
         std::filesystem::create_directories(Folder());
         std::ofstream(File(), std::ios::binary) << bytes;

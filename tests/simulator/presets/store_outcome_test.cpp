@@ -141,8 +141,8 @@ TEST_F(PresetStoreOutcome, AsManyArchivesAsTheRegistrySays) {
     }
     // Files of somebody else, and of another owner.
     const auto folder = Folder() / "archive";
-    const char* const foreign[] = {"presets-_41_rm.xml", "presets-_41_rm.20200101T000000Z.x.xml",
-                                   "presets-_41_rm.2020-01-01T00:00Z.1.xml",
+    const char* const foreign[] = {"presets-+arm.xml", "presets-+arm.20200101T000000Z.x.xml",
+                                   "presets-+arm.2020-01-01T00:00Z.1.xml",
                                    "presets-b.20200101T000000Z.1.xml"};
     for (const char* const name : foreign) std::ofstream(folder / name) << "mine";
     SetMaxBackups(1);
@@ -165,7 +165,7 @@ TEST_F(PresetStoreOutcome, AnObstacleIsTold) {
     std::filesystem::create_directories(File());
     EXPECT_EQ(Load().result, E_FAIL);
     EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL);
-    EXPECT_NE(m_reason.find(L"presets-_41_rm.xml: "), std::wstring::npos) << "which file";
+    EXPECT_NE(m_reason.find(L"presets-+arm.xml: "), std::wstring::npos) << "which file";
     std::filesystem::remove(File());
     ASSERT_EQ(mkfifo(File().c_str(), 0600), 0);
     EXPECT_EQ(Load().result, E_FAIL) << "and not waited for";
