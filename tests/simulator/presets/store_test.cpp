@@ -120,13 +120,13 @@ TEST_F(PresetStoreLists, WhatWouldNotComeBackIsRefused) {
 
 TEST_F(PresetStoreLists, EveryOwnerHasAFileOfItsOwn) {
     const std::wstring long_name(5000, L'A');
-    const std::wstring owners[] = {L"a",    L"A",      L"a.b",    L"a/b",           L"../a", L"con", L"",
-                                   L"_41_", L"\u00E4", long_name, long_name + L"A", L"a ",   L"%41"};
+    const std::wstring owners[] = {L"a",  L"A",    L"a.b",    L"a/b",    L"../a",          L"con", L"",
+                                   L"+a", L"_41_", L"\u00E4", long_name, long_name + L"A", L"a ",  L"%41"};
     std::set<std::string> files;
     for (const std::wstring& owner : owners) {
         const std::string name = OwnerFileName(owner);
         EXPECT_LT(name.size(), 200u);
-        EXPECT_EQ(name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-_~"), std::string::npos);
+        EXPECT_EQ(name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-_+~"), std::string::npos);
         files.insert(name);
         ASSERT_EQ(Save(MakeList(owner + L"'s ", 1), kModel, owner), S_OK);
     }
