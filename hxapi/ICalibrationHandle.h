@@ -2,13 +2,14 @@
 // device; called by the pages on the thread of the user interface. Several handles may lead to one scanner.
 //
 // A handle outlives the connection: it is good again when the scanner is back. In any state it can be
-// released, can unregister an observer, and knows the presets. What needs the scanner is refused with
-// HX_E_NOTACQUIRED as long as the handle does not hold it, but activation is without effect on a handle that
-// held it and was released.
+// released, can unregister an observer, answers queries, and knows the presets; DisableScanner has nothing to
+// do then. Initialising, observing and detecting are refused with HX_E_NOTACQUIRED as long as the handle does
+// not hold the scanner, activation only if it never did: on a handle that was released it is without effect.
 //
-// Every failure leaves error information for this interface on the calling thread, whose description may be a
-// chain document. Out-parameters are null, or unchanged if they are numbers, on failure; E_POINTER for a null
-// one.
+// The object answers ISupportErrorInfo: every failure leaves error information for this interface on the
+// calling thread, whose description may be a chain document. Device names are as for
+// IHXApiInternal::CreateCalibrationHandle. Out-parameters are null, or unchanged if they are numbers, on
+// failure; E_POINTER for a null one.
 #pragma once
 
 #include "hxapi/IDynamicSettingsPreset.h"
@@ -22,11 +23,12 @@ struct ICalibrationHandle : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE AcquireHandle() = 0;
     virtual HRESULT STDMETHODCALLTYPE ReleaseHandle() = 0;
     // Makes an acquired scanner ready and lets it track. `mode` and `options` are 0, `enable` is 1: other
-    // numbers are the API's own. DisableScanner ends the tracking; one that does not track is no failure.
+    // numbers are the API's own. DisableScanner ends the tracking.
     virtual HRESULT STDMETHODCALLTYPE InitialiseScanner(int32_t mode, int32_t options, int32_t enable) = 0;
     virtual HRESULT STDMETHODCALLTYPE DisableScanner() = 0;
     // `observer` receives the tracking cycles from now on, instead of the one before, if it is an
-    // ITrackingCycleObserver; a reference is taken. Null: nobody does.
+    // ITrackingCycleObserver; a reference is taken. Null: the observer that this handle registered does not
+    // any more.
     virtual HRESULT STDMETHODCALLTYPE RegisterTrackingCycleObserver(IUnknown* observer) = 0;
 
     // The scanner works with the preset's values from now on. [caller keeps preset] E_INVALIDARG for values

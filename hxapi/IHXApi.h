@@ -23,8 +23,9 @@ HX_IID(IHXApi, "5B0E94D7-21C3-4F68-9A1D-C47E83F0B256")
 struct IHXApi : IUnknown {
     // `*state` is an HXConnectionState, and unchanged on failure. E_POINTER.
     virtual HRESULT STDMETHODCALLTYPE GetConnectionState(int32_t* state, IErrorInfo** detail) = 0;
-    // Asks a suspended scanner to become usable; that it is so is told by an event. S_OK if it was already.
+    // Asks a suspended scanner to become usable; that it is so is told by an event. S_OK also where there is
+    // nothing to resume; E_FAIL if the scanner refuses.
     virtual HRESULT STDMETHODCALLTYPE Resume(IErrorInfo** detail) = 0;
-    // [caller owns *manager], null on failure.
+    // [caller owns *manager], null on failure: E_POINTER, E_FAIL.
     virtual HRESULT STDMETHODCALLTYPE GetDeviceManager(IDeviceManager** manager, IErrorInfo** detail) = 0;
 };

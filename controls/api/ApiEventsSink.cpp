@@ -49,9 +49,9 @@ HRESULT ApiEventsSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT count, LCID, DISPID
 HRESULT ApiEventsSink::Invoke(DISPID member, REFIID reserved, LCID, WORD, DISPPARAMS* arguments,
                               VARIANT* result, EXCEPINFO*, UINT* bad_argument) {
     if (result != nullptr) VariantInit(result);
-    if (!(reserved == IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     const ApiEvent* const event = FindApiEvent(uuid_of<IHXApiEvents>(), member);
     if (event == nullptr) return S_OK;
+    if (!(reserved == IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     return AtBoundary([&] {
         Variant state;
         const HRESULT taken = TakeArgument(*event, arguments, state, bad_argument);

@@ -1,35 +1,49 @@
 #include "controls/presets/PresetList.h"
 
+#include <algorithm>
+
 #include "platform/system/case_fold.h"
 
 namespace hx {
 
-void PresetList::Enter(size_t position) const {
-    const PresetEntry& entry = m_entries[position];
-    if (entry.flag == 0) m_exact.try_emplace(entry.name, position);
-    m_folded.try_emplace(FoldCase(entry.name), position);
+void PresetList::Index::Add(std::wstring key, uint64_t number) {
+    std::vector<uint64_t>& numbers = m_numbers[std::move(key)];
+    numbers.insert(std::ranges::lower_bound(numbers, number), number);
 }
 
-void PresetList::Index() const {
-    if (m_indexed) return;
-    m_exact.clear();
-    m_folded.clear();
-    for (size_t position = 0; position < m_entries.size(); ++position) Enter(position);
-    m_indexed = true;
+void PresetList::Index::Remove(const std::wstring& key, uint64_t number) {
+    const auto found = m_numbers.find(key);
+    if (found == m_numbers.end()) return;
+    std::erase(found->second, number);
+    if (found->second.empty()) m_numbers.erase(found);
 }
 
-const PresetEntry* PresetList::Find(const Positions& positions, const std::wstring& key) const {
-    const auto found = positions.find(key);
-    return found != positions.end() ? &m_entries[found->second] : nullptr;
+const uint64_t* PresetList::Index::First(const std::wstring& key) const {
+    const auto found = m_numbers.find(key);
+    return found != m_numbers.end() && !found->second.empty() ? &found->second.front() : nullptr;
+}
+
+void PresetList::Enter(const PresetEntry& entry) {
+    if (entry.flag == 0) m_exact.Add(entry.name, entry.number);
+    m_folded.Add(FoldCase(entry.name), entry.number);
+}
+
+void PresetList::Leave(const PresetEntry& entry) {
+    m_exact.Remove(entry.name, entry.number);
+    m_folded.Remove(FoldCase(entry.name), entry.number);
+}
+
+const PresetEntry* PresetList::Find(const Index& index, const std::wstring& key) const {
+    const uint64_t* const number = index.First(key);
+    if (number == nullptr) return nullptr;
+    return &*std::ranges::lower_bound(m_entries, *number, {}, &PresetEntry::number);
 }
 
 const PresetEntry* PresetList::FindExact(std::wstring_view name) const {
-    Index();
     return Find(m_exact, std::wstring(name));
 }
 
 const PresetEntry* PresetList::FindWithoutCase(std::wstring_view name) const {
-    Index();
     return Find(m_folded, FoldCase(name));
 }
 
@@ -39,22 +53,21 @@ PresetEntry* PresetList::Exact(std::wstring_view name) {
 }
 
 void PresetList::Clear() {
-    m_indexed = false;
+    m_exact.Clear();
+    m_folded.Clear();
     m_entries.clear();
 }
 
 void PresetList::Append(PresetEntry entry) {
+    entry.number = m_next_number++;
     m_entries.push_back(std::move(entry));
-    if (!m_indexed) return;
-    m_indexed = false;  // unless the entry gets in
-    Enter(m_entries.size() - 1);
-    m_indexed = true;
+    Enter(m_entries.back());
 }
 
 bool PresetList::Remove(std::wstring_view name) {
     const PresetEntry* const entry = FindExact(name);
     if (entry == nullptr) return false;
-    m_indexed = false;
+    Leave(*entry);
     m_entries.erase(m_entries.begin() + (entry - m_entries.data()));
     return true;
 }
@@ -62,10 +75,10 @@ bool PresetList::Remove(std::wstring_view name) {
 bool PresetList::Rename(std::wstring_view name, std::wstring_view new_name) {
     PresetEntry* const entry = Exact(name);
     if (entry == nullptr) return false;
-    std::wstring display_name(new_name);
-    m_indexed = false;
+    Leave(*entry);
     entry->name = new_name;
-    entry->display_name = std::move(display_name);
+    entry->display_name = new_name;
+    Enter(*entry);
     return true;
 }
 

@@ -18,6 +18,7 @@ struct PresetEntry {
     std::wstring display_name;  // as the operator sees it
     uint8_t flag = 0;           // an entry with another value is not found by its exact name
     ComPtr<IDynamicSettingsPreset> preset;
+    uint64_t number = 0;  // given by the list, and kept wherever the entry moves; numbers rise along the list
 };
 
 class PresetList {
@@ -37,18 +38,28 @@ public:
     bool SetPreset(std::wstring_view name, ComPtr<IDynamicSettingsPreset> preset);
 
 private:
-    using Positions = std::unordered_map<std::wstring, size_t>;
+    // The entries of each name, by their numbers.
+    class Index {
+    public:
+        void Add(std::wstring key, uint64_t number);
+        void Remove(const std::wstring& key, uint64_t number);
+        // Null for none.
+        const uint64_t* First(const std::wstring& key) const;
+        void Clear() { m_numbers.clear(); }
 
+    private:
+        std::unordered_map<std::wstring, std::vector<uint64_t>> m_numbers;
+    };
+
+    const PresetEntry* Find(const Index& index, const std::wstring& key) const;
     PresetEntry* Exact(std::wstring_view name);
-    const PresetEntry* Find(const Positions& positions, const std::wstring& key) const;
-    void Index() const;
-    void Enter(size_t position) const;
+    void Enter(const PresetEntry& entry);
+    void Leave(const PresetEntry& entry);
 
     std::vector<PresetEntry> m_entries;
-    // The first entry of each name. Made when a name is looked for after the names have moved.
-    mutable bool m_indexed = false;
-    mutable Positions m_exact;
-    mutable Positions m_folded;
+    uint64_t m_next_number = 0;
+    Index m_exact;
+    Index m_folded;
 };
 
 }  // namespace hx

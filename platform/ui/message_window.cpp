@@ -133,6 +133,15 @@ bool PostWindowMessage(WindowHandle window, const WindowMessage& message) {
     return true;
 }
 
+void DropWindowMessages(WindowHandle window, uint32_t id) {
+    Windows& windows = AllWindows();
+    const std::lock_guard lock(windows.mutex);
+    const auto found = windows.entries.find(window);
+    if (found == windows.entries.end()) return;
+    std::erase_if(found->second.queue->messages,
+                  [&](const Posted& posted) { return posted.window == window && posted.message.id == id; });
+}
+
 size_t DispatchMessages() {
     const std::shared_ptr<Queue> queue = ThreadQueue::Get();
     if (!queue) return 0;

@@ -49,6 +49,9 @@ private:
 // False, and nothing is done, if there is no such window any more. Any thread. Throws std::bad_alloc.
 HX_PLATFORM_API bool PostWindowMessage(WindowHandle window, const WindowMessage& message);
 
+// Messages of that id that wait for the window, which is one of this thread's, are dropped.
+HX_PLATFORM_API void DropWindowMessages(WindowHandle window, uint32_t id);
+
 // Delivers this thread's messages, those posted meanwhile included, until there is none; says how many.
 HX_PLATFORM_API size_t DispatchMessages();
 

@@ -77,9 +77,10 @@ void Simulator::StopTrackingOf(const void* handle) {
 }
 
 void Simulator::Observe(const void* handle, ComPtr<ITrackingCycleObserver> observer) {
+    if (!observer) return StopObservingFor(handle);
     {
         const std::lock_guard guard(m_mutex);
-        m_observed_by = observer ? handle : nullptr;
+        m_observed_by = handle;
     }
     TheScanner()->SetObserver(std::move(observer));
 }

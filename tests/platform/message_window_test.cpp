@@ -55,6 +55,13 @@ TEST(MessageWindow, MessagesKeepTheirOrderOverAllWindows) {
     EXPECT_EQ(hx::DispatchMessages(), 4u);
     EXPECT_EQ(got, (std::vector<std::pair<char, uint32_t>>{{'a', 1}, {'b', 2}, {'b', 3}, {'a', 9}}));
     EXPECT_EQ(hx::DispatchMessages(), 0u);
+
+    for (const uint32_t id : {4u, 5u, 4u}) hx::PostWindowMessage(a.Handle(), {id, ~uint64_t{0}, -5});
+    hx::PostWindowMessage(b.Handle(), {4});
+    hx::DropWindowMessages(a.Handle(), 4);
+    got.clear();
+    EXPECT_EQ(hx::DispatchMessages(), 2u);
+    EXPECT_EQ(got, (std::vector<std::pair<char, uint32_t>>{{'a', 5}, {'b', 4}}));
 }
 
 TEST(MessageWindow, TakesItsMessagesAlong) {
