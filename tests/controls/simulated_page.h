@@ -7,21 +7,26 @@
 #include "controls/api/cHXApiEventsSinkSimple.h"
 #include "controls/session/ScannerSession.h"
 #include "core/errors/MDiagnosticsRegistry.h"
+#include "core/errors/MErrorCom.h"
 #include "hxapi/ITrackingCycleObserver.h"
 #include "platform/system/sleep.h"
 #include "tests/simulator/api/simulator_fixture.h"
 
 namespace simulated {
 
-// A preview that looks at nothing, counted while it is there.
+// A preview that counts what it sees, and is counted while it is there.
 class Observer final : public hx::Implements<Observer, hx::FreeThreaded, ITrackingCycleObserver> {
 public:
     inline static std::atomic<int32_t> s_alive = 0;
+    inline static std::atomic<uint32_t> s_cycles = 0;
 
     Observer() { ++s_alive; }
     ~Observer() override { --s_alive; }
     HRESULT STDMETHODCALLTYPE OnTrackingAreas(const TrackingArea*, uint32_t) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE OnTrackingCycle(const TrackingCycle*) override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE OnTrackingCycle(const TrackingCycle*) override {
+        ++s_cycles;
+        return S_OK;
+    }
 };
 
 // The code without its class.
@@ -45,10 +50,11 @@ public:
             ErrorBox(exception);
         }
     }
-    using cHXApiEventsSinkSimple<Page>::MakeEventsSink;
+    hx::ComPtr<IUnknown> MakeEventsSink() override { return cHXApiEventsSinkSimple<Page>::MakeEventsSink(); }
 
     hx::ComPtr<IDynamicSettingsPreset> working;
     std::vector<std::string> boxes;           // the codes of the last errors
+    HRESULT result_in_box = S_OK;             // of the call behind the last error
     std::function<void()> while_box_is_open;  // once
     std::string failing_hook;
     std::vector<int32_t> messages;
@@ -59,9 +65,12 @@ private:
         messages.push_back(hx::ConnectionStateOf(message));
         if (message.id == hx::WM_HX_CONNECTION_STATE) session.OnConnectionStateChange(messages.back());
     }
-    hx::ComPtr<IUnknown> MakeEventsSink() override { return cHXApiEventsSinkSimple<Page>::MakeEventsSink(); }
     void ErrorBox(const hx::MException& exception) override {
         boxes.push_back(CodeOf(exception.GetChain().back()->GetCode()));
+        for (const auto& error : exception.GetChain()) {
+            const auto* const call = dynamic_cast<const hx::MErrorCom*>(error.get());
+            if (call != nullptr) result_in_box = call->GetResult();
+        }
         Log("box", std::string("[\"").append(boxes.back()).append("\"]"));
         if (while_box_is_open) std::exchange(while_box_is_open, nullptr)();
     }
