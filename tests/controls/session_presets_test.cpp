@@ -67,6 +67,17 @@ TEST_F(SessionFiles, TheCustomPresetIsStoredByTheFirstSaveOnly) {
     another_page->SetApi(nullptr);
 }
 
+TEST_F(SessionFiles, ACustomPresetThatCouldNotBeStoredIsNotThere) {
+    Fail("SaveDynamicSettingsPresets", E_ACCESSDENIED);
+    Page& page = Open(HXConnected, hx::kHandheldSession, kCustom);
+    EXPECT_EQ(page.boxes, std::vector<std::string>{"Save:SaveDynamicSettingsPresets"});
+    EXPECT_EQ(page.session.Presets().Count(), 4u);
+    Arrive(HXConnected);
+    EXPECT_EQ(page.session.Presets().Count(), 5u);
+    AddOwn(page);
+    EXPECT_EQ(Stored(), kFactory + " Own: $DEFAULT");
+}
+
 // As a program leaves it that ends after the first save.
 TEST_F(SessionFiles, AStoredCustomPresetStaysOnlyIfItIsAskedFor) {
     Open(HXConnected, hx::kHandheldSession, kCustom);
