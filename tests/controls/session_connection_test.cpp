@@ -1,5 +1,6 @@
 // What changes of the connection lead to, told by the simulated scanner API on its own thread, and what
 // happens when they come in between.
+#include "platform/com/fatal_error.h"
 #include "tests/controls/simulated_page.h"
 
 namespace {
@@ -112,6 +113,30 @@ TEST_F(SessionConnection, ChangesDuringAnOperationWaitForItsEnd) {
     page.session.SetApi(nullptr);
     Arrive(0);
     EXPECT_EQ(page.session.ConnectionState(), 7);
+}
+
+TEST_F(SessionConnection, AListenerIsAdvisedOnceAndItsCookieForgotten) {
+    Page& page = NewPage();
+    hx::ApiEventsConnection connection;
+    Fail("Advise");
+    connection.Advise(m_api.get(), page.MakeEventsSink().get());
+    EXPECT_EQ(connection.Cookie(), 0xFEFEFEFEu);
+    for (int i = 0; i < 2; ++i) {
+        connection.Advise(m_api.get(), page.MakeEventsSink().get());
+        try {
+            connection.Advise(m_api.get(), page.MakeEventsSink().get());
+            ADD_FAILURE();
+        } catch (const hx::FatalComError& error) {
+            EXPECT_EQ(error.result, E_FAIL);
+        }
+        page.messages.clear();
+        Arrive(1);
+        EXPECT_EQ(page.messages.size(), 1u);
+        connection.Unadvise(m_api.get());
+        EXPECT_EQ(connection.Cookie(), 0xFEFEFEFEu);
+        Arrive(1);
+        EXPECT_EQ(page.messages.size(), 1u);
+    }
 }
 
 // A host may destroy the page while a box is open. Nothing may touch the page afterwards.
