@@ -2,7 +2,9 @@
 // told, how the session goes on, and that a reconnection sets the page up again.
 #include <iterator>
 #include <set>
+#include <span>
 
+#include "controls/api/TextArray.h"
 #include "tests/controls/simulated_page.h"
 
 namespace {
@@ -119,28 +121,26 @@ protected:
     void CheckCase(const hx::SessionRules& rules, size_t phase, const std::vector<std::string>& good,
                    size_t place, HRESULT result) {
         const std::string operation = OperationOf(good[place]);
-        const auto nth = std::count_if(
-            good.begin(), good.begin() + static_cast<std::ptrdiff_t>(place),
-            [&](const std::string& line) { return !IsOfPage(line) && OperationOf(line) == operation; });
+        const std::span<const std::string> before(good.data(), place);
+        const auto nth = static_cast<int32_t>(std::ranges::count_if(before, [&](const std::string& line) {
+            return !IsOfPage(line) && OperationOf(line) == operation;
+        }));
         SCOPED_TRACE(m_phases[phase].name + ", " + operation + " " + std::to_string(nth) + ", " +
                      std::to_string(result));
-        const Consequence& expected =
-            ConsequenceOf(m_phases[phase].name, operation, static_cast<int32_t>(nth));
+        const Consequence& expected = ConsequenceOf(m_phases[phase].name, operation, nth);
         Page& page = RunUntil(phase, rules);
-        Fail(operation, result, static_cast<int32_t>(nth));
+        Fail(operation, result, nth);
         const std::vector<std::string> calls = Run(page, phase);
         m_hands->ClearFaults();
 
         ASSERT_GT(calls.size(), place);
-        EXPECT_TRUE(
-            std::equal(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(place), calls.begin()))
+        EXPECT_TRUE(std::ranges::equal(before, std::span(calls.data(), place)))
             << "something else was called before";
         EXPECT_TRUE(calls[place].starts_with(good[place] + " = ")) << calls[place];
-        const bool was_last =
-            std::all_of(good.begin() + static_cast<std::ptrdiff_t>(place) + 1, good.end(), &IsOfPage);
-        const bool went_on =
-            !std::all_of(calls.begin() + static_cast<std::ptrdiff_t>(place) + 1, calls.end(), &IsOfPage);
-        EXPECT_EQ(went_on, expected.goes_on && !was_last);
+        const auto goes_on = [&](const std::vector<std::string>& lines) {
+            return !std::ranges::all_of(std::span(lines).subspan(place + 1), &IsOfPage);
+        };
+        EXPECT_EQ(goes_on(calls), expected.goes_on && goes_on(good));
         EXPECT_EQ(CountOf(calls, "page.box("), expected.boxes);
         EXPECT_EQ(CountOf(calls, "page.logged("), expected.logged);
         for (const std::string& box : page.boxes) EXPECT_TRUE(box.ends_with(":" + operation)) << box;
@@ -188,9 +188,8 @@ protected:
     int m_runs = 0;
 };
 
-// How often: each of the calls of a good session, handheld and measurement, by each result. These numbers
-// change with the sessions; those of operations with the table of the simulator, where each new operation is
-// either called by a session or not.
+// The number of cases changes when a session calls more or less; those of the operations change with the
+// simulator's table.
 TEST_F(SessionFaults, EveryCallOfASessionByEveryResult) {
     size_t cases = 0;
     std::set<std::string> used;
@@ -207,20 +206,18 @@ TEST_F(SessionFaults, EveryCallOfASessionByEveryResult) {
             }
         }
     }
+    // A good session of each kind makes so many calls together.
     EXPECT_EQ(cases, 123u * std::size(kResults));
 
     // What no session calls may fail as it likes.
     hx::SafeArray listed;
     ASSERT_EQ(m_hands->GetOperations(listed.put()), S_OK);
-    LONG last = 0;
-    ASSERT_EQ(SafeArrayGetUBound(listed.get(), 1, &last), S_OK);
-    EXPECT_EQ(last + 1, 55);
+    const auto operations = hx::TextsOf(listed.get());
+    EXPECT_EQ(operations->size(), 55u);
     EXPECT_EQ(used.size(), 25u);
     const auto good = GoodSession(hx::kHandheldSession);
-    for (LONG i = 0; i <= last; ++i) {
-        hx::Bstr name;
-        ASSERT_EQ(SafeArrayGetElement(listed.get(), &i, name.put()), S_OK);
-        const std::string operation = hx::ToUtf8(name.view());
+    for (const std::wstring& name : *operations) {
+        const std::string operation = hx::ToUtf8(name);
         if (!used.contains(operation.substr(operation.find('.') + 1))) Fail(operation, E_FAIL, 0, -1);
     }
     EXPECT_EQ(GoodSession(hx::kHandheldSession), good);

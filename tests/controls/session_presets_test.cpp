@@ -1,4 +1,5 @@
 // What sessions leave on disk: the presets of the simulated scanner, and recordings.
+#include "controls/api/TextArray.h"
 #include "core/keys/MRegistryKeyLib.h"
 #include "tests/controls/simulated_page.h"
 #include "tests/memory_registry.h"
@@ -14,30 +15,19 @@ const std::string kFactory = "$DEFAULT $SHINY $DARK $SHEETMETAL @QUALIFICATION";
 
 class SessionFiles : public simulated::WithPages {
 protected:
-    // What another program would find: the names, and the one that is selected behind a colon.
+    // What lies on disk: the names, and the one that is selected behind a bar.
     std::string Stored() {
-        const auto other = Create<IHXApi>(kProgIdHXSimulator);
-        EXPECT_EQ(other.as<IHXSimulator>()->SetPresetsFolder(Text(m_folder.path().string())), S_OK);
-        hx::ComPtr<IUnknown> object;
-        EXPECT_EQ(other.as<IHXApiInternal>()->CreateCalibrationHandle(nullptr, IID_ICalibrationHandle,
-                                                                      object.put(), nullptr),
-                  S_OK);
-        const auto handle = object.as<ICalibrationHandle>();
+        const auto handle = NewHandle();
         hx::SafeArray names, display_names;
         hx::Bstr selected;
         EXPECT_EQ(handle->EnumerateDynamicSettingsPresets(Text("HX"), names.put(), display_names.put()),
                   S_OK);
         EXPECT_EQ(handle->GetSelectedDynamicSettingsPreset(Text("HX"), selected.put()), S_OK);
-        std::string text;
-        LONG last = -1;
-        SafeArrayGetUBound(names.get(), 1, &last);
-        for (LONG i = 0; i <= last; ++i) {
-            hx::Bstr name;
-            EXPECT_EQ(SafeArrayGetElement(names.get(), &i, name.put()), S_OK);
-            text += hx::ToUtf8(name.view()) + (i < last ? " " : ": ");
-        }
+        const auto texts = hx::TextsOf(names.get());
+        std::wstring text;
+        for (const std::wstring& name : *texts) text += name + L" ";
         Lines();
-        return text + hx::ToUtf8(selected.view());
+        return hx::ToUtf8(text + L"| " + std::wstring(selected.view()));
     }
     // Saves it.
     static void AddOwn(Page& page) {
@@ -52,10 +42,10 @@ protected:
 TEST_F(SessionFiles, TheCustomPresetIsStoredByTheFirstSaveOnly) {
     Page& page = Open(HXConnected, hx::kHandheldSession, kCustom);
     hx::MDynamicSettingsPresets& presets = page.session.Presets();
-    EXPECT_EQ(Stored(), kFactory + " $CUSTOM: $DEFAULT");
+    EXPECT_EQ(Stored(), kFactory + " $CUSTOM | $DEFAULT");
     presets.SetSelectedName(L"$CUSTOM");
     AddOwn(page);
-    EXPECT_EQ(Stored(), kFactory + " Own: $DEFAULT") << "and is never the stored selection";
+    EXPECT_EQ(Stored(), kFactory + " Own | $DEFAULT") << "and is never the stored selection";
     EXPECT_EQ(presets.Count(), 6u);
     // It goes with the page; what another page sees of the manager is as the store.
     const hx::PresetsReference another_page;
@@ -75,7 +65,7 @@ TEST_F(SessionFiles, ACustomPresetThatCouldNotBeStoredIsNotThere) {
     Arrive(HXConnected);
     EXPECT_EQ(page.session.Presets().Count(), 5u);
     AddOwn(page);
-    EXPECT_EQ(Stored(), kFactory + " Own: $DEFAULT");
+    EXPECT_EQ(Stored(), kFactory + " Own | $DEFAULT");
 }
 
 // As a program leaves it that ends after the first save.
@@ -84,10 +74,10 @@ TEST_F(SessionFiles, AStoredCustomPresetStaysOnlyIfItIsAskedFor) {
     for (const wchar_t* const profile : {L"$custom", L"$DARK"}) {
         Page& page = Open(HXConnected, hx::kHandheldSession, {true, L"HXScanner", L"HX", profile});
         EXPECT_EQ(page.session.Presets().Count(), profile[1] == L'c' ? 5u : 4u);
-        EXPECT_EQ(Stored(), kFactory + " $CUSTOM: $DEFAULT");
+        EXPECT_EQ(Stored(), kFactory + " $CUSTOM | $DEFAULT");
         if (profile[1] == L'D') AddOwn(page);
     }
-    EXPECT_EQ(Stored(), kFactory + " Own: $DEFAULT");
+    EXPECT_EQ(Stored(), kFactory + " Own | $DEFAULT");
 }
 
 TEST_F(SessionFiles, AnUnknownVersionIsToldOnceAndTheOthersAreLoaded) {
@@ -125,11 +115,11 @@ TEST_F(SessionFiles, AListThatWasReadInPartIsNotSaved) {
     EXPECT_EQ(page.boxes, std::vector<std::string>{"Load:GetDynamicSettingsPreset"});
     EXPECT_EQ(page.session.Presets().Count(), 2u);
     AddOwn(page);
-    EXPECT_EQ(Stored(), kFactory + ": $DEFAULT");
+    EXPECT_EQ(Stored(), kFactory + " | $DEFAULT");
     for (const int32_t state : {0, 2, 1}) Arrive(state);
     EXPECT_EQ(page.session.Presets().Count(), 4u);
     AddOwn(page);
-    EXPECT_EQ(Stored(), kFactory + " Own: $DEFAULT");
+    EXPECT_EQ(Stored(), kFactory + " Own | $DEFAULT");
 }
 
 TEST_F(SessionFiles, ASessionLeavesTheRecordingThatTheRegistryAsksFor) {

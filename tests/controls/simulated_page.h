@@ -29,6 +29,12 @@ public:
     }
 };
 
+// Enters what a page did, with an argument in JSON or none.
+inline void LogOfPage(IHXSimulator& hands, const std::string& what, const std::string& argument = "") {
+    const std::wstring arguments = L"[" + *hx::FromUtf8(argument) + L"]";
+    hands.LogCall(hx::Bstr(L"page").get(), hx::Bstr(*hx::FromUtf8(what)).get(), hx::Bstr(arguments).get());
+}
+
 // The code without its class.
 inline std::string CodeOf(std::wstring_view code) {
     return hx::ToUtf8(code.substr(code.find(L'.') + 1));
@@ -71,14 +77,14 @@ private:
             const auto* const call = dynamic_cast<const hx::MErrorCom*>(error.get());
             if (call != nullptr) result_in_box = call->GetResult();
         }
-        Log("box", std::string("[\"").append(boxes.back()).append("\"]"));
+        LogOfPage(*m_hands, "box", nlohmann::json(boxes.back()).dump());
         if (while_box_is_open) std::exchange(while_box_is_open, nullptr)();
     }
     std::shared_ptr<void> ShowWaitCursor() override {
-        Enter("cursor", "[true]");
-        return {nullptr, [hands = m_hands](void*) { LogOf(*hands, "cursor", "[false]"); }};
+        Enter("cursor", "true");
+        return {nullptr, [hands = m_hands](void*) { LogOfPage(*hands, "cursor", "false"); }};
     }
-    void EnableControls(bool enable) override { Enter("enable", enable ? "[true]" : "[false]"); }
+    void EnableControls(bool enable) override { Enter("enable", enable ? "true" : "false"); }
     hx::ComPtr<IUnknown> TrackingObserver() override { return m_observer; }
     void ResetPreview() override { Enter("preview"); }
     void SetPresets(hx::ComPtr<IDynamicSettingsPreset> new_working,
@@ -89,7 +95,7 @@ private:
     }
     void FillGainList() override { Enter("gains"); }
     void SetExposureRange(uint32_t longest_exposure_us) override {
-        Enter("range", std::string("[").append(std::to_string(longest_exposure_us)).append("]"));
+        Enter("range", std::to_string(longest_exposure_us));
     }
     void FinishReopening() override { Enter("finish"); }
     hx::ComPtr<IDynamicSettingsPreset> WorkingPreset() override { return working; }
@@ -97,13 +103,8 @@ private:
     void RefreshExposureRows() override { Enter("rows"); }
     void LeaveControls() override { Enter("leave"); }
 
-    static void LogOf(IHXSimulator& hands, const std::string& what, const std::string& arguments) {
-        hands.LogCall(hx::Bstr(L"page").get(), hx::Bstr(*hx::FromUtf8(what)).get(),
-                      hx::Bstr(*hx::FromUtf8(arguments)).get());
-    }
-    void Log(const std::string& what, const std::string& arguments) { LogOf(*m_hands, what, arguments); }
-    void Enter(const std::string& what, const std::string& arguments = "[]") {
-        Log(what, arguments);
+    void Enter(const std::string& what, const std::string& argument = "") {
+        LogOfPage(*m_hands, what, argument);
         if (what == failing_hook) throw hx::MException(hx::MError(L"Page." + *hx::FromUtf8(what)));
     }
 
@@ -120,7 +121,8 @@ protected:
     void SetUp() override {
         SimulatorTest::SetUp();
         s_test = this;
-        hx::SetSleeper([](uint32_t time_ms) { s_test->Enter("wait", std::to_string(time_ms)); });
+        hx::SetSleeper(
+            [](uint32_t time_ms) { LogOfPage(*s_test->m_hands, "wait", std::to_string(time_ms)); });
         hx::SetDiagnosticsRegistry(this);
     }
     void TearDown() override {
@@ -205,16 +207,12 @@ protected:
     std::list<Page> m_pages;
 
 private:
-    void Enter(const std::string& what, const std::string& argument) {
-        m_hands->LogCall(hx::Bstr(L"page").get(), hx::Bstr(*hx::FromUtf8(what)).get(),
-                         hx::Bstr(*hx::FromUtf8(std::string("[").append(argument).append("]"))).get());
-    }
     void OnClass(const char*) override {}
     void OnLocation(const char*, const char*) override {}
     void OnRootError(const hx::MErrorLocation&, std::wstring_view) override {}
     void OnCascadeError(const hx::MErrorLocation&, std::wstring_view) override {}
     void OnDismissedError(const hx::MErrorLocation&, std::wstring_view code) override {
-        Enter("logged", std::string("\"").append(CodeOf(code)).append("\""));
+        LogOfPage(*m_hands, "logged", nlohmann::json(CodeOf(code)).dump());
     }
     void OnReturnedError(const hx::MErrorLocation&, HRESULT) override {}
     void OnException(const hx::MErrorLocation&, const hx::MException&, int32_t) override {}
