@@ -43,7 +43,7 @@ public:
 
     ComPtr<IDynamicSettingsPreset> CreateNewPreset();
     // Sees to it that there is a custom preset; tells whether it was added here. The save that comes with it
-    // is the only one that stores it.
+    // is the only one that stores it; if it fails, there is none.
     bool SetCustomPreset();
     // If it was added here.
     void RemoveCustomPreset();

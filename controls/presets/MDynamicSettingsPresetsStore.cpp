@@ -128,7 +128,14 @@ ComPtr<IDynamicSettingsPreset> MDynamicSettingsPresets::CreateNewPreset() {
 bool MDynamicSettingsPresets::SetCustomPreset() {
     static MErrorLocation location(kClass, "SetCustomPreset");
     if (m_entries.FindExact(kCustomProfileName) != nullptr) return m_custom_present;
-    SetPreset(kCustomProfileName, CreatePreset(ApiOperation(location, this), 147, m_handle));
+    ComPtr<IDynamicSettingsPreset> preset = CreatePreset(ApiOperation(location, this), 147, m_handle);
+    try {
+        SetPreset(kCustomProfileName, std::move(preset));
+    } catch (...) {
+        // Else it would pass for one that was stored, and be stored with every save from now on.
+        RemovePreset(kCustomProfileName);
+        throw;
+    }
     SetDisplayName(kCustomProfileName, MResourceLocale::LoadStringResource(kUserDefined));
     // Not before it is stored for once: saves leave it out from now on.
     m_custom_present = true;

@@ -63,13 +63,9 @@ HRESULT Cable::Replace(std::shared_ptr<Scanner> scanner) {
 }
 
 void Cable::SetState(int32_t state, bool tells) {
-    {
-        const std::lock_guard guard(m_end->mutex);
-        m_end->Set(state);
-    }
-    if (!tells) return;
-    const ConnectionEvent event{state, false};
-    m_events.Post({&event, 1});
+    const std::lock_guard guard(m_end->mutex);
+    m_end->Set(state);
+    if (tells) PostThatItIs(state);
 }
 
 void Cable::Connect() {
@@ -81,13 +77,15 @@ void Cable::Disconnect() {
 }
 
 void Cable::HangUp() {
-    {
-        const std::lock_guard guard(m_end->mutex);
-        ++m_end->cuts;
-        m_end->Set(HXNotConnected);
-    }
-    constexpr ConnectionEvent kLost{HXNotConnected, false};
-    m_events.Post({&kLost, 1});
+    const std::lock_guard guard(m_end->mutex);
+    ++m_end->cuts;
+    m_end->Set(HXNotConnected);
+    PostThatItIs(HXNotConnected);
+}
+
+void Cable::PostThatItIs(int32_t state) {
+    const ConnectionEvent event{state, false};
+    m_events.Post({&event, 1});
 }
 
 void Cable::Post(std::span<const ConnectionEvent> events) {

@@ -1,5 +1,5 @@
 // The connection to a simulated scanner: its state, the scanner at its end, and the listeners who are told of
-// changes. Shared by the objects of one simulated scanner API. Any thread; nothing is called with a lock.
+// changes. Shared by the objects of one simulated scanner API. Any thread; no listener is called with a lock.
 #pragma once
 
 #include "platform/com/connection_point.h"
@@ -40,6 +40,8 @@ private:
         void Tell(const ConnectionEvent& event);
     };
 
+    // With the lock of the state held, so that the last state that is told is the last that was set.
+    void PostThatItIs(int32_t state);
     // What arrives does so unless the connection is cut before.
     void Post(std::span<const ConnectionEvent> events);
 

@@ -25,17 +25,6 @@ protected:
 constexpr char kSelection[] = "GetConnectionState, GetCurrentProfile, GetDriverSelection, GetConnectionState";
 constexpr char kProperties[] = "GetDeviceManager, GetDriverProperties CategoryScanner ";
 
-TEST_F(PresetsDevice, AHandleComesWithTheNamesOfWhatIsConnected) {
-    EXPECT_TRUE(m_presets.CreateCalibrationHandle());
-    EXPECT_EQ(m_script.Calls(),
-              std::string(kSelection) + ", " + kProperties + "driver, CreateCalibrationHandle driver");
-    EXPECT_EQ(Names(), "driver device driver device");
-    EXPECT_TRUE(m_presets.IsDeviceActive());
-    // The connected device is not asked for again.
-    EXPECT_TRUE(m_presets.CreateCalibrationHandle());
-    EXPECT_EQ(m_script.Calls(), std::string(kSelection) + ", CreateCalibrationHandle driver");
-}
-
 TEST_F(PresetsDevice, ConfiguredNamesStay) {
     m_presets.SetNames(L"other driver", L"other");
     EXPECT_TRUE(m_presets.CreateCalibrationHandle());

@@ -11,10 +11,8 @@
 #include "core/errors/MException.h"
 #include "hxapi/ICalibrationHandle.h"
 #include "hxapi/IHXApi.h"
-#include "hxapi/IHXApiEvents.h"
 #include "hxapi/IHXApiInternal.h"
-#include "hxapi/IReplayCapture.h"
-#include "platform/com/connection_point.h"
+#include "platform/com/class_table.h"
 
 namespace scripted {
 
@@ -129,34 +127,18 @@ class Handle final : public hx::Implements<Handle, hx::SingleThreaded, ICalibrat
 public:
     using Counted::Counted;
 
-    HRESULT AcquireHandle() override { return Gate("AcquireHandle"); }
-    HRESULT ReleaseHandle() override { return Gate("ReleaseHandle"); }
-    HRESULT InitialiseScanner(int32_t mode, int32_t options, int32_t enable) override {
-        return Gate("InitialiseScanner " + std::to_string(mode) + std::to_string(options) +
-                    std::to_string(enable));
-    }
-    HRESULT DisableScanner() override { return Gate("DisableScanner"); }
-    HRESULT RegisterTrackingCycleObserver(IUnknown* observer) override {
-        return Gate(observer == nullptr ? "RegisterTrackingCycleObserver null"
-                                        : "RegisterTrackingCycleObserver");
-    }
-    HRESULT ActivateDynamicSettings(IDynamicSettingsPreset*) override {
-        return Gate("ActivateDynamicSettings");
-    }
-    HRESULT ActivateGlobalScanningSettings(VARIANT settings) override {
-        if (settings.vt != VT_UI8) return E_INVALIDARG;
-        const auto& record = *reinterpret_cast<const MGlobalScanningSettings*>(settings.ullVal);
-        return Gate("ActivateGlobalScanningSettings " + std::to_string(record.HorizontalFov) +
-                    std::to_string(record.VerticalFov) + std::to_string(record.FrequencySelection));
-    }
+    HRESULT AcquireHandle() override { return E_NOTIMPL; }
+    HRESULT ReleaseHandle() override { return E_NOTIMPL; }
+    HRESULT InitialiseScanner(int32_t, int32_t, int32_t) override { return E_NOTIMPL; }
+    HRESULT DisableScanner() override { return E_NOTIMPL; }
+    HRESULT RegisterTrackingCycleObserver(IUnknown*) override { return E_NOTIMPL; }
+    HRESULT ActivateDynamicSettings(IDynamicSettingsPreset*) override { return E_NOTIMPL; }
+    HRESULT ActivateGlobalScanningSettings(VARIANT) override { return E_NOTIMPL; }
     HRESULT GetGlobalScanningSettings(BSTR, VARIANT) override { return E_NOTIMPL; }
     HRESULT GetFovManagementConfig(FovManagementConfig*) override { return E_NOTIMPL; }
     HRESULT GetFrequencyReductionSupport(int32_t*) override { return E_NOTIMPL; }
     HRESULT GetSupportedAnalogImagerGains(SAFEARRAY**) override { return E_NOTIMPL; }
-    HRESULT GetMaxExposureTime(BSTR device, uint32_t* exposure_us) override {
-        *exposure_us = 8000;
-        return Gate("GetMaxExposureTime " + Text(device));
-    }
+    HRESULT GetMaxExposureTime(BSTR, uint32_t*) override { return E_NOTIMPL; }
     HRESULT GetFrameRate(double*) override { return E_NOTIMPL; }
     HRESULT GetExposureTimeInRows(int32_t*) override { return E_NOTIMPL; }
     HRESULT DetectExposureTime(int16_t*) override { return E_NOTIMPL; }
@@ -214,22 +196,17 @@ private:
     }
 };
 
-class Api final : public hx::Implements<Api, hx::SingleThreaded, IHXApi, IHXApiInternal, IHXProfile,
-                                        IDeviceManager, IConnectionPointContainer>,
-                  Counted {
+class Api final
+    : public hx::Implements<Api, hx::SingleThreaded, IHXApi, IHXApiInternal, IHXProfile, IDeviceManager>,
+      Counted {
 public:
-    explicit Api(Script& script) : Counted(script) {
-        m_events = hx::Make<hx::ConnectionPoint>(*this, IID_IHXApiEvents);
-    }
-    ~Api() override { m_events->Disconnect(); }
-
-    hx::ConnectionPoint& Events() { return *m_events; }
+    using Counted::Counted;
 
     HRESULT GetConnectionState(int32_t* state, IErrorInfo**) override {
         *state = m_script.state;
         return m_script.Gate("GetConnectionState");
     }
-    HRESULT Resume(IErrorInfo**) override { return m_script.Gate("Resume"); }
+    HRESULT Resume(IErrorInfo**) override { return E_NOTIMPL; }
     HRESULT GetDeviceManager(IDeviceManager** manager, IErrorInfo**) override {
         return GiveSelf("GetDeviceManager", manager);
     }
@@ -250,14 +227,6 @@ public:
         Give(m_script.properties, xml);
         return m_script.Gate("GetDriverProperties " + Text(category) + " " + Text(name));
     }
-    HRESULT EnumConnectionPoints(IEnumConnectionPoints** points) override {
-        return hx::EnumerateConnectionPoint(*m_events, points);
-    }
-    HRESULT FindConnectionPoint(REFIID iid, IConnectionPoint** point) override {
-        const HRESULT result = iid == IID_IHXApiEvents ? m_script.Gate("FindConnectionPoint") : E_FAIL;
-        if (SUCCEEDED(result)) *point = hx::ComPtr<IConnectionPoint>(m_events).detach();
-        return result;
-    }
 
 private:
     template <class I>
@@ -266,8 +235,6 @@ private:
         if (SUCCEEDED(result)) *out = hx::ComPtr<I>(static_cast<I*>(this)).detach();
         return result;
     }
-
-    hx::ComPtr<hx::ConnectionPoint> m_events;
 };
 
 }  // namespace scripted

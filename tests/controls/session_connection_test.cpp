@@ -1,36 +1,38 @@
-// What changes of the connection lead to, on both pages, and what happens when they come in between.
-#include "tests/controls/stub_page.h"
+// What changes of the connection lead to, told by the simulated scanner API on its own thread, and what
+// happens when they come in between.
+#include "platform/com/fatal_error.h"
+#include "tests/controls/simulated_page.h"
 
 namespace {
 
-class SessionConnection : public scripted::WithPage {
+using simulated::Page;
+
+class SessionConnection : public simulated::WithPages {
 protected:
     // A selected page that has seen `stored`, set up, or given back while the handle stays.
-    void Start(const hx::SessionRules& rules, int32_t stored, bool acquired) {
-        m_script.state = stored;
-        Open(rules);
+    Page& Start(const hx::SessionRules& rules, int32_t stored, bool acquired) {
+        Page& page = Open(stored, rules, {true, L"HXScanner", L"HX", L"$DARK"});
         if (!acquired) {
-            m_script.failures = {{"GetConnectionState", {E_FAIL, 0}}};
-            m_page->session.OnDeselected();
-            m_page->session.OnSelected();
-            m_script.failures.clear();
+            page.session.OnDeselected();
+            Fail("GetConnectionState");
+            page.session.OnSelected();
         }
-        ASSERT_EQ(m_page->session.IsHandleAcquired(), acquired);
-        ASSERT_EQ(m_page->session.ConnectionState(), stored);
-        m_script.calls.clear();
+        EXPECT_EQ(page.session.IsHandleAcquired(), acquired);
+        EXPECT_EQ(page.session.ConnectionState(), stored);
+        Lines();
+        return page;
     }
     // What a change did: R released, r the same without stopping the scanner, C a handle was created, O set
     // up.
     std::string Effect(int32_t arrived) {
-        m_script.state = arrived;
-        m_page->session.OnConnectionStateChange(arrived);
+        Arrive(arrived);
         std::string effect;
         bool stopped = false;
-        for (const std::string& call : std::exchange(m_script.calls, {})) {
-            if (call == "DisableScanner") stopped = true;
-            if (call == "ReleaseHandle") effect += std::exchange(stopped, false) ? 'R' : 'r';
-            if (call.starts_with("CreateCalibrationHandle")) effect += 'C';
-            if (call == "finish") effect += 'O';
+        for (const std::string& call : Lines()) {
+            if (call == "handle.DisableScanner()") stopped = true;
+            if (call == "handle.ReleaseHandle()") effect += std::exchange(stopped, false) ? 'R' : 'r';
+            if (call.starts_with("api.CreateCalibrationHandle")) effect += 'C';
+            if (call == "page.enable(true)") effect += 'O';
         }
         return effect;
     }
@@ -49,122 +51,115 @@ TEST_F(SessionConnection, EveryRowOfBothPages) {
         {1, 1, "", "RO", "RO"}, {1, 2, "", "rO", ""},   {2, 0, "r", "r", "r"},  {2, 1, "rCO", "RO", "RO"},
         {2, 2, "", "", ""},     {0, 7, "", "", ""},     {1, -1, "", "", ""},
     };
-    for (const auto* rules : {&hx::kHandheldSession, &hx::kMeasurementSession}) {
+    for (const auto* rules : kBothRules) {
+        const bool is_handheld = rules == &hx::kHandheldSession;
         for (const Row& row : rows) {
             SCOPED_TRACE(std::to_string(row.stored) + " to " + std::to_string(row.arrived));
-            Start(*rules, row.stored, true);
+            Page& set_up = Start(*rules, row.stored, true);
             EXPECT_EQ(Effect(row.arrived), row.acquired);
-            EXPECT_EQ(m_page->session.ConnectionState(), row.arrived);
-            EXPECT_EQ(!m_page->session.Handle(), row.arrived == 0 && row.stored != 0);
+            EXPECT_EQ(set_up.session.ConnectionState(), row.arrived);
+            EXPECT_EQ(!set_up.session.Handle(), row.arrived == 0 && row.stored != 0);
             Start(*rules, row.stored, false);
-            EXPECT_EQ(Effect(row.arrived),
-                      rules == &hx::kMeasurementSession ? row.measurement_not_acquired : row.not_acquired);
+            EXPECT_EQ(Effect(row.arrived), is_handheld ? row.not_acquired : row.measurement_not_acquired);
+            // While another page is shown nothing follows.
+            Page& unselected = Start(*rules, row.stored, true);
+            unselected.session.OnDeselected();
+            Lines();
+            Arrive(row.arrived);
+            EXPECT_EQ(Text(), "\nevents.Raise(" + std::to_string(row.arrived) + ")\n");
+            EXPECT_EQ(unselected.session.ConnectionState(), is_handheld ? row.arrived : row.stored);
+            EXPECT_TRUE(unselected.session.Handle());
         }
     }
 }
 
-TEST_F(SessionConnection, ALostConnectionComesBackWithANewHandle) {
-    Start(hx::kHandheldSession, 1, true);
-    EXPECT_EQ(Effect(0), "R");
-    EXPECT_EQ(Effect(1), "CO");
-    m_script.failures = {{"Stop", {E_FAIL, 0}}};  // which does not save the handle
-    EXPECT_EQ(Effect(0), "");
-    EXPECT_FALSE(m_page->session.Handle());
-}
-
-TEST_F(SessionConnection, ASuspendedScannerIsResumedWhereThePageDoesThat) {
-    for (const auto* rules : {&hx::kHandheldSession, &hx::kMeasurementSession}) {
-        m_script.state = HXSuspended;
-        Open(*rules);
-        const std::string calls = m_script.Calls();
-        EXPECT_EQ(calls.find("Resume") != std::string::npos, rules == &hx::kHandheldSession);
-        EXPECT_EQ(calls.find("AcquireHandle"), std::string::npos);
-        EXPECT_EQ(Effect(1), "rCO");
-    }
-}
-
-TEST_F(SessionConnection, WhatArrivesWhileAnotherPageIsShown) {
-    for (const auto* rules : {&hx::kHandheldSession, &hx::kMeasurementSession}) {
-        Start(*rules, 1, true);
-        m_page->session.OnDeselected();
-        m_script.calls.clear();
-        m_page->session.OnConnectionStateChange(0);
-        EXPECT_EQ(m_script.Calls(), "");
-        EXPECT_EQ(m_page->session.ConnectionState(), rules == &hx::kHandheldSession ? 0 : 1);
-        EXPECT_TRUE(m_page->session.Handle());
-    }
-}
-
-// Events reach the session through the page's window, those of a new API instead of the old one's.
-TEST_F(SessionConnection, EventsArriveThroughTheWindow) {
-    Start(hx::kHandheldSession, 1, true);
-    const auto api = hx::Make<scripted::Api>(m_script);
-    m_page->session.SetApi(api);
-    ASSERT_EQ(api->Events().Sinks().size(), 1u);
-    VARIANT state{};
-    state.vt = VT_I4;
-    DISPPARAMS arguments{&state, nullptr, 1, 0};
-    api->Events().Sinks()[0].as<IDispatch>()->Invoke(3, IID_NULL, 0, DISPATCH_METHOD, &arguments, nullptr,
-                                                     nullptr, nullptr);
-    EXPECT_EQ(m_page->session.ConnectionState(), 1);
-    hx::DispatchMessages();
-    EXPECT_EQ(m_page->session.ConnectionState(), 0);
-    m_page->session.SetApi(nullptr);
-    EXPECT_TRUE(api->Events().Sinks().empty());
-}
-
 TEST_F(SessionConnection, ChangesDuringAnOperationWaitForItsEnd) {
-    m_script.failures = {{"AcquireHandle", {E_FAIL, 0}}};
-    m_while_box_is_open = [&] {
-        m_script.failures.clear();
-        m_script.calls.clear();
-        m_page->session.OnConnectionStateChange(0);
-        m_page->session.OnConnectionStateChange(1);
-        EXPECT_EQ(m_script.Calls(), "");
+    Page& page = NewPage();
+    m_hands->SetConnectionState(HXConnected, FALSE);
+    page.session.OnSelected();
+    Fail("AcquireHandle");
+    page.while_box_is_open = [&] {
+        Arrive(0);
+        Arrive(1);
+        EXPECT_EQ(page.messages, (std::vector<int32_t>{0, 1}));
+        EXPECT_EQ(page.session.ConnectionState(), 1);
+        Lines();
     };
-    Open();
-    const std::string calls = m_script.Calls();
+    page.session.SetApi(m_api);
+    const std::string calls = Text();
     EXPECT_TRUE(
-        calls.starts_with("disable, frame rate, Stop, DisableScanner, wait 50, "
-                          "RegisterTrackingCycleObserver null, ReleaseHandle, GetConnectionState"))
+        calls.starts_with("\npage.enable(false)\npage.rate()\nrecorder.StopTrackingDataRecording()\n"
+                          "handle.DisableScanner()\npage.wait(50)\n"))
         << calls;
-    EXPECT_TRUE(m_page->session.IsHandleAcquired());
+    EXPECT_TRUE(page.session.IsHandleAcquired());
     {
         // What the page itself does counts, too.
-        const hx::SessionOperations::Scope outer(m_page->session.Operations());
-        const hx::SessionOperations::Scope inner(m_page->session.Operations());
-        m_page->session.OnConnectionStateChange(HXSuspended);
+        const hx::SessionOperations::Scope outer(page.session.Operations());
+        const hx::SessionOperations::Scope inner(page.session.Operations());
+        Arrive(HXSuspended);
         // Another API takes the first one's word away.
-        m_script.state = HXNotConnected;
-        m_page->session.SetApi(hx::Make<scripted::Api>(m_script));
-        EXPECT_EQ(m_page->session.ConnectionState(), 1);
-        m_script.calls.clear();
+        m_hands->SetConnectionState(HXNotConnected, FALSE);
+        page.session.SetApi(m_api);
+        EXPECT_EQ(page.session.ConnectionState(), 1);
     }
-    EXPECT_EQ(m_page->session.ConnectionState(), 0);
-    EXPECT_TRUE(m_script.Calls().starts_with("Stop, DisableScanner"));
+    EXPECT_EQ(page.session.ConnectionState(), 0);
     {
         // However many they are, each is handled when the one before is over.
-        const hx::SessionOperations::Scope scope(m_page->session.Operations());
-        for (int i = 0; i < 100000; ++i) m_page->session.OnConnectionStateChange(7);
+        const hx::SessionOperations::Scope scope(page.session.Operations());
+        for (int i = 0; i < 100000; ++i) page.session.OnConnectionStateChange(7);
     }
-    EXPECT_EQ(m_page->session.ConnectionState(), 7);
+    EXPECT_EQ(page.session.ConnectionState(), 7);
+    // Without an API nobody is told.
+    page.session.SetApi(nullptr);
+    Arrive(0);
+    EXPECT_EQ(page.session.ConnectionState(), 7);
+}
+
+TEST_F(SessionConnection, AListenerIsAdvisedOnceAndItsCookieForgotten) {
+    Page& page = NewPage();
+    hx::ApiEventsConnection connection;
+    Fail("Advise");
+    connection.Advise(m_api.get(), page.MakeEventsSink().get());
+    EXPECT_EQ(connection.Cookie(), 0xFEFEFEFEu);
+    for (int i = 0; i < 2; ++i) {
+        connection.Advise(m_api.get(), page.MakeEventsSink().get());
+        try {
+            connection.Advise(m_api.get(), page.MakeEventsSink().get());
+            ADD_FAILURE();
+        } catch (const hx::FatalComError& error) {
+            EXPECT_EQ(error.result, E_FAIL);
+        }
+        page.messages.clear();
+        Arrive(1);
+        EXPECT_EQ(page.messages.size(), 1u);
+        connection.Unadvise(m_api.get());
+        EXPECT_EQ(connection.Cookie(), 0xFEFEFEFEu);
+        Arrive(1);
+        EXPECT_EQ(page.messages.size(), 1u);
+    }
 }
 
 // A host may destroy the page while a box is open. Nothing may touch the page afterwards.
 TEST_F(SessionConnection, ThePageMayGoWhileABoxIsOpen) {
     for (const bool outcome : {false, true}) {
         for (const bool destroyed : {false, true}) {
-            m_script.failures = {
-                {outcome ? "EnumerateDynamicSettingsPresets" : "AcquireHandle", {E_FAIL, 0}}};
-            m_script.chain_code = kHXPresetsUnknownVersion;
-            m_while_box_is_open = [&] {
-                m_page->session.OnConnectionStateChange(0);
-                m_page->session.OnDestroy();
-                if (destroyed) m_page.reset();
-                m_script.calls.clear();
+            m_hands->SetConnectionState(HXConnected, FALSE);
+            Page& page = NewPage();
+            page.session.OnSelected();
+            if (outcome) {
+                Fail("EnumerateDynamicSettingsPresets", E_FAIL, 0, 1, kHXPresetsUnknownVersion);
+            } else {
+                Fail("AcquireHandle");
+            }
+            page.while_box_is_open = [&] {
+                Arrive(0);
+                page.session.OnDestroy();
+                if (destroyed) m_pages.clear();
+                Lines();
             };
-            Open();
-            EXPECT_EQ(m_script.Calls(), outcome ? "no cursor" : "");
+            page.session.SetApi(m_api);
+            EXPECT_EQ(Text(), outcome ? "\npage.cursor(false)\n" : "\n");
+            EndPages();
         }
     }
 }
