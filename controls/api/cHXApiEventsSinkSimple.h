@@ -20,6 +20,9 @@ public:
         return S_OK;
     }
 
+    // States that were posted and not dispatched are dropped.
+    void ForgetEvents() { DropWindowMessages(static_cast<T*>(this)->Handle(), WM_HX_CONNECTION_STATE); }
+
     // A new listener for the page's window. Throws std::bad_alloc.
     ComPtr<IUnknown> MakeEventsSink() { return Make<ApiEventsSink>(static_cast<T*>(this)->Handle()); }
 

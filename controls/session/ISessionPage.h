@@ -1,7 +1,7 @@
 // What a session asks of the page that it belongs to. Implemented by a page, called by its ScannerSession on
-// the thread of the user interface. Hooks may throw an MException, which then counts as a failure of the
-// operation that called. ErrorBox, FinishReopening and LeaveControls may dispatch messages and may even
-// end the session.
+// the thread of the user interface. Hooks may throw an MException unless they say otherwise; it then counts
+// as a failure of the operation that called. ErrorBox, FinishReopening and LeaveControls may dispatch
+// messages, in which the page may be left, given another scanner API, or ended.
 #pragma once
 
 #include <cstdint>
@@ -17,14 +17,17 @@ class ISessionPage {
 public:
     virtual ~ISessionPage() = default;
 
-    // A new listener for events of the scanner API.
+    // A new listener for events of the scanner API; and those that an older one has posted are not to come.
     virtual ComPtr<IUnknown> MakeEventsSink() = 0;
+    virtual void ForgetEvents() = 0;
+    // A connection state was told, whatever becomes of it.
+    virtual void NoteConnectionState() {}
 
-    // Shows the failure to the operator and returns when that is done; must not throw.
-    virtual void ErrorBox(const MException& exception) = 0;
+    // Shows the failure to the operator and returns when that is done.
+    virtual void ErrorBox(const MException& exception) noexcept = 0;
     // The wait cursor is shown as long as somebody holds this; it may outlive the page.
     virtual std::shared_ptr<void> ShowWaitCursor() = 0;
-    virtual void EnableControls(bool enable) = 0;
+    virtual void EnableControls(bool enable) noexcept = 0;
 
     // The preview, as it observes tracking cycles; and it is to show nothing.
     virtual ComPtr<IUnknown> TrackingObserver() = 0;
@@ -41,7 +44,7 @@ public:
 
     // The preset that the controls change; empty before the first set-up.
     virtual ComPtr<IDynamicSettingsPreset> WorkingPreset() = 0;
-    virtual void RefreshFrameRate() = 0;
+    virtual void RefreshFrameRate() noexcept = 0;
     // The exposure in rows, after a preset was activated.
     virtual void RefreshExposureRows() = 0;
     // What the page does to its controls when it is left; the scanner was given back.

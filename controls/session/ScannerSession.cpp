@@ -29,7 +29,9 @@ ScannerSession::~ScannerSession() {
 void ScannerSession::SetApi(ComPtr<IHXApi> api) {
     if (m_operations.IsClosed()) return;
     if (m_api) m_events.Unadvise(m_api.get());
+    m_operations.Interrupt();
     m_operations.Forget();
+    m_page.ForgetEvents();
     m_api = std::move(api);
     if (!m_api) return;
     m_presets->SetApi(m_api);
@@ -42,16 +44,17 @@ void ScannerSession::SetApi(ComPtr<IHXApi> api) {
 void ScannerSession::OnSelected() {
     if (m_operations.IsClosed()) return;
     const Scope scope(m_operations);
+    m_shown = true;
     try {
-        if (m_api && m_handle) {
-            if (!AcquireCalibrationHandle(scope)) return;
-            m_page.EnableControls(true);
-        }
+        if (m_api && m_handle && AcquireCalibrationHandle(scope)) m_page.EnableControls(true);
     } catch (const MException& exception) {
-        m_page.EnableControls(false);
-        m_page.ErrorBox(exception);
-        if (!scope.IsSessionOpen()) return;
+        if (scope.MayGoOn()) {
+            m_page.EnableControls(false);
+            m_page.ErrorBox(exception);
+        }
     }
+    // The host may have left the page while a box was open.
+    if (!scope.IsSessionOpen() || !m_shown) return;
     m_selected = true;
     try {
         ApplySettingsToHardware(m_page.WorkingPreset(), true);
@@ -62,14 +65,18 @@ void ScannerSession::OnSelected() {
 
 void ScannerSession::OnDeselected() {
     if (m_operations.IsClosed()) return;
+    m_operations.Interrupt();
     const Scope scope(m_operations);
+    m_shown = false;
+    // What arrived while the page was shown still counts; there is nothing to set up for.
+    while (const std::optional<int32_t> state = m_operations.TakeKept()) FollowConnectionState(*state);
     Release(m_locations.deselected, 73);
     try {
         m_page.LeaveControls();
     } catch (const MException& exception) {
         if (scope.IsSessionOpen()) ApiOperation(m_locations.deselected, this).Log(77, exception);
     }
-    if (scope.IsSessionOpen()) m_selected = false;
+    if (scope.IsSessionOpen()) m_selected = m_shown;
 }
 
 void ScannerSession::OnDestroy() {

@@ -4,8 +4,8 @@
 // interface.
 //
 // A connection state that arrives while an operation runs, of the session or one that the page has marked, is
-// handled when the outermost operation has ended, in order. Destruction cannot wait: it may come in the
-// middle of an operation, which then ends without another look at the page.
+// handled when the outermost operation has ended, in order. Leaving the page, another scanner API and
+// destruction cannot wait: they may come in the middle of an operation, which then does not go on.
 //
 // Failures are raised as an MException "PageClass.Operation:Call"; each operation says what becomes of them.
 #pragma once
@@ -41,8 +41,8 @@ public:
     // What the host hands over, null for none. Throws FatalComError if events are already listened to.
     void SetApi(ComPtr<IHXApi> api);
     // From the message that the events sink posts. Failures are shown and logged; those of giving back are
-    // logged.
-    void OnConnectionStateChange(int32_t state) override;
+    // logged. Without an API nothing happens.
+    void OnConnectionStateChange(int32_t state);
     // The page is shown, or another one is. Failures are shown in the first case, logged in the second.
     void OnSelected();
     void OnDeselected();
@@ -70,7 +70,7 @@ public:
 private:
     using Scope = SessionOperations::Scope;
 
-    // False if the session was ended meanwhile. Throws.
+    // False if it may not go on. Throws.
     bool AcquireCalibrationHandle(const Scope& scope);
     void ReleaseCalibrationHandle();
     // Logs a failure as the operation's.
@@ -78,7 +78,9 @@ private:
 
     void StartScanner(const ApiOperation& operation);
     bool LoadPresets(const ApiOperation& operation, const Scope& scope);
-    void HandleConnectionStateChange(int32_t state, const Scope& scope);
+    void OnKeptConnectionState(int32_t state) override;
+    // False if what is left to do is to set up anew.
+    bool FollowConnectionState(int32_t state);
     void Reopen(const Scope& scope);
     bool Open(const Scope& scope);
     void SettleTarget();
@@ -92,6 +94,7 @@ private:
     ComPtr<ICalibrationHandle> m_handle;
     ApiEventsConnection m_events;
     int32_t m_connection_state = HXNotConnected;
+    bool m_shown = false;  // as the host said last; selected when that was followed
     bool m_selected = false;
     bool m_handle_acquired = false;
     const std::shared_ptr<libReplayCapture> m_recorder;

@@ -7,22 +7,23 @@
 namespace hx {
 
 void ScannerSession::OnConnectionStateChange(int32_t state) {
-    if (m_operations.IsClosed()) return;
-    if (m_operations.IsRunning()) return m_operations.Keep(state);
-    const Scope scope(m_operations);
-    try {
-        HandleConnectionStateChange(state, scope);
-    } catch (const MException& exception) {
-        if (scope.IsSessionOpen()) ApiOperation(m_locations.connection_change, this).Log(18, exception);
-    }
-}
-
-void ScannerSession::HandleConnectionStateChange(int32_t state, const Scope& scope) {
-    using enum ConnectionAction;
+    if (m_operations.IsClosed() || !m_api) return;
+    m_page.NoteConnectionState();
     if (!m_selected) {
         if (m_rules.stores_states_unselected) m_connection_state = state;
         return;
     }
+    if (m_operations.IsRunning()) return m_operations.Keep(state);
+    OnKeptConnectionState(state);
+}
+
+void ScannerSession::OnKeptConnectionState(int32_t state) {
+    const Scope scope(m_operations);
+    if (!FollowConnectionState(state)) Reopen(scope);
+}
+
+bool ScannerSession::FollowConnectionState(int32_t state) {
+    using enum ConnectionAction;
     const ConnectionAction action = m_rules.ActionFor(m_connection_state, state);
     const bool drop = action == kReleaseAndDrop || (action == kReopenAfresh && m_handle_acquired);
     const bool reopen = action == kReopenAfresh || (action == kReopenUnlessAcquired && !m_handle_acquired);
@@ -32,7 +33,7 @@ void ScannerSession::HandleConnectionStateChange(int32_t state, const Scope& sco
         m_handle.reset();
     }
     m_connection_state = state;
-    if (reopen) Reopen(scope);
+    return !reopen;
 }
 
 void ScannerSession::Reopen(const Scope& scope) {
@@ -42,10 +43,10 @@ void ScannerSession::Reopen(const Scope& scope) {
         if (!Open(scope)) return;
         opened = true;
     } catch (const MException& exception) {
-        if (!scope.IsSessionOpen()) return;
+        if (!scope.MayGoOn()) return;
         ApiOperation(m_locations.connection_change, this).Log(46, exception);
         m_page.ErrorBox(exception);
-        if (!scope.IsSessionOpen()) return;
+        if (!scope.MayGoOn()) return;
     }
     m_page.EnableControls(opened);
     m_page.RefreshFrameRate();
@@ -64,7 +65,7 @@ bool ScannerSession::Open(const Scope& scope) {
                    Bstr(m_target.device_internal_name).get(), &longest_exposure_us);
     m_page.SetExposureRange(longest_exposure_us);
     m_page.FinishReopening();
-    return scope.IsSessionOpen();
+    return scope.MayGoOn();
 }
 
 void ScannerSession::SettleTarget() {

@@ -54,7 +54,7 @@ bool ScannerSession::LoadPresets(const ApiOperation& operation, const Scope& sco
         operation.Log(60, exception);
         m_page.ErrorBox(exception);
     }
-    if (!scope.IsSessionOpen()) return false;
+    if (!scope.MayGoOn()) return false;
     m_presets->Load();
     return true;
 }

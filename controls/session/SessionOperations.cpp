@@ -14,7 +14,7 @@ SessionOperations::Scope::~Scope() {
         const int32_t connection_state = m_state->kept.front();
         m_state->kept.pop_front();
         AtBoundary([&] {
-            m_state->listener->OnConnectionStateChange(connection_state);
+            m_state->listener->OnKeptConnectionState(connection_state);
             return S_OK;
         });
     }

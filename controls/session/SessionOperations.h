@@ -6,13 +6,14 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 
 namespace hx {
 
 class ConnectionListener {
 public:
     virtual ~ConnectionListener() = default;
-    virtual void OnConnectionStateChange(int32_t state) = 0;
+    virtual void OnKeptConnectionState(int32_t state) = 0;
 };
 
 class SessionOperations {
@@ -28,6 +29,7 @@ private:
         explicit State(ConnectionListener* to) : listener(to) {}
         ConnectionListener* listener;  // null once closed
         int32_t depth = 0;
+        uint32_t interruptions = 0;
         bool handling_kept = false;
         std::deque<int32_t> kept;
     };
@@ -36,7 +38,8 @@ public:
     // Something runs as long as this lives. It outlives the session, if need be.
     class Scope {
     public:
-        explicit Scope(const SessionOperations& operations) : m_state(operations.m_state) {
+        explicit Scope(const SessionOperations& operations)
+            : m_state(operations.m_state), m_interruptions(m_state->interruptions) {
             ++m_state->depth;
         }
         Scope(const Scope&) = delete;
@@ -47,16 +50,28 @@ public:
 
         // False once the session was ended meanwhile: neither it nor its page may be touched.
         bool IsSessionOpen() const { return m_state->listener != nullptr; }
+        // Whether the operation is still wanted: to be asked after whatever may have dispatched messages.
+        bool MayGoOn() const { return IsSessionOpen() && m_state->interruptions == m_interruptions; }
 
     private:
         const std::shared_ptr<State> m_state;
+        const uint32_t m_interruptions;
     };
 
     bool IsRunning() const { return m_state->depth > 0; }
     bool IsClosed() const { return m_state->listener == nullptr; }
     void Keep(int32_t connection_state) { m_state->kept.push_back(connection_state); }
+    // The oldest state that is kept, which is it no more.
+    std::optional<int32_t> TakeKept() {
+        if (m_state->kept.empty()) return {};
+        const int32_t oldest = m_state->kept.front();
+        m_state->kept.pop_front();
+        return oldest;
+    }
     // Kept states of another scanner API are worth nothing.
     void Forget() { m_state->kept.clear(); }
+    // What runs now is not to go on.
+    void Interrupt() { ++m_state->interruptions; }
     // The session ends.
     void Close() {
         m_state->listener = nullptr;

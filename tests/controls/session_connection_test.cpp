@@ -139,6 +139,64 @@ TEST_F(SessionConnection, AListenerIsAdvisedOnceAndItsCookieForgotten) {
     }
 }
 
+// A host may show another page while a box is open, and what was under way then ends.
+TEST_F(SessionConnection, ThePageMayBeLeftWhileABoxIsOpen) {
+    const auto expect_left = [&](Page& page, const std::string& calls) {
+        EXPECT_TRUE(calls.ends_with("page.leave()\n") ||
+                    calls.ends_with("page.leave()\npage.cursor(false)\n"))
+            << calls;
+        EXPECT_FALSE(page.session.IsSelected() || page.session.IsHandleAcquired());
+    };
+    for (const auto* rules : kBothRules) {
+        for (const bool outcome : {false, true}) {
+            EndPages();
+            m_hands->SetConnectionState(HXConnected, FALSE);
+            Page& page = NewPage(*rules);
+            page.session.OnSelected();
+            Fail(outcome ? "EnumerateDynamicSettingsPresets" : "AcquireHandle", E_FAIL, 0, 1,
+                 outcome ? kHXPresetsUnknownVersion : nullptr);
+            page.while_box_is_open = [&] { page.session.OnDeselected(); };
+            page.session.SetApi(m_api);
+            expect_left(page, Text());
+        }
+        Page& page = Open(HXConnected, *rules);
+        page.session.OnDeselected();
+        Lines();
+        Fail("AcquireHandle");
+        page.while_box_is_open = [&] { page.session.OnDeselected(); };
+        page.session.OnSelected();
+        expect_left(page, Text());
+    }
+}
+
+TEST_F(SessionConnection, AStateThatWaitedCountsThoughThePageIsLeft) {
+    for (const auto* rules : kBothRules) {
+        Page& page = Open(HXConnected, *rules);
+        {
+            const hx::SessionOperations::Scope scope(page.session.Operations());
+            Arrive(0);
+            page.session.OnDeselected();
+        }
+        EXPECT_EQ(page.session.ConnectionState(), 0);
+        EXPECT_FALSE(page.session.Handle());
+        page.session.OnSelected();
+        Arrive(1);
+        EXPECT_TRUE(page.session.IsHandleAcquired());
+    }
+}
+
+TEST_F(SessionConnection, WhatAnOlderApiHasPostedIsForgotten) {
+    Page& page = Open();
+    const size_t before = page.notes;
+    m_hands->SetConnectionState(HXNotConnected, TRUE);
+    m_hands->WaitForEvents();
+    m_hands->SetConnectionState(HXConnected, FALSE);
+    page.session.SetApi(m_api);
+    hx::DispatchMessages();
+    EXPECT_TRUE(page.session.IsHandleAcquired());
+    EXPECT_EQ(page.notes, before + 1);  // the new one's answer alone
+}
+
 // A host may destroy the page while a box is open. Nothing may touch the page afterwards.
 TEST_F(SessionConnection, ThePageMayGoWhileABoxIsOpen) {
     for (const bool outcome : {false, true}) {

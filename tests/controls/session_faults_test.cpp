@@ -4,7 +4,7 @@
 #include <set>
 #include <span>
 
-#include "controls/api/TextArray.h"
+#include "platform/com/text_array.h"
 #include "tests/controls/simulated_page.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // What sessions leave on disk: the presets of the simulated scanner, and recordings.
-#include "controls/api/TextArray.h"
 #include "core/keys/MRegistryKeyLib.h"
+#include "platform/com/text_array.h"
 #include "tests/controls/simulated_page.h"
 #include "tests/memory_registry.h"
 

@@ -57,6 +57,8 @@ public:
         }
     }
     hx::ComPtr<IUnknown> MakeEventsSink() override { return cHXApiEventsSinkSimple<Page>::MakeEventsSink(); }
+    void ForgetEvents() override { cHXApiEventsSinkSimple<Page>::ForgetEvents(); }
+    void NoteConnectionState() override { ++notes; }
 
     hx::ComPtr<IDynamicSettingsPreset> working;
     std::vector<std::string> boxes;           // the codes of the last errors
@@ -64,6 +66,7 @@ public:
     std::function<void()> while_box_is_open;  // once
     std::string failing_hook;
     std::vector<int32_t> messages;
+    size_t notes = 0;  // of states that the session was told
     hx::ScannerSession session;
 
 private:
@@ -71,7 +74,7 @@ private:
         messages.push_back(hx::ConnectionStateOf(message));
         if (message.id == hx::WM_HX_CONNECTION_STATE) session.OnConnectionStateChange(messages.back());
     }
-    void ErrorBox(const hx::MException& exception) override {
+    void ErrorBox(const hx::MException& exception) noexcept override {
         boxes.push_back(CodeOf(exception.GetChain().back()->GetCode()));
         for (const auto& error : exception.GetChain()) {
             const auto* const call = dynamic_cast<const hx::MErrorCom*>(error.get());
@@ -84,7 +87,7 @@ private:
         Enter("cursor", "true");
         return {nullptr, [hands = m_hands](void*) { LogOfPage(*hands, "cursor", "false"); }};
     }
-    void EnableControls(bool enable) override { Enter("enable", enable ? "true" : "false"); }
+    void EnableControls(bool enable) noexcept override { Enter("enable", enable ? "true" : "false"); }
     hx::ComPtr<IUnknown> TrackingObserver() override { return m_observer; }
     void ResetPreview() override { Enter("preview"); }
     void SetPresets(hx::ComPtr<IDynamicSettingsPreset> new_working,
@@ -99,7 +102,7 @@ private:
     }
     void FinishReopening() override { Enter("finish"); }
     hx::ComPtr<IDynamicSettingsPreset> WorkingPreset() override { return working; }
-    void RefreshFrameRate() override { Enter("rate"); }
+    void RefreshFrameRate() noexcept override { Enter("rate"); }
     void RefreshExposureRows() override { Enter("rows"); }
     void LeaveControls() override { Enter("leave"); }
 
