@@ -115,13 +115,16 @@ TEST_F(ScannerCommand, WhatIsRefusedIsToldAndChangesNothing) {
              {"presets import newer.xml", 1, "its version is 7"},
              {"presets list --fault GetDynamicSettingsPreset=E_FAIL", 1,
               "GetDynamicSettingsPreset answered E_FAIL"},
-             {"presets list --model Nobody", 1, "SetModel answered"},
-             {"presets list --fault Nothing=E_FAIL", 1, "Nothing=E_FAIL"},
+             {"presets list --model Nobody", 2, "no model \"Nobody\": there are HX, "},
+             {"presets list --fault Nothing=E_FAIL", 2, "no operation \"Nothing\""},
+             {"presets list --fault Resume=0", 2, "no failure of Resume"},
+             {"presets list --fault Resume", 2, "OPERATION=RESULT"},
+             {"presets list --fault EnumerateDynamicSettingsPresets=E_ABORT", 1, "answered E_ABORT"},
              {"presets save New --fault SaveDynamicSettingsPresets=E_ACCESSDENIED", 1, "E_ACCESSDENIED"},
              {"track --seconds 0", 2, "number of seconds"},
              {"track --seconds nan", 2, "number of seconds"},
              {"track --preset Missing", 1, "no preset \"Missing\""},
-             {"track --surface moon", 1, "SetSurface answered"},
+             {"track --surface moon", 2, "no surface \"moon\": there are plane, "},
              {"track --fault AcquireHandle=E_ACCESSDENIED", 1, "AcquireHandle answered E_ACCESSDENIED"},
              {"track --surface nothing --detect", 1, "DetectExposureTime answered E_FAIL"},
              {"track --seconds x", 2, ""},
@@ -132,6 +135,22 @@ TEST_F(ScannerCommand, WhatIsRefusedIsToldAndChangesNothing) {
         EXPECT_EQ(answer.out, "") << row.arguments;
     }
     EXPECT_EQ(Names(), before);
+    const Answer failed = Scanner("presets save New --exposure nan --json");
+    EXPECT_EQ(failed.exit, 1);
+    EXPECT_NE(Json::parse(failed.out)["error"].get<std::string>().find("SetExposureTime"), std::string::npos);
+}
+
+// Presets of another model are not those of this one, which the operator has to know.
+TEST_F(ScannerCommand, WhatIsToldOnceIsToldWhateverHappens) {
+    Asked("presets save Own --owner T820");
+    EXPECT_NE(Scanner("presets delete nosuch --model T820").err.find("No presets were found"),
+              std::string::npos);
+    Asked("presets save Other --owner HXHandheld");
+    const Answer exported = Scanner("presets export - --model Handheld --calls");
+    EXPECT_TRUE(exported.out.starts_with("<?xml") && exported.out.ends_with(">\n")) << exported.out;
+    EXPECT_NE(exported.err.find("No presets were found"), std::string::npos);
+    EXPECT_NE(Asked("presets export - --model Handheld")["document"].get<std::string>().find("<?xml"),
+              std::string::npos);
 }
 
 TEST_F(ScannerCommand, MoreExposureIsMoreSignalAndALostConnectionIsTakenUpAgain) {

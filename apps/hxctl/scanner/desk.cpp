@@ -2,6 +2,7 @@
 
 #include "apps/hxctl/scanner/failed_call.h"
 #include "apps/hxctl/scanner/fault_text.h"
+#include "hxapi/HXApiErrors.h"
 #include "hxapi/HXSimulatorClasses.h"
 #include "hxapi/IDeviceManager.h"
 #include "platform/com/loader.h"
@@ -32,7 +33,7 @@ std::string CallsText(const Json& calls) {
         }
         text += ")";
         if (const auto result = call.find("result"); result != call.end() && *result != 0) {
-            text += " -> " + result->dump();
+            text += " -> " + NamedResult(result->get<HRESULT>());
         }
         text += "\n";
     }
@@ -57,15 +58,16 @@ std::vector<std::wstring> TextsOf(const hx::SafeArray& array) {
     return std::move(*texts);
 }
 
+std::string Listed(const std::vector<std::wstring>& texts) {
+    std::string list;
+    for (const std::wstring& each : texts) list += (list.empty() ? "" : ", ") + hx::ToUtf8(each);
+    return list;
+}
+
 Desk::Desk(const ScannerRequest& request) : m_simulator(CreateSimulator()) {
     m_api = m_simulator.as<IHXApi>();
     if (!m_api) throw FailedCall("the simulator is no scanner API");
-    if (!request.model.empty()) {
-        CheckCall("SetModel", m_simulator->SetModel(BstrOf(request.model).get()));
-    }
-    if (!request.surface.empty()) {
-        CheckCall("SetSurface", m_simulator->SetSurface(BstrOf(request.surface).get()));
-    }
+    Choose(request);
     if (!request.folder.empty()) {
         CheckCall("SetPresetsFolder", m_simulator->SetPresetsFolder(BstrOf(request.folder).get()));
     }
@@ -75,6 +77,26 @@ Desk::Desk(const ScannerRequest& request) : m_simulator(CreateSimulator()) {
     Calls();
 }
 
+void Desk::Choose(const ScannerRequest& request) {
+    hx::SafeArray known;
+    if (!request.model.empty()) {
+        const HRESULT result = m_simulator->SetModel(BstrOf(request.model).get());
+        if (result == HX_E_NOTFOUND) {
+            CheckCall("GetModels", m_simulator->GetModels(known.put()));
+            throw WrongUsage("no model \"" + request.model + "\": there are " + Listed(TextsOf(known)));
+        }
+        CheckCall("SetModel", result);
+    }
+    if (!request.surface.empty()) {
+        const HRESULT result = m_simulator->SetSurface(BstrOf(request.surface).get());
+        if (result == HX_E_NOTFOUND) {
+            CheckCall("GetSurfaces", m_simulator->GetSurfaces(known.put()));
+            throw WrongUsage("no surface \"" + request.surface + "\": there are " + Listed(TextsOf(known)));
+        }
+        CheckCall("SetSurface", result);
+    }
+}
+
 void Desk::Inject(const std::string& fault) {
     const FaultText parsed = ParseFault(fault);
     const hx::Bstr operation = BstrOf(parsed.operation);
@@ -82,7 +104,14 @@ void Desk::Inject(const std::string& fault) {
     injected.operation = operation.get();
     injected.result = parsed.result;
     injected.times = parsed.times;
-    CheckCall(("--fault " + fault).c_str(), m_simulator->InjectFault(&injected));
+    const HRESULT result = m_simulator->InjectFault(&injected);
+    if (result == HX_E_NOTFOUND) {
+        throw WrongUsage("no operation \"" + parsed.operation + "\": `hxctl scanner list` has them");
+    }
+    if (result == E_INVALIDARG) {
+        throw WrongUsage(NamedResult(parsed.result) + " is no failure of " + parsed.operation);
+    }
+    CheckCall("InjectFault", result);
 }
 
 void Desk::Connect() {
@@ -127,27 +156,41 @@ Json Desk::Calls() {
 }
 
 Outcome AtDesk(const ScannerRequest& request, bool json,
-               const std::function<std::string(Desk& desk, Json& answer)>& command) {
-    Outcome outcome;
-    Json answer = Json::object();
+               const std::function<void(Desk& desk, DeskAnswer& answer)>& command) {
+    DeskAnswer answer;
+    int exit = kDone;
+    std::string reason;  // with what else goes to standard error
+    const auto fail = [&](int code, const FailedCall& failure) {
+        exit = code;
+        reason += failure.what();
+        answer.json["error"] = failure.what();
+    };
     try {
         Desk desk(request);
+        std::optional<FailedCall> failure;
         try {
-            outcome.output = command(desk, answer);
-        } catch (const FailedCall& failure) {
-            outcome = Refused(failure.what());
+            command(desk, answer);
+        } catch (const FailedCall& thrown) {
+            failure = thrown;
+        }
+        for (const std::string& notice : desk.Notices()) {
+            reason += notice + "\n";
+            answer.json["notices"].push_back(notice);
         }
         if (request.calls) {
             Json calls = desk.Calls();
-            if (!json) outcome.output += CallsText(calls);
-            answer["calls"] = std::move(calls);
+            if (!json) (answer.is_document ? reason : answer.text) += CallsText(calls);
+            answer.json["calls"] = std::move(calls);
         }
+        if (failure) fail(kRefused, *failure);
+    } catch (const WrongUsage& wrong) {
+        fail(kUsage, wrong);
     } catch (const FailedCall& failure) {
-        outcome = Refused(failure.what());
+        fail(kRefused, failure);
     }
     CoFreeUnusedLibraries();
-    if (json && !answer.empty()) outcome.output = answer.dump(2) + "\n";
-    return outcome;
+    if (reason.ends_with('\n')) reason.pop_back();
+    return {exit, json ? answer.json.dump(2) + "\n" : std::move(answer.text), std::move(reason)};
 }
 
 }  // namespace hxctl

@@ -17,6 +17,8 @@ namespace hxctl {
 // Text of the command line, which is UTF-8; throws a FailedCall if it is not.
 hx::Bstr BstrOf(const std::string& text);
 std::string TextOf(const hx::Bstr& text);
+// The texts, parted by ", ".
+std::string Listed(const std::vector<std::wstring>& texts);
 // The texts of an array of them, null for none; throws a FailedCall for any other array.
 std::vector<std::wstring> TextsOf(const hx::SafeArray& array);
 
@@ -33,11 +35,16 @@ public:
     // All calls since the last time, or since the desk was set up.
     Json Calls();
 
+    // Something that the operator is to know, whatever becomes of the command.
+    void Notice(const std::string& text) { m_notices.push_back(text); }
+    const std::vector<std::string>& Notices() const { return m_notices; }
+
     IHXSimulator& Simulator() { return *m_simulator; }
     const hx::Bstr& Model() const { return m_model; }
     const hx::Bstr& DeviceName() const { return m_device; }
 
 private:
+    void Choose(const ScannerRequest& request);
     void Inject(const std::string& fault);
 
     hx::ComPtr<IHXSimulator> m_simulator;
@@ -45,11 +52,19 @@ private:
     hx::Bstr m_model;
     hx::Bstr m_driver;
     hx::Bstr m_device;
+    std::vector<std::string> m_notices;
 };
 
-// Runs a command at a desk: what fails becomes its refusal, and the calls are told if they were asked for.
-// `command` fills in the answer, and gives the text for people.
+// What a command says: as text for people, or as the answer's JSON.
+struct DeskAnswer {
+    Json json = Json::object();
+    std::string text;
+    bool is_document = false;  // the text, which nothing may stand beside
+};
+
+// Runs a command at a desk. What fails becomes its refusal, and "error" of the JSON, which is told then, too;
+// notices come with it, and the calls if they were asked for.
 Outcome AtDesk(const ScannerRequest& request, bool json,
-               const std::function<std::string(Desk& desk, Json& answer)>& command);
+               const std::function<void(Desk& desk, DeskAnswer& answer)>& command);
 
 }  // namespace hxctl

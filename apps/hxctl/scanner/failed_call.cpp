@@ -1,7 +1,6 @@
 #include "apps/hxctl/scanner/failed_call.h"
 
 #include "apps/hxctl/command.h"
-#include "core/errors/MErrorCom.h"
 #include "core/messages/MErrorFormatter.h"
 #include "core/messages/MErrorFormatterResource.h"
 #include "platform/system/utf8.h"
@@ -33,15 +32,18 @@ void CheckCall(const char* operation, HRESULT result, IErrorInfo* detail) {
     Fail(operation, result, hx::ToUtf8(description.view()));
 }
 
-void CheckCall(const char* operation, HRESULT result, IUnknown& object, REFIID iid) {
-    if (SUCCEEDED(result)) return;
-    const hx::MErrorCom error(result, &object, iid);
+void FailCall(const char* operation, const hx::MErrorCom& error) {
     hx::MException chain;
     if (!hx::ReadChainDocument(error.GetDescription(), chain)) {
-        Fail(operation, result, hx::ToUtf8(error.GetDescription()));
+        Fail(operation, error.GetResult(), hx::ToUtf8(error.GetDescription()));
     }
     chain.Append(error);
-    Fail(operation, result, MessageOf(chain) + "\nError codes:\n" + hx::ToUtf8(hx::ErrorCodesText(chain)));
+    Fail(operation, error.GetResult(),
+         MessageOf(chain) + "\nError codes:\n" + hx::ToUtf8(hx::ErrorCodesText(chain)));
+}
+
+void CheckCall(const char* operation, HRESULT result, IUnknown& object, REFIID iid) {
+    if (FAILED(result)) FailCall(operation, hx::MErrorCom(result, &object, iid));
 }
 
 }  // namespace hxctl

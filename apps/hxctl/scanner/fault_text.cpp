@@ -57,7 +57,7 @@ FaultText ParseFault(const std::string& text) {
         }
     }
     if (!good) {
-        throw FailedCall("a fault is OPERATION=RESULT, or OPERATION=RESULT:TIMES with * for always, not \"" +
+        throw WrongUsage("a fault is OPERATION=RESULT, or OPERATION=RESULT:TIMES with * for always, not \"" +
                          text + "\"; RESULT is a name such as E_FAIL or a number");
     }
     return fault;

@@ -13,7 +13,7 @@ struct FaultText {
     int times;  // -1: always
 };
 
-// "AcquireHandle=E_FAIL", "AcquireHandle=0x80004005:3", "StopTrackingDataRecording=5:*". Throws a FailedCall
+// "AcquireHandle=E_FAIL", "AcquireHandle=0x80004005:3", "StopTrackingDataRecording=5:*". Throws a WrongUsage
 // for any other text.
 FaultText ParseFault(const std::string& text);
 

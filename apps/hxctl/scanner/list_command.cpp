@@ -24,32 +24,31 @@ constexpr Choice kChoices[] = {
 }  // namespace
 
 Outcome RunScannerList(bool json) {
-    return AtDesk({}, json, [](Desk& desk, Json& answer) {
-        std::string text;
+    return AtDesk({}, json, [](Desk& desk, DeskAnswer& answer) {
         for (const Choice& choice : kChoices) {
             hx::SafeArray names;
             CheckCall(choice.operation, (desk.Simulator().*choice.get)(names.put()));
-            text += std::string(choice.heading) + ":\n";
-            Json& list = answer[choice.key] = Json::array();
+            answer.text += std::string(choice.heading) + ":\n";
+            Json& list = answer.json[choice.key] = Json::array();
             for (const std::wstring& name : TextsOf(names)) {
                 list.push_back(hx::ToUtf8(name));
-                text += "  " + hx::ToUtf8(name) + "\n";
+                answer.text += "  " + hx::ToUtf8(name) + "\n";
             }
         }
-        return text;
     });
 }
 
 Outcome RunScannerProperties(const ScannerRequest& request, bool json) {
-    return AtDesk(request, json, [](Desk& desk, Json& answer) {
+    return AtDesk(request, json, [](Desk& desk, DeskAnswer& answer) {
         const hx::InventoryRow& row = *hx::FindRecordClass(L"MPropertiesHelper");
         const RecordReading reading = ReadRecord(desk.PropertiesText(), row, row.element);
         if (!reading.read) {
             throw FailedCall("the properties document is not read: " + hx::ToUtf8(reading.error_codes));
         }
-        answer["model"] = TextOf(desk.Model());
-        answer["properties"] = FieldsOf(*row.type, reading.record.get());
-        return answer.dump(2) + "\n";
+        answer.json["model"] = TextOf(desk.Model());
+        answer.json["properties"] = FieldsOf(*row.type, reading.record.get());
+        answer.text = answer.json.dump(2) + "\n";
+        answer.is_document = true;
     });
 }
 

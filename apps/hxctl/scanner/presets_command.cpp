@@ -1,5 +1,6 @@
 // hxctl scanner presets: what the scanner API has stored, changed as the pages change it.
-#include <cmath>
+#include <charconv>
+#include <iterator>
 #include <map>
 
 #include "apps/hxctl/scanner/failed_call.h"
@@ -7,6 +8,7 @@
 #include "apps/hxctl/scanner/stored_presets.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
+#include "settings/profile/ProfileNames.h"
 
 namespace hxctl {
 namespace {
@@ -15,19 +17,14 @@ using hx::MLaserProfileSettings;
 
 // The desk with an owner's presets on it.
 struct Presets {
-    Presets(Desk& a_desk, const PresetsRequest& request, Json& an_answer)
+    Presets(Desk& a_desk, const PresetsRequest& request, DeskAnswer& an_answer)
         : desk(a_desk),
           answer(an_answer),
-          owner(request.owner.empty() ? a_desk.DeviceName() : BstrOf(request.owner)) {
-        Load();
-    }
+          owner(request.owner.empty() ? a_desk.DeviceName() : BstrOf(request.owner)) {}
 
-    void Load() {
-        std::string told;
-        stored = LoadPresets(*handle, owner, told);
-        if (!told.empty()) notice += told + "\n";
-    }
+    void Load() { stored = LoadPresets(desk, *handle, owner); }
     void Save() { SavePresets(*handle, owner, stored); }
+    bool Has(std::wstring_view name) const { return stored.Find(name) != nullptr; }
 
     NamedPreset& Add(std::wstring_view name) {
         NamedPreset& added = stored.presets.emplace_back();
@@ -38,12 +35,17 @@ struct Presets {
     }
 
     Desk& desk;
-    Json& answer;
+    DeskAnswer& answer;
     const hx::Bstr owner;
     const hx::ComPtr<ICalibrationHandle> handle = desk.Handle();
     StoredPresets stored;
-    std::string notice;  // what the operator is to be told, a line each
 };
+
+// The shortest that is exactly this number.
+std::string NumberText(double value) {
+    char text[32];
+    return {text, std::to_chars(std::begin(text), std::end(text), value).ptr};
+}
 
 bool IsUsersOwn(std::wstring_view name) {
     return !name.starts_with(L'$') && !name.starts_with(L'@');
@@ -58,27 +60,27 @@ void CheckUsersName(const std::wstring& name) {
     }
 }
 
-std::string ListPresets(Presets& presets, const PresetsRequest&) {
-    presets.answer["selected"] = TextOf(presets.stored.selected);
-    Json& list = presets.answer["presets"] = Json::array();
-    std::string text;
+void ListPresets(Presets& presets, const PresetsRequest&) {
+    presets.Load();
+    presets.answer.json["selected"] = TextOf(presets.stored.selected);
+    Json& list = presets.answer.json["presets"] = Json::array();
+    std::string& text = presets.answer.text;
     for (const NamedPreset& each : presets.stored.presets) {
         MLaserProfileSettings profile = ProfileOf(each);
         const bool selected = each.name.view() == presets.stored.selected.view();
         text += selected ? "* " : "  ";
         text += TextOf(each.name);
         if (each.display_name.view() != each.name.view()) text += " (" + TextOf(each.display_name) + ")";
-        text += ": laser power " + std::to_string(std::lround(profile.LaserPower)) + " %, exposure " +
-                std::to_string(std::lround(profile.ExposureTime)) + " us, gain " +
-                std::to_string(profile.Gain) + "\n";
+        text += ": laser power " + NumberText(profile.LaserPower) + " %, exposure " +
+                NumberText(profile.ExposureTime) + " us, gain " + std::to_string(profile.Gain) + "\n";
         Json entry = {{"name", TextOf(each.name)}, {"displayName", TextOf(each.display_name)}};
         entry["values"] = FieldsOf(MLaserProfileSettings::kType, &profile);
         list.push_back(std::move(entry));
     }
-    return text;
 }
 
-std::string SavePreset(Presets& presets, const PresetsRequest& request) {
+void SavePreset(Presets& presets, const PresetsRequest& request) {
+    presets.Load();
     const hx::Bstr name = BstrOf(request.name);
     CheckUsersName(std::wstring(name.view()));
     MLaserProfileSettings profile;
@@ -99,10 +101,12 @@ std::string SavePreset(Presets& presets, const PresetsRequest& request) {
     SetValues(*presets.stored.Find(name.view())->preset, profile);
     if (request.select) presets.stored.selected = name;
     presets.Save();
-    return (is_new ? "Saved: " : "Replaced: ") + request.name + "\n";
+    presets.answer.json["saved"] = request.name;
+    presets.answer.text = (is_new ? "Saved: " : "Replaced: ") + request.name + "\n";
 }
 
-std::string DeletePreset(Presets& presets, const PresetsRequest& request) {
+void DeletePreset(Presets& presets, const PresetsRequest& request) {
+    presets.Load();
     const hx::Bstr name = BstrOf(request.name);
     if (presets.stored.Find(name.view()) == nullptr) throw FailedCall("no preset \"" + request.name + "\"");
     if (!IsUsersOwn(name.view())) {
@@ -110,27 +114,38 @@ std::string DeletePreset(Presets& presets, const PresetsRequest& request) {
     }
     std::erase_if(presets.stored.presets,
                   [&](const NamedPreset& each) { return each.name.view() == name.view(); });
-    if (presets.stored.selected.view() == name.view()) presets.stored.selected = hx::Bstr(L"$DEFAULT");
+    if (presets.stored.selected.view() == name.view()) {
+        presets.stored.selected =
+            hx::Bstr(presets.Has(hx::kDefaultProfileName) ? hx::kDefaultProfileName : L"");
+    }
     presets.Save();
-    return "Deleted: " + request.name + "\n";
+    presets.answer.json["deleted"] = request.name;
+    presets.answer.text = "Deleted: " + request.name + "\n";
 }
 
-std::string ExportPresets(Presets& presets, const PresetsRequest& request) {
+void ExportPresets(Presets& presets, const PresetsRequest& request) {
+    presets.Load();
     std::vector<MLaserProfileSettings> profiles;
     for (const NamedPreset& each : presets.stored.presets) {
         if (IsUsersOwn(each.name.view())) profiles.push_back(ProfileOf(each));
     }
     if (profiles.empty()) throw FailedCall("there are no presets of the user's own");
     std::string document = PresetsDocument(profiles);
-    presets.answer["exported"] = profiles.size();
-    if (request.file == "-") return document;
+    presets.answer.json["exported"] = profiles.size();
+    if (request.file == "-") {
+        presets.answer.json["document"] = document;
+        presets.answer.text = std::move(document);
+        presets.answer.is_document = true;
+        return;
+    }
     if (const hx::FileError error = hx::WriteFileAtomically(request.file, document)) {
         throw FailedCall(request.file + ": " + error.code.message());
     }
-    return "Exported: " + std::to_string(profiles.size()) + "\n";
+    presets.answer.text = "Exported: " + std::to_string(profiles.size()) + "\n";
 }
 
-std::string ImportPresets(Presets& presets, const PresetsRequest& request) {
+void ImportPresets(Presets& presets, const PresetsRequest& request) {
+    presets.Load();
     std::string reason;
     auto text = ReadTextFile(request.file, reason);
     if (!text) throw FailedCall(reason);
@@ -147,29 +162,26 @@ std::string ImportPresets(Presets& presets, const PresetsRequest& request) {
         SetValues(*preset.preset, profile);
     }
     presets.Save();
-    presets.answer["imported"] = profiles.size();
-    return "Imported: " + std::to_string(profiles.size()) + "\n";
+    presets.answer.json["imported"] = profiles.size();
+    presets.answer.text = "Imported: " + std::to_string(profiles.size()) + "\n";
 }
 
-std::string ResetPresets(Presets& presets, const PresetsRequest& request) {
+void ResetPresets(Presets& presets, const PresetsRequest& request) {
     CheckCall("ResetPresets", presets.desk.Simulator().ResetPresets(presets.owner.get()));
-    presets.Load();
-    return ListPresets(presets, request);
+    ListPresets(presets, request);
 }
 
 // In the order of PresetsAction.
-constexpr std::string (*kActions[])(Presets& presets, const PresetsRequest& request) = {
+constexpr void (*kActions[])(Presets& presets, const PresetsRequest& request) = {
     &ListPresets, &SavePreset, &DeletePreset, &ExportPresets, &ImportPresets, &ResetPresets};
 
 }  // namespace
 
 Outcome RunScannerPresets(PresetsAction action, const PresetsRequest& request, bool json) {
-    return AtDesk(request.scanner, json, [&](Desk& desk, Json& answer) {
+    return AtDesk(request.scanner, json, [&](Desk& desk, DeskAnswer& answer) {
         Presets presets(desk, request, answer);
-        answer["owner"] = TextOf(presets.owner);
-        std::string text = kActions[static_cast<size_t>(action)](presets, request);
-        if (!presets.notice.empty()) answer["notice"] = presets.notice;
-        return presets.notice + text;
+        answer.json["owner"] = TextOf(presets.owner);
+        kActions[static_cast<size_t>(action)](presets, request);
     });
 }
 

@@ -14,18 +14,15 @@ using hx::MLaserProfileSettings;
 constexpr const wchar_t* kOutcomes[] = {kHXPresetsCustomRestored, kHXPresetsCustomGenerated,
                                         kHXPresetsUnknownVersion};
 
-// What the operator has to be told of a failed enumeration, empty if it is a real failure.
-std::string OutcomeOf(HRESULT result, ICalibrationHandle& handle, std::string& failure) {
-    const hx::MErrorCom error(result, &handle, hx::uuid_of<ICalibrationHandle>());
+// Whether a failed enumeration only tells what the API had to do to the presets; `message` for the operator.
+bool IsOutcome(const hx::MErrorCom& error, std::string& message) {
     hx::MException chain;
     chain.AppendChained(error);
-    const std::string message = MessageOf(chain);
-    const bool is_outcome = std::ranges::any_of(kOutcomes, [&](const wchar_t* code) {
+    message = MessageOf(chain);
+    return std::ranges::any_of(kOutcomes, [&](const wchar_t* code) {
         return std::ranges::any_of(chain.GetChain(),
                                    [&](const auto& each) { return each->GetCode() == code; });
     });
-    failure = "EnumerateDynamicSettingsPresets answered " + NamedResult(result) + ": " + message;
-    return is_outcome ? message : std::string();
 }
 
 // One row for each value: how it goes from a preset to a profile and back.
@@ -79,18 +76,23 @@ const NamedPreset* StoredPresets::Find(std::wstring_view name) const {
     return found != presets.end() ? &*found : nullptr;
 }
 
-StoredPresets LoadPresets(ICalibrationHandle& handle, const hx::Bstr& owner, std::string& notice) {
+StoredPresets LoadPresets(Desk& desk, ICalibrationHandle& handle, const hx::Bstr& owner) {
+    constexpr char kEnumerate[] = "EnumerateDynamicSettingsPresets";
+    const IID& iid = hx::uuid_of<ICalibrationHandle>();
     hx::SafeArray names;
     hx::SafeArray display_names;
-    HRESULT result = handle.EnumerateDynamicSettingsPresets(owner.get(), names.put(), display_names.put());
+    const auto enumerate = [&] {
+        return handle.EnumerateDynamicSettingsPresets(owner.get(), names.put(), display_names.put());
+    };
+    HRESULT result = enumerate();
     if (FAILED(result)) {
-        std::string failure;
-        notice = OutcomeOf(result, handle, failure);
-        if (notice.empty()) throw FailedCall(failure);
-        result = handle.EnumerateDynamicSettingsPresets(owner.get(), names.put(), display_names.put());
+        const hx::MErrorCom error(result, &handle, iid);
+        std::string message;
+        if (!IsOutcome(error, message)) FailCall(kEnumerate, error);
+        desk.Notice(message);
+        result = enumerate();
     }
-    const IID& iid = hx::uuid_of<ICalibrationHandle>();
-    CheckCall("EnumerateDynamicSettingsPresets", result, handle, iid);
+    CheckCall(kEnumerate, result, handle, iid);
     StoredPresets stored;
     CheckCall("GetSelectedDynamicSettingsPreset",
               handle.GetSelectedDynamicSettingsPreset(owner.get(), stored.selected.put()), handle, iid);

@@ -21,8 +21,8 @@ struct StoredPresets {
     const NamedPreset* Find(std::wstring_view name) const;
 };
 
-// An outcome that the API signals once is put into `notice`, and the presets are then read again.
-StoredPresets LoadPresets(ICalibrationHandle& handle, const hx::Bstr& owner, std::string& notice);
+// What the API signals once about them becomes a notice, and they are then read again.
+StoredPresets LoadPresets(Desk& desk, ICalibrationHandle& handle, const hx::Bstr& owner);
 void SavePresets(ICalibrationHandle& handle, const hx::Bstr& owner, const StoredPresets& presets);
 
 hx::MLaserProfileSettings ProfileOf(const NamedPreset& preset);

@@ -4,6 +4,8 @@
 #include "apps/hxctl/scanner/failed_call.h"
 #include "apps/hxctl/scanner/stored_presets.h"
 #include "apps/hxctl/scanner/tracking_statistics.h"
+#include "hxapi/IReplayCapture.h"
+#include "platform/com/loader.h"
 #include "platform/system/sleep.h"
 
 namespace hxctl {
@@ -11,12 +13,24 @@ namespace {
 
 constexpr double kLongestSeconds = 24.0 * 3600.0;
 
+// The recorder, which does nothing unless the registry asks for recordings; none where it is not installed.
+hx::ComPtr<IReplayCapture> CreateRecorder() {
+    CLSID clsid;
+    hx::ComPtr<IReplayCapture> recorder;
+    if (SUCCEEDED(CLSIDFromProgID(kProgIdReplayCapture, &clsid))) {
+        CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, hx::uuid_of<IReplayCapture>(),
+                         recorder.put_void());
+    }
+    return recorder;
+}
+
 // The scanner held and tracking, from one connection to its end.
 class Session {
 public:
     Session(Desk& desk, IDynamicSettingsPreset& preset, TrackingStatistics& observer)
-        : m_handle(desk.Handle()) {
+        : m_handle(desk.Handle()), m_recorder(CreateRecorder()) {
         CheckCall("AcquireHandle", m_handle->AcquireHandle(), m_handle);
+        Record("StartTrackingDataRecording", &IReplayCapture::StartTrackingDataRecording);
         CheckCall("InitialiseScanner", m_handle->InitialiseScanner(0, 0, 1), m_handle);
         CheckCall("ActivateDynamicSettings", m_handle->ActivateDynamicSettings(&preset), m_handle);
         CheckCall("RegisterTrackingCycleObserver", m_handle->RegisterTrackingCycleObserver(&observer),
@@ -24,6 +38,7 @@ public:
     }
 
     void End() {
+        Record("StopTrackingDataRecording", &IReplayCapture::StopTrackingDataRecording);
         CheckCall("DisableScanner", m_handle->DisableScanner(), m_handle);
         CheckCall("RegisterTrackingCycleObserver", m_handle->RegisterTrackingCycleObserver(nullptr),
                   m_handle);
@@ -33,7 +48,14 @@ public:
     ICalibrationHandle& Handle() { return *m_handle; }
 
 private:
+    void Record(const char* operation, _ReplayCaptureResult (STDMETHODCALLTYPE IReplayCapture::*act)()) {
+        const int32_t result = m_recorder ? (m_recorder.get()->*act)() : ReplayCaptureSuccess;
+        if (result == ReplayCaptureSuccess) return;
+        throw FailedCall(std::string(operation) + " answered " + std::to_string(result));
+    }
+
     hx::ComPtr<ICalibrationHandle> m_handle;
+    hx::ComPtr<IReplayCapture> m_recorder;
 };
 
 void Track(double seconds) {
@@ -43,13 +65,14 @@ void Track(double seconds) {
 // What the scanner finds at the preset's values, the exposure first.
 void Detect(Session& session, IDynamicSettingsPreset& preset, Json& answer) {
     const hx::ComPtr<ICalibrationHandle> handle(&session.Handle());
+    const IID& iid = hx::uuid_of<IDynamicSettingsPreset>();
     int16_t exposure_us = 0;
     CheckCall("DetectExposureTime", handle->DetectExposureTime(&exposure_us), handle);
-    CheckCall("SetExposureTime", preset.SetExposureTime(exposure_us));
+    CheckCall("SetExposureTime", preset.SetExposureTime(exposure_us), preset, iid);
     CheckCall("ActivateDynamicSettings", handle->ActivateDynamicSettings(&preset), handle);
     double percent = 0.0;
     CheckCall("DetectLaserPower", handle->DetectLaserPower(&percent), handle);
-    CheckCall("SetLaserPower", preset.SetLaserPower(percent));
+    CheckCall("SetLaserPower", preset.SetLaserPower(percent), preset, iid);
     CheckCall("ActivateDynamicSettings", handle->ActivateDynamicSettings(&preset), handle);
     answer["detected"] = {{"exposure_us", exposure_us}, {"laser_power_percent", percent}};
 }
@@ -85,8 +108,8 @@ std::string Lines(const Json& values) {
 }
 
 // The preset to work with: a copy of the stored one with what the request changes.
-hx::ComPtr<IDynamicSettingsPreset> PresetOf(Desk& desk, const TrackRequest& request, std::string& notice) {
-    const StoredPresets stored = LoadPresets(*desk.Handle(), desk.DeviceName(), notice);
+hx::ComPtr<IDynamicSettingsPreset> PresetOf(Desk& desk, const TrackRequest& request) {
+    const StoredPresets stored = LoadPresets(desk, *desk.Handle(), desk.DeviceName());
     const NamedPreset* const found = stored.Find(BstrOf(request.preset).view());
     if (found == nullptr) throw FailedCall("no preset \"" + request.preset + "\"");
     if (request.exposure_us) {
@@ -104,14 +127,12 @@ Outcome RunScannerTrack(const TrackRequest& request, bool json) {
     if (!(request.seconds > 0.0 && request.seconds <= kLongestSeconds)) {
         return {kUsage, {}, "the time is a number of seconds above 0, up to a day"};
     }
-    return AtDesk(request.scanner, json, [&](Desk& desk, Json& answer) {
+    return AtDesk(request.scanner, json, [&](Desk& desk, DeskAnswer& answer) {
         desk.Connect();
-        std::string notice;
-        const auto preset = PresetOf(desk, request, notice);
-        if (!notice.empty()) notice += "\n";
+        const auto preset = PresetOf(desk, request);
         const auto statistics = hx::Make<TrackingStatistics>();
         Session session(desk, *preset, *statistics);
-        if (request.detect) Detect(session, *preset, answer);
+        if (request.detect) Detect(session, *preset, answer.json);
         Track(request.drop ? request.seconds / 2 : request.seconds);
         if (request.drop) {
             desk.Disconnect();
@@ -122,9 +143,9 @@ Outcome RunScannerTrack(const TrackRequest& request, bool json) {
         }
         session.End();
         desk.Disconnect();
-        const std::string detected = request.detect ? Lines(answer["detected"]) : std::string();
-        answer["statistics"] = StatisticsOf(statistics->Totals());
-        return notice + detected + Lines(answer["statistics"]);
+        answer.json["statistics"] = StatisticsOf(statistics->Totals());
+        if (request.detect) answer.text = Lines(answer.json["detected"]);
+        answer.text += Lines(answer.json["statistics"]);
     });
 }
 
