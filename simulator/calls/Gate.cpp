@@ -65,7 +65,7 @@ void Gate::FailOnDemand(const Operation& operation, std::wstring_view preset) co
 }
 
 void Gate::Finish(const Operation& operation, std::initializer_list<Argument> arguments, HRESULT result,
-                  const Refusal& refusal, const Extras& extras) const noexcept {
+                  const Refusal& refusal, const CallExtras& extras) const noexcept {
     AtBoundary([&] {
         std::wstring on(operation.logged_as);
         if (operation.logged_as == kPresetPrefix) on += extras.preset;

@@ -30,21 +30,21 @@ struct Refusal {
     std::wstring chain_code{};
 };
 
+// What some calls have besides their arguments.
+struct CallExtras {
+    IErrorInfo** detail = nullptr;
+    std::wstring_view preset{};  // the name of the preset that is called
+};
+
 class Gate {
 public:
     // Failures are of the interface `iid`.
     Gate(std::shared_ptr<Line> line, REFIID iid) : m_line(std::move(line)), m_iid(iid) {}
 
-    // What some calls have besides their arguments.
-    struct Extras {
-        IErrorInfo** detail = nullptr;
-        std::wstring_view preset{};  // the name of the preset that is called
-    };
-
     // Out-parameters but the detail were nulled before.
     template <class Body>
     HRESULT Perform(const Operation& operation, std::initializer_list<Argument> arguments, const Body& body,
-                    Extras extras = {}) const noexcept {
+                    CallExtras extras = {}) const noexcept {
         if (extras.detail) *extras.detail = nullptr;
         Refusal refusal{S_OK};
         const HRESULT result = AtBoundary([&]() -> HRESULT {
@@ -66,7 +66,7 @@ private:
     // Throws a Refusal.
     void FailOnDemand(const Operation& operation, std::wstring_view preset) const;
     void Finish(const Operation& operation, std::initializer_list<Argument> arguments, HRESULT result,
-                const Refusal& refusal, const Extras& extras) const noexcept;
+                const Refusal& refusal, const CallExtras& extras) const noexcept;
 
     const std::shared_ptr<Line> m_line;
     const IID m_iid;
