@@ -29,9 +29,10 @@ protected:
         Lines();
         return hx::ToUtf8(text + L"| " + std::wstring(selected.view()));
     }
-    // Saves it.
+    // The default under another name; saves.
     static void AddOwn(Page& page) {
-        page.Do([&] { page.session.Presets().SetPreset(L"Own", page.working); });
+        auto& presets = page.session.Presets();
+        page.Do([&] { presets.SetPreset(L"Own", presets.FindPresetExactly(L"$DEFAULT")); });
     }
     static std::string BytesOf(const fs::path& path) {
         std::ifstream file(path, std::ios::binary);
@@ -115,6 +116,7 @@ TEST_F(SessionFiles, AListThatWasReadInPartIsNotSaved) {
     EXPECT_EQ(page.boxes, std::vector<std::string>{"Load:GetDynamicSettingsPreset"});
     EXPECT_EQ(page.session.Presets().Count(), 2u);
     AddOwn(page);
+    EXPECT_EQ(page.boxes.size(), 1u);
     EXPECT_EQ(Stored(), kFactory + " | $DEFAULT");
     for (const int32_t state : {0, 2, 1}) Arrive(state);
     EXPECT_EQ(page.session.Presets().Count(), 4u);
