@@ -1,15 +1,13 @@
 // What a scanner refuses out of order, and what it does in any state.
-#include "hxapi/ITrackingCycleObserver.h"
+#include <barrier>
+#include <thread>
+
 #include "tests/simulator/api/simulator_fixture.h"
+#include "tests/simulator/seen_cycles.h"
 
 namespace {
 
 using hx::ComPtr;
-
-class Observer final : public hx::Implements<Observer, hx::FreeThreaded, ITrackingCycleObserver> {
-    HRESULT STDMETHODCALLTYPE OnTrackingAreas(const TrackingArea*, uint32_t) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE OnTrackingCycle(const TrackingCycle*) override { return S_OK; }
-};
 
 VARIANT AddressOf(MGlobalScanningSettings& settings) {
     VARIANT address{};
@@ -21,7 +19,7 @@ VARIANT AddressOf(MGlobalScanningSettings& settings) {
 class Order : public SimulatorTest {};
 
 TEST_F(Order, EachOperationAsksForItsState) {
-    const ComPtr<IUnknown> observer = hx::Make<Observer>();
+    const ComPtr<IUnknown> observer = hx::Make<SeenCycles>();
     MGlobalScanningSettings settings;
     ComPtr<IDynamicSettingsPreset> preset;
     ASSERT_EQ(NewHandle()->CreateDynamicSettingsPreset(preset.put()), S_OK);
@@ -86,6 +84,38 @@ TEST_F(Order, AHandleSurvivesALostConnection) {
     EXPECT_EQ(m_hands->Disconnect(), S_OK);
     ConnectAndWait();
     EXPECT_EQ(handle->InitialiseScanner(0, 0, 1), S_OK);
+}
+
+TEST_F(Order, AHandleThatGoesTakesNoOtherObserver) {
+    EXPECT_EQ(m_hands->SetConnectionState(HXConnected, FALSE), S_OK);
+    const auto stays = NewHandle();
+    EXPECT_EQ(stays->AcquireHandle(), S_OK);
+    constexpr int kRounds = 30'000;
+    ComPtr<ICalibrationHandle> goes;
+    std::barrier<> both(2);
+    std::thread other([&] {
+        for (int round = 0; round < kRounds; ++round) {
+            both.arrive_and_wait();
+            goes.reset();
+            both.arrive_and_wait();
+        }
+    });
+    int taken = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        goes = NewHandle();
+        goes->AcquireHandle();
+        goes->RegisterTrackingCycleObserver(hx::Make<SeenCycles>().get());
+        const auto life = std::make_shared<int>();
+        auto observer = hx::Make<SeenCycles>();
+        observer->during_cycle = [life] {};
+        both.arrive_and_wait();
+        EXPECT_EQ(stays->RegisterTrackingCycleObserver(observer.get()), S_OK);
+        observer.reset();
+        both.arrive_and_wait();
+        if (life.use_count() == 1) ++taken;
+    }
+    other.join();
+    EXPECT_EQ(taken, 0);
 }
 
 TEST_F(Order, OnlyKnownDevicesAndRecords) {
