@@ -5,6 +5,7 @@
 
 #include <limits>
 
+#include "simulator/calls/JsonSyntax.h"
 #include "simulator/calls/JsonText.h"
 
 namespace hx::simulator {
@@ -50,6 +51,21 @@ TEST(CallLogTest, ValuesAreWrittenAsJson) {
         AppendJsonNumber(json, number);
         EXPECT_EQ(json, expected);
     }
+}
+
+TEST(CallLogTest, TextsOfArgumentsAreCharacters) {
+    const std::pair<std::wstring, bool> rows[] = {
+        {L"\x1F600\\u00e9\\uD83d\\ude00", true},  // as they are, and in two halves
+        {{wchar_t{0xD800}}, false},
+        {{wchar_t{0x7FFFFFFF}}, false},
+        {L"\\ud800", false},
+        {L"\\ude00\\ud83d", false},
+        {L"\\ud83d \\ude00", false},
+        {L"\\ud83d\\u0041", false},
+        {L"\\u12g4", false},
+    };
+    for (const auto& [text, is_good] : rows)
+        EXPECT_EQ(IsJsonArray(L"[\"" + text + L"\"]"), is_good) << text.size();
 }
 
 }  // namespace
