@@ -78,12 +78,25 @@ TEST_F(Order, EachOperationAsksForItsState) {
 }
 
 TEST_F(Order, AHandleSurvivesALostConnection) {
-    ConnectAndWait();
     const auto handle = NewHandle();
-    EXPECT_EQ(handle->AcquireHandle(), S_OK);
-    EXPECT_EQ(m_hands->Disconnect(), S_OK);
+    ComPtr<SeenCycles> observer;
+    const auto prepare = [&] {
+        observer = hx::Make<SeenCycles>();
+        EXPECT_EQ(handle->InitialiseScanner(0, 0, 1), S_OK);
+        EXPECT_EQ(handle->RegisterTrackingCycleObserver(observer.get()), S_OK);
+    };
     ConnectAndWait();
-    EXPECT_EQ(handle->InitialiseScanner(0, 0, 1), S_OK);
+    EXPECT_EQ(handle->AcquireHandle(), S_OK);
+    prepare();
+    observer->WaitFor(1);
+    for (const bool prepares_while_away : {false, true}) {
+        EXPECT_EQ(m_hands->Disconnect(), S_OK);
+        EXPECT_EQ(m_hands->WaitForEvents(), S_OK);
+        if (prepares_while_away) prepare();
+        const size_t seen = observer->Seen().size();
+        ConnectAndWait();
+        observer->WaitFor(seen + 2);  // one may have been on its way
+    }
 }
 
 TEST_F(Order, AHandleThatGoesTakesNoOtherObserver) {
