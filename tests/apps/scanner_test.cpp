@@ -115,7 +115,7 @@ TEST_F(ScannerCommand, WhatIsRefusedIsToldAndChangesNothing) {
              {"presets import newer.xml", 1, "its version is 7"},
              {"presets list --fault GetDynamicSettingsPreset=E_FAIL", 1,
               "GetDynamicSettingsPreset answered E_FAIL"},
-             {"presets list --model Nobody", 1, "SetModel answered"},
+             {"presets list --model Nobody", 1, "SetModel answered HX_E_NOTFOUND"},
              {"presets list --fault Nothing=E_FAIL", 1, "Nothing=E_FAIL"},
              {"presets save New --fault SaveDynamicSettingsPresets=E_ACCESSDENIED", 1, "E_ACCESSDENIED"},
              {"track --seconds 0", 2, "number of seconds"},
