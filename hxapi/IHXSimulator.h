@@ -62,8 +62,10 @@ struct IHXSimulator : IUnknown {
     // The operations that can fail, as VT_BSTR "Interface.Operation".
     virtual HRESULT STDMETHODCALLTYPE GetOperations(SAFEARRAY** operations) = 0;
 
-    // The calls since the last TakeCalls, oldest first: a JSON array of {"on","op","args","result"}. The log
-    // holds the last million; what was lost before is told by a first entry "on":"log","op":"lost".
+    // The calls since the last TakeCalls, oldest first: a JSON array of {"on","op","args","result"}. An array
+    // among the arguments that has more than 100 elements is {"count","first"}, the latter an array of 100.
+    // The log holds the last million calls, and no more than 64 MB of UTF-8; how many were lost before is told
+    // by a first entry "on":"log","op":"lost".
     virtual HRESULT STDMETHODCALLTYPE TakeCalls(BSTR* json) = 0;
     // Enters a call that the simulator does not see by itself, as that of a preview. `arguments` is a JSON
     // array.

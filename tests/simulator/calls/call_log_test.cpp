@@ -5,6 +5,8 @@
 
 #include <limits>
 
+#include "platform/com/text_array.h"
+#include "simulator/calls/Argument.h"
 #include "simulator/calls/JsonSyntax.h"
 #include "simulator/calls/JsonText.h"
 
@@ -21,6 +23,30 @@ TEST(CallLogTest, WhatWasLostIsTold) {
 {"on":"api","op":"D","args":[],"result":0}])");
     log.Enter(L"api", L"E", L"[1]", -5);
     EXPECT_EQ(log.Take(), LR"([{"on":"api","op":"E","args":[1],"result":-5}])");
+
+    CallLog small(10, 100);
+    for (int taken = 0; taken < 2; ++taken) {
+        for (const wchar_t* operation : {L"A", L"B", L"\xE9"}) small.Enter(L"api", operation, L"[]", S_OK);
+        EXPECT_EQ(small.Take(),
+                  LR"([{"on":"log","op":"lost","args":[1],"result":0},
+{"on":"api","op":"B","args":[],"result":0},
+{"on":"api","op":")"
+                  L"\xE9"
+                  LR"(","args":[],"result":0}])");
+    }
+    small.Enter(L"api", L"F", L"[" + std::wstring(100, L'1') + L"]", S_OK);
+    EXPECT_EQ(small.Take(), LR"([{"on":"log","op":"lost","args":[1],"result":0}])");
+}
+
+TEST(CallLogTest, OfLongArraysTheFirstElementsAreTold) {
+    for (const size_t count : {100u, 101u}) {
+        std::wstring first = L"[\"\"";
+        for (int i = 1; i < 100; ++i) first += L",\"\"";
+        first += L']';
+        std::wstring json;
+        Argument(TextArray(std::vector<std::wstring>(count)).get()).AppendTo(json);
+        EXPECT_EQ(json, count == 100 ? first : L"{\"count\":101,\"first\":" + first + L"}");
+    }
 }
 
 TEST(CallLogTest, ValuesAreWrittenAsJson) {
