@@ -4,6 +4,7 @@
 #include <iostream>
 #include <iterator>
 
+#include "hxapi/HXApiErrors.h"
 #include "platform/system/files.h"
 
 namespace hxctl {
@@ -29,7 +30,8 @@ std::string HexResult(HRESULT result) {
 }
 
 std::string NamedResult(HRESULT result) {
-    const std::string name(hx::HresultName(result));
+    std::string name(hx::HresultName(result));
+    if (name.empty()) name = HXApiErrorName(result);
     return name.empty() ? HexResult(result) : name + " (" + HexResult(result) + ")";
 }
 

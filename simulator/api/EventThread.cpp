@@ -27,9 +27,10 @@ EventThread::~EventThread() {
 
 void EventThread::Post(std::span<const ConnectionEvent> events) {
     const std::lock_guard guard(m_work->mutex);
+    // What is counted will be told: without a thread nothing is.
+    if (!m_thread.joinable()) m_thread = std::thread([work = m_work] { Run(work); });
     m_work->waiting.insert(m_work->waiting.end(), events.begin(), events.end());
     m_work->posted += events.size();
-    if (!m_thread.joinable()) m_thread = std::thread([work = m_work] { Run(work); });
     m_work->changed.notify_all();
 }
 

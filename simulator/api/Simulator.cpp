@@ -5,6 +5,16 @@
 
 namespace hx::simulator {
 
+// The scanner, which is not replaced and whose users do not change meanwhile. What may end with this does so
+// without the lock: the last of an observer may ask the simulator for something.
+struct Simulator::Use {
+    explicit Use(const Simulator& of) : guard(of.m_mutex) { scanner = of.TheScanner(); }
+
+    std::shared_ptr<Scanner> scanner;
+    ComPtr<ITrackingCycleObserver> old_observer;
+    const std::lock_guard<std::mutex> guard;  // the last, and so released first
+};
+
 Simulator::Simulator(ComPtr<ConnectionPoint> listeners)
     : m_cable(
           std::make_shared<Cable>(std::move(listeners), std::make_shared<Scanner>(ScannerModels().front()))),
@@ -18,8 +28,7 @@ HRESULT Simulator::SetModel(std::wstring_view name) {
     const ScannerModel* const model = FindScannerModel(name);
     if (model == nullptr) return HX_E_NOTFOUND;
     const auto scanner = std::make_shared<Scanner>(*model);
-    const std::shared_ptr<Scanner> old = TheScanner();
-    const std::lock_guard guard(m_mutex);
+    const Use old(*this);
     if (!m_surface.empty()) scanner->SetSurface(m_surface);
     const HRESULT replaced = m_cable->Replace(scanner);
     if (FAILED(replaced)) return replaced;
@@ -30,9 +39,8 @@ HRESULT Simulator::SetModel(std::wstring_view name) {
 }
 
 HRESULT Simulator::SetSurface(const std::wstring& name) {
-    const std::shared_ptr<Scanner> scanner = TheScanner();
-    const std::lock_guard guard(m_mutex);
-    const HRESULT set = scanner->SetSurface(name);
+    const Use now(*this);
+    const HRESULT set = now.scanner->SetSurface(name);
     if (SUCCEEDED(set)) m_surface = name;
     return set;
 }
@@ -53,45 +61,37 @@ bool Simulator::IsDevice(std::wstring_view internal_name) const {
            internal_name == model.driver_internal_name;
 }
 
-// The scanner is had before the lock and observers go without it: what ends with them may ask for something.
 void Simulator::Initialise(const void* handle) {
-    const std::shared_ptr<Scanner> scanner = TheScanner();
-    const std::lock_guard guard(m_mutex);
+    const Use now(*this);
     m_initialised_by = handle;
-    scanner->Initialise();
+    now.scanner->Initialise();
 }
 
 void Simulator::Disable() {
-    const std::shared_ptr<Scanner> scanner = TheScanner();
-    const std::lock_guard guard(m_mutex);
+    const Use now(*this);
     m_initialised_by = nullptr;
-    scanner->Disable();
+    now.scanner->Disable();
 }
 
 void Simulator::StopTrackingOf(const void* handle) {
-    const std::shared_ptr<Scanner> scanner = TheScanner();
-    const std::lock_guard guard(m_mutex);
+    const Use now(*this);
     if (m_initialised_by != handle) return;
     m_initialised_by = nullptr;
-    scanner->Disable();
+    now.scanner->Disable();
 }
 
 void Simulator::Observe(const void* handle, ComPtr<ITrackingCycleObserver> observer) {
     if (!observer) return StopObservingFor(handle);
-    {
-        const std::lock_guard guard(m_mutex);
-        m_observed_by = handle;
-    }
-    TheScanner()->SetObserver(std::move(observer));
+    Use now(*this);
+    m_observed_by = handle;
+    now.old_observer = now.scanner->SetObserver(std::move(observer));
 }
 
 void Simulator::StopObservingFor(const void* handle) {
-    {
-        const std::lock_guard guard(m_mutex);
-        if (m_observed_by != handle) return;
-        m_observed_by = nullptr;
-    }
-    TheScanner()->SetObserver(nullptr);
+    Use now(*this);
+    if (m_observed_by != handle) return;
+    m_observed_by = nullptr;
+    now.old_observer = now.scanner->SetObserver(nullptr);
 }
 
 }  // namespace hx::simulator

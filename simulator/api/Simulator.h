@@ -36,6 +36,8 @@ public:
     void StopObservingFor(const void* handle);
 
 private:
+    struct Use;
+
     const std::shared_ptr<Cable> m_cable;
     OwnerPresets m_presets;
     mutable std::mutex m_mutex;  // guards what follows

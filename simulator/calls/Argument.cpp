@@ -1,5 +1,7 @@
 #include "simulator/calls/Argument.h"
 
+#include <algorithm>
+
 #include "platform/com/array_elements.h"
 #include "platform/com/comptr.h"
 #include "simulator/calls/IStoredPreset.h"
@@ -37,16 +39,19 @@ void AppendSettings(std::wstring& json, const MGlobalScanningSettings& settings)
     json += L'}';
 }
 
+// Of a long array how many there are and the first ones: all names of a long list, at each time that it is
+// saved, would push everything else out of the log.
 template <class T, class Append>
 void AppendElements(std::wstring& json, const ArrayElements<T>& elements, Append append) {
+    constexpr size_t kMostElements = 100;
+    const bool is_long = elements.size() > kMostElements;
+    if (is_long) json.append(L"{\"count\":").append(std::to_wstring(elements.size())).append(L",\"first\":");
     json += L'[';
-    bool is_first = true;
-    for (const T element : elements) {
-        if (!is_first) json += L',';
-        is_first = false;
-        append(element);
+    for (size_t i = 0; i < std::min(elements.size(), kMostElements); ++i) {
+        if (i != 0) json += L',';
+        append(elements[i]);
     }
-    json += L']';
+    json += is_long ? L"]}" : L"]";
 }
 
 struct Writer {

@@ -1,5 +1,6 @@
 #include "simulator/calls/CallLog.h"
 
+#include "platform/system/utf8.h"
 #include "simulator/calls/JsonText.h"
 
 namespace hx::simulator {
@@ -20,27 +21,32 @@ std::wstring CallText(std::wstring_view on, std::wstring_view operation, std::ws
 
 void CallLog::Enter(std::wstring_view on, std::wstring_view operation, std::wstring_view arguments,
                     HRESULT result) {
-    std::wstring call = CallText(on, operation, arguments, result);
+    std::string call = ToUtf8(CallText(on, operation, arguments, result));
+    const size_t bytes = call.size();
     const std::lock_guard guard(m_mutex);
     m_calls.push_back(std::move(call));
-    if (m_calls.size() <= m_most_calls) return;
-    m_calls.pop_front();
-    ++m_lost;
+    m_bytes += bytes;
+    while (m_calls.size() > m_most_calls || m_bytes > m_most_bytes) {
+        m_bytes -= m_calls.front().size();
+        m_calls.pop_front();
+        ++m_lost;
+    }
 }
 
 std::wstring CallLog::Take() {
-    std::deque<std::wstring> calls;
+    std::deque<std::string> calls;
     uint64_t lost = 0;
     {
         const std::lock_guard guard(m_mutex);
         calls.swap(m_calls);
+        m_bytes = 0;
         std::swap(lost, m_lost);
     }
-    if (lost != 0) calls.push_front(CallText(L"log", L"lost", L"[" + std::to_wstring(lost) + L"]", S_OK));
     std::wstring json = L"[";
-    for (const std::wstring& call : calls) {
+    if (lost != 0) json += CallText(L"log", L"lost", L"[" + std::to_wstring(lost) + L"]", S_OK);
+    for (; !calls.empty(); calls.pop_front()) {
         if (json.size() > 1) json += L",\n";
-        json += call;
+        json += FromUtf8(calls.front()).value();
     }
     return json += L"]";
 }

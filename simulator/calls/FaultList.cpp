@@ -19,6 +19,7 @@ HRESULT FaultList::Inject(const HXSimulatorFault* wanted) {
     Fault fault;
     fault.operation = FindOperation(TextOf(wanted->operation));
     if (fault.operation == nullptr) return HX_E_NOTFOUND;
+    if (wanted->preset != nullptr && fault.operation->logged_as != kPresetPrefix) return E_INVALIDARG;
     fault.result = wanted->result;
     fault.hangs_up = wanted->hang_up != FALSE;
     // A call during which the scanner is lost says so, unless it is to say something else.

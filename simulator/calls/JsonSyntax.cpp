@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "simulator/calls/JsonText.h"
+
 namespace hx::simulator {
 namespace {
 
@@ -42,6 +44,9 @@ private:
     }
     bool Take(std::wstring_view word) {
         SkipBlanks();
+        return Next(word);
+    }
+    bool Next(std::wstring_view word) {
         if (!m_left.starts_with(word)) return false;
         m_left.remove_prefix(word.size());
         return true;
@@ -61,20 +66,31 @@ private:
             const wchar_t character = m_left.front();
             m_left.remove_prefix(1);
             if (character == L'"') return true;
-            if (static_cast<uint32_t>(character) < 0x20) return false;
+            if (static_cast<uint32_t>(character) < 0x20 || !IsCharacter(character)) return false;
             if (character == L'\\' && !Escape()) return false;
         }
         return false;
     }
     bool Escape() {
-        constexpr std::wstring_view kHexDigits = L"0123456789abcdefABCDEF";
         if (m_left.empty()) return false;
         const wchar_t kind = m_left.front();
         m_left.remove_prefix(1);
         if (kind != L'u') return std::wstring_view(L"\"\\/bfnrt").find(kind) != std::wstring_view::npos;
-        const std::wstring_view digits = m_left.substr(0, 4);
-        if (digits.size() != 4 || digits.find_first_not_of(kHexDigits) != std::wstring_view::npos)
-            return false;
+        uint32_t unit = 0;
+        if (!FourHexDigits(unit)) return false;
+        if (unit < 0xD800 || unit > 0xDFFF) return true;
+        // The first half of a character, whose other half must follow.
+        uint32_t second = 0;
+        return unit < 0xDC00 && Next(L"\\u") && FourHexDigits(second) && second >= 0xDC00 && second <= 0xDFFF;
+    }
+    bool FourHexDigits(uint32_t& value) {
+        constexpr std::wstring_view kHexDigits = L"0123456789abcdef0123456789ABCDEF";
+        if (m_left.size() < 4) return false;
+        for (const wchar_t digit : m_left.substr(0, 4)) {
+            const size_t place = kHexDigits.find(digit);
+            if (place == std::wstring_view::npos) return false;
+            value = value << 4 | static_cast<uint32_t>(place & 15);
+        }
         m_left.remove_prefix(4);
         return true;
     }

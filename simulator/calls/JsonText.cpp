@@ -9,11 +9,6 @@ namespace {
 constexpr wchar_t kHexDigits[] = L"0123456789abcdef";
 constexpr wchar_t kReplacement = L'\xFFFD';
 
-bool IsCharacter(wchar_t character) {
-    const auto code = static_cast<uint32_t>(character);
-    return code < 0xD800 || (code > 0xDFFF && code <= 0x10FFFF);
-}
-
 }  // namespace
 
 void AppendJsonText(std::wstring& json, std::wstring_view text) {

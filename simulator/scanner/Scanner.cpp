@@ -118,12 +118,12 @@ void Scanner::Disable() {
     m_state->Switch([&] { m_state->initialised = false; });
 }
 
-void Scanner::SetObserver(ComPtr<ITrackingCycleObserver> observer) {
-    // The one before goes with the argument, unlocked.
+ComPtr<ITrackingCycleObserver> Scanner::SetObserver(ComPtr<ITrackingCycleObserver> observer) {
     m_state->Locked([&] {
         std::swap(m_state->observer, observer);
         ++m_state->areas_to_tell;
     });
+    return observer;
 }
 
 namespace {

@@ -41,8 +41,9 @@ public:
     void SetConnected(bool connected);
     void Initialise();
     void Disable();
-    // Null for none. The areas are told before the first cycle.
-    void SetObserver(ComPtr<ITrackingCycleObserver> observer);
+    // Null for none. The areas are told before the first cycle. Gives the one before to the caller, who lets
+    // it go when no lock is held: it may do anything as it ends.
+    ComPtr<ITrackingCycleObserver> SetObserver(ComPtr<ITrackingCycleObserver> observer);
 
     // Try values on what lies in front of the scanner: S_OK, or E_FAIL if no value shows anything. What is
     // set stays.

@@ -124,6 +124,7 @@ TEST_F(ScannerCommand, WhatIsRefusedIsToldAndChangesNothing) {
              {"track --seconds 0", 2, "number of seconds"},
              {"track --seconds nan", 2, "number of seconds"},
              {"track --preset Missing", 1, "no preset \"Missing\""},
+             {"track --fault ReleaseHandle=HX_E_NOTFOUND --seconds 0.05", 1, "HX_E_NOTFOUND (0x8004A003)"},
              {"track --surface moon", 2, "no surface \"moon\": there are plane, "},
              {"track --fault AcquireHandle=E_ACCESSDENIED", 1, "AcquireHandle answered E_ACCESSDENIED"},
              {"track --surface nothing --detect", 1, "DetectExposureTime answered E_FAIL"},

@@ -11,17 +11,6 @@
 namespace hxctl {
 namespace {
 
-struct NamedCode {
-    std::string_view name;
-    HRESULT code;
-};
-// Besides those of every component.
-constexpr NamedCode kApiCodes[] = {
-    {"HX_E_NOTCONNECTED", HX_E_NOTCONNECTED},
-    {"HX_E_NOTACQUIRED", HX_E_NOTACQUIRED},
-    {"HX_E_NOTFOUND", HX_E_NOTFOUND},
-};
-
 template <class T>
 bool Parse(std::string_view text, T& value, int base = 10) {
     const auto [behind, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
@@ -29,9 +18,9 @@ bool Parse(std::string_view text, T& value, int base = 10) {
 }
 
 bool ParseResult(std::string_view text, HRESULT& result) {
-    const auto* const named = std::ranges::find(kApiCodes, text, &NamedCode::name);
-    if (named != std::end(kApiCodes)) result = named->code;
-    if (named != std::end(kApiCodes) || hx::HresultOfName(text, result)) return true;
+    const auto* const named = std::ranges::find(kHXApiErrors, text, &HXApiError::name);
+    if (named != std::end(kHXApiErrors)) result = named->code;
+    if (named != std::end(kHXApiErrors) || hx::HresultOfName(text, result)) return true;
     if (!text.starts_with("0x") && !text.starts_with("0X")) return Parse(text, result);
     uint32_t bits = 0;
     if (!Parse(text.substr(2), bits, 16)) return false;

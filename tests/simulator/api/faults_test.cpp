@@ -122,6 +122,7 @@ TEST_F(Faults, WhatCannotFailIsRefused) {
         {Fault(Text("CloseHandle"), S_FALSE), E_INVALIDARG},
         {Fault(Text("StopTrackingDataRecording"), 0), E_INVALIDARG},
         {Fault(Text("StopTrackingDataRecording"), 5), S_OK},
+        {{Text("CloseHandle"), E_FAIL, 1, 0, 0, FALSE, nullptr, nullptr, Text("MINE")}, E_INVALIDARG},
     };
     for (const auto& [fault, result] : rows) EXPECT_EQ(m_hands->InjectFault(&fault), result);
     EXPECT_EQ(m_hands->InjectFault(nullptr), E_POINTER);

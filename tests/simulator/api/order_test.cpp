@@ -1,15 +1,13 @@
 // What a scanner refuses out of order, and what it does in any state.
-#include "hxapi/ITrackingCycleObserver.h"
+#include <barrier>
+#include <thread>
+
 #include "tests/simulator/api/simulator_fixture.h"
+#include "tests/simulator/seen_cycles.h"
 
 namespace {
 
 using hx::ComPtr;
-
-class Observer final : public hx::Implements<Observer, hx::FreeThreaded, ITrackingCycleObserver> {
-    HRESULT STDMETHODCALLTYPE OnTrackingAreas(const TrackingArea*, uint32_t) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE OnTrackingCycle(const TrackingCycle*) override { return S_OK; }
-};
 
 VARIANT AddressOf(MGlobalScanningSettings& settings) {
     VARIANT address{};
@@ -21,7 +19,7 @@ VARIANT AddressOf(MGlobalScanningSettings& settings) {
 class Order : public SimulatorTest {};
 
 TEST_F(Order, EachOperationAsksForItsState) {
-    const ComPtr<IUnknown> observer = hx::Make<Observer>();
+    const ComPtr<IUnknown> observer = hx::Make<SeenCycles>();
     MGlobalScanningSettings settings;
     ComPtr<IDynamicSettingsPreset> preset;
     ASSERT_EQ(NewHandle()->CreateDynamicSettingsPreset(preset.put()), S_OK);
@@ -80,12 +78,46 @@ TEST_F(Order, EachOperationAsksForItsState) {
 }
 
 TEST_F(Order, AHandleSurvivesALostConnection) {
-    ConnectAndWait();
     const auto handle = NewHandle();
-    EXPECT_EQ(handle->AcquireHandle(), S_OK);
-    EXPECT_EQ(m_hands->Disconnect(), S_OK);
+    ComPtr<SeenCycles> observer;
+    const auto prepare = [&] {
+        observer = hx::Make<SeenCycles>();
+        EXPECT_EQ(handle->InitialiseScanner(0, 0, 1), S_OK);
+        EXPECT_EQ(handle->RegisterTrackingCycleObserver(observer.get()), S_OK);
+    };
     ConnectAndWait();
-    EXPECT_EQ(handle->InitialiseScanner(0, 0, 1), S_OK);
+    EXPECT_EQ(handle->AcquireHandle(), S_OK);
+    prepare();
+    observer->WaitFor(1);
+    for (const bool prepares_while_away : {false, true}) {
+        EXPECT_EQ(m_hands->Disconnect(), S_OK);
+        m_hands->WaitForEvents();
+        if (prepares_while_away) prepare();
+        const size_t seen = observer->Seen().size();
+        ConnectAndWait();
+        observer->WaitFor(seen + 2);  // one may have been on its way
+    }
+}
+
+TEST_F(Order, AHandleThatGoesTakesNoOtherObserver) {
+    EXPECT_EQ(m_hands->SetConnectionState(HXConnected, FALSE), S_OK);
+    const auto stays = NewHandle();
+    EXPECT_EQ(stays->AcquireHandle(), S_OK);
+    std::barrier<> both(2);
+    for (int round = 0; round < 10'000; ++round) {
+        auto goes = NewHandle();
+        goes->AcquireHandle();
+        goes->RegisterTrackingCycleObserver(hx::Make<SeenCycles>().get());
+        const auto life = std::make_shared<int>();
+        auto observer = hx::Make<SeenCycles>();
+        observer->during_cycle = [life] {};
+        std::thread other([&] { both.arrive_and_wait(), goes.reset(); });
+        both.arrive_and_wait();
+        stays->RegisterTrackingCycleObserver(observer.get());
+        other.join();
+        observer.reset();
+        ASSERT_GT(life.use_count(), 1) << "in round " << round;
+    }
 }
 
 TEST_F(Order, OnlyKnownDevicesAndRecords) {

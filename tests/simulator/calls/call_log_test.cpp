@@ -5,6 +5,9 @@
 
 #include <limits>
 
+#include "platform/com/text_array.h"
+#include "simulator/calls/Argument.h"
+#include "simulator/calls/JsonSyntax.h"
 #include "simulator/calls/JsonText.h"
 
 namespace hx::simulator {
@@ -18,8 +21,25 @@ TEST(CallLogTest, WhatWasLostIsTold) {
               LR"([{"on":"log","op":"lost","args":[2],"result":0},
 {"on":"api","op":"C","args":[],"result":0},
 {"on":"api","op":"D","args":[],"result":0}])");
-    log.Enter(L"api", L"E", L"[1]", -5);
-    EXPECT_EQ(log.Take(), LR"([{"on":"api","op":"E","args":[1],"result":-5}])");
+    log.Enter(L"api", L"E", L"[\"\xE9\"]", -5);
+    EXPECT_EQ(log.Take(), L"[{\"on\":\"api\",\"op\":\"E\",\"args\":[\"\xE9\"],\"result\":-5}]");
+
+    CallLog small(10, 100);
+    for (const wchar_t* operation : {L"A", L"B", L"C"}) small.Enter(L"api", operation, L"[]", S_OK);
+    EXPECT_TRUE(small.Take().starts_with(LR"([{"on":"log","op":"lost","args":[1],"result":0},)"));
+    small.Enter(L"api", L"D", L"[" + std::wstring(100, L'1') + L"]", S_OK);
+    EXPECT_EQ(small.Take(), LR"([{"on":"log","op":"lost","args":[1],"result":0}])");
+}
+
+TEST(CallLogTest, OfLongArraysTheFirstElementsAreTold) {
+    for (const size_t count : {100u, 101u}) {
+        std::wstring first = L"[\"\"";
+        for (int i = 1; i < 100; ++i) first += L",\"\"";
+        first += L']';
+        std::wstring json;
+        Argument(TextArray(std::vector<std::wstring>(count)).get()).AppendTo(json);
+        EXPECT_EQ(json, count == 100 ? first : L"{\"count\":101,\"first\":" + first + L"}");
+    }
 }
 
 TEST(CallLogTest, ValuesAreWrittenAsJson) {
@@ -50,6 +70,14 @@ TEST(CallLogTest, ValuesAreWrittenAsJson) {
         AppendJsonNumber(json, number);
         EXPECT_EQ(json, expected);
     }
+}
+
+TEST(CallLogTest, TextsOfArgumentsAreCharacters) {
+    EXPECT_TRUE(IsJsonArray(L"[\"\x1F600\\u00e9\\uD83d\\ude00\"]"));
+    for (const std::wstring& bad :
+         {std::wstring{wchar_t{0xD800}}, std::wstring{wchar_t{0x7FFFFFFF}}, std::wstring(L"\\ud800"),
+          std::wstring(L"\\ude00\\ud83d"), std::wstring(L"\\ud83d\\u0041"), std::wstring(L"\\u12g4")})
+        EXPECT_FALSE(IsJsonArray(L"[\"" + bad + L"\"]")) << bad.size();
 }
 
 }  // namespace
