@@ -48,7 +48,7 @@ HRESULT OwnerFiles::Read(StoredList& stored, std::wstring& reason) const {
     if (const FileError failed = ReadFile(m_file, stored.bytes)) return ResultOf(failed, reason);
     PresetFile read;
     if (!ReadPresetFile(stored.bytes, read)) {
-        stored.condition = StoredList::kDamaged;
+        stored.condition = read.is_newer ? StoredList::kNewer : StoredList::kDamaged;
     } else if (read.owner != m_owner) {
         return Refuse(m_file, L"is another owner's", reason);
     } else if (read.model != m_model.name) {

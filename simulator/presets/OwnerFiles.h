@@ -13,6 +13,7 @@ struct StoredList {
         kWhole,
         kPartly,   // some presets were left out
         kForeign,  // for another model
+        kNewer,    // of a version that is not known
         kDamaged,  // no such document
     };
 

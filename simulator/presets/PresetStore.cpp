@@ -35,14 +35,14 @@ bool NeedsMending(const StoredList& stored) {
 // The list that can be made of what is stored.
 HRESULT Mend(const OwnerFiles& files, StoredList& stored, PresetList& list, PresetsOutcome& outcome,
              std::wstring& reason) {
-    const bool left_out = stored.condition == StoredList::kPartly;
+    const bool is_unknown = stored.condition == StoredList::kPartly || stored.condition == StoredList::kNewer;
     PresetsOutcome found = PresetsOutcome::kUnknownVersion;
     PresetList mended = std::move(stored.list);
     if (!HasPredefined(mended)) {
         std::vector<StoredPreset> users;
         const HRESULT result = files.ReadArchived(users, reason);
         if (FAILED(result)) return result;
-        if (!left_out) {
+        if (!is_unknown) {
             found = users.empty() ? PresetsOutcome::kCustomGenerated : PresetsOutcome::kCustomRestored;
             if (users.empty()) users.push_back(CustomOf(files.Model()));
         }

@@ -78,6 +78,20 @@ TEST_F(PresetStoreOutcome, AnotherModelsPresetsStayInTheArchive) {
     EXPECT_EQ(NamesOf(LoadTwice(Outcome::kCustomRestored)), NamesOf(first));
 }
 
+TEST_F(PresetStoreOutcome, ANewerFileIsArchivedAndTakenForUnknown) {
+    const std::string newer =
+        "<MFilerTaggedXml><ScannerPresets><Version "
+        "type=\"uint\">2</Version></ScannerPresets></MFilerTaggedXml>";
+    WriteFile(newer);
+    EXPECT_EQ(NamesOf(LoadTwice(Outcome::kUnknownVersion)), L"$DEFAULT @CHECK $DARKMATTE ");
+    ASSERT_EQ(Archived().size(), 1u);
+    EXPECT_EQ(BytesOf(Archived()[0]), newer);
+    ASSERT_EQ(Save(MakeList(L"u", 1)), S_OK);
+    ASSERT_EQ(Save(MakeList(L"v", 1)), S_OK);  // archives "u0"
+    WriteFile(newer);
+    EXPECT_EQ(NamesOf(LoadTwice(Outcome::kUnknownVersion)), L"$DEFAULT @CHECK $DARKMATTE u0 ");
+}
+
 TEST_F(PresetStoreOutcome, WithoutPredefinedPresetsTheListIsCompleted) {
     PresetList users{{MakePreset(L"mine"), MakePreset(L"$CUSTOM")}, L"mine"};
     ASSERT_EQ(Save(users), S_OK);
@@ -112,8 +126,6 @@ TEST_F(PresetStoreOutcome, WhatIsNoListIsSetAside) {
         "<MFilerTaggedXml><ScannerPresets/></MFilerTaggedXml>",
         head + "</ScannerPresets></MFilerTaggedXml>",
         head + "<Owner type=\"string\">Arm</Owner><Selected/></ScannerPresets></MFilerTaggedXml>",
-        "<MFilerTaggedXml><ScannerPresets><Version "
-        "type=\"uint\">2</Version></ScannerPresets></MFilerTaggedXml>",
         "<MFilerTaggedXml>" + nested + "</MFilerTaggedXml>",
     };
     size_t set_aside = 0;
