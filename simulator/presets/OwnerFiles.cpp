@@ -14,6 +14,7 @@ namespace fs = std::filesystem;
 
 constexpr uint32_t kMaxBackupsKey = 136;
 constexpr int32_t kUsualMaxBackups = 10;
+constexpr size_t kMostListsAside = 10;
 
 // How many archives an owner may have.
 size_t MostArchives() {
@@ -86,8 +87,8 @@ HRESULT OwnerFiles::Keep(const StoredList& stored, std::wstring& reason) const {
     using Kind = PresetArchive::Kind;
     const bool no_archives = MostArchives() == 0;
     if (stored.IsToldByList() && no_archives) return S_OK;
-    const Kind kind =
-        stored.condition == StoredList::kDamaged || no_archives ? Kind::kSetAside : Kind::kArchive;
+    const Kind instead = no_archives ? Kind::kListAside : Kind::kArchive;
+    const Kind kind = stored.condition == StoredList::kDamaged ? Kind::kDamaged : instead;
     return ResultOf(m_archive.Keep(stored.bytes, kind), reason);
 }
 
@@ -96,8 +97,10 @@ HRESULT OwnerFiles::Replace(const StoredList& stored, bool keep, PresetList list
     HRESULT result = keep ? Keep(stored, reason) : S_OK;
     if (SUCCEEDED(result)) result = Write(std::move(list), reason);
     // Not before: until the list is there, what it was restored from may be the oldest archive.
-    const size_t most = MostArchives();
-    if (SUCCEEDED(result) && keep && most > 0) m_archive.Trim(most);
+    if (SUCCEEDED(result) && keep) {
+        m_archive.Trim(PresetArchive::Kind::kArchive, MostArchives());
+        m_archive.Trim(PresetArchive::Kind::kListAside, kMostListsAside);
+    }
     return result;
 }
 

@@ -40,7 +40,8 @@ public:
 
 private:
     // The file as it is: as an archive; set aside, where it stays for good, if it is damaged. If there are to
-    // be no archives, a file that its list tells wholly is not kept, and any other is set aside, too.
+    // be no archives, a file that its list tells wholly is not kept, and any other is set aside, too, where a
+    // few of them stay.
     HRESULT Keep(const StoredList& stored, std::wstring& reason) const;
     HRESULT Write(PresetList list, std::wstring& reason) const;
 

@@ -39,7 +39,8 @@ bool IsStamp(std::string_view text) {
 }
 
 std::string_view ExtensionOf(PresetArchive::Kind kind) {
-    return kind == PresetArchive::Kind::kArchive ? ".xml" : ".aside";
+    static constexpr std::string_view kExtensions[] = {".xml", ".list.aside", ".aside"};
+    return kExtensions[static_cast<size_t>(kind)];
 }
 
 // The number in a name of ours.
@@ -118,9 +119,9 @@ FileError PresetArchive::Keep(std::string_view bytes, Kind kind) const {
     return error;
 }
 
-void PresetArchive::Trim(size_t most) const {
+void PresetArchive::Trim(Kind kind, size_t most) const {
     std::vector<Entry> entries;
-    if (Entries(Kind::kArchive, entries)) return;
+    if (Entries(kind, entries)) return;
     size_t kept = 0;
     for (const Entry& entry : entries) {
         std::error_code one_too_many;

@@ -1,7 +1,7 @@
-// Former files of one owner, kept in a folder: archives, of which the oldest go when there are too many, and
-// files that were set aside, which stay. Names are OWNER.TIME.NUMBER.xml and .aside: the time, in UTC, is for
-// people, the number tells which is newer, whatever the clock was set to. For the preset store; any thread,
-// and several processes at once.
+// Former files of one owner, kept in a folder: archives and lists that were set aside, of which the oldest go
+// when there are too many, and damaged files, which stay. Names are OWNER.TIME.NUMBER with .xml, .list.aside
+// or .aside: the time, in UTC, is for people, the number tells which is newer, whatever the clock was set to.
+// For the preset store; any thread, and several processes at once.
 #pragma once
 
 #include <vector>
@@ -12,7 +12,7 @@ namespace hx::simulator {
 
 class PresetArchive {
 public:
-    enum class Kind { kArchive, kSetAside };
+    enum class Kind { kArchive, kListAside, kDamaged };
 
     // `owner` is the name of the owner's files.
     PresetArchive(std::filesystem::path folder, std::string owner);
@@ -21,9 +21,9 @@ public:
     FileError Keep(std::string_view bytes, Kind kind) const;
     // Newest first. Only files that were made here, by their names.
     FileError List(Kind kind, std::vector<std::filesystem::path>& files) const;
-    // Deletes the oldest archives until so many are left, and names that were taken and never filled. One
+    // Deletes the oldest of that kind until so many are left, and names that were taken and never filled. One
     // that cannot be deleted is one too many, which harms nobody, and is tried again the next time.
-    void Trim(size_t most) const;
+    void Trim(Kind kind, size_t most) const;
 
 private:
     struct Entry {

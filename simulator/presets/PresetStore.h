@@ -44,9 +44,9 @@ public:
     PresetStore(std::filesystem::path folder, const ScannerModel& model);
 
     // The owner's list, and what had to be done, which is told once: it is done on disk first, and the next
-    // Load says kNone. What a file says beyond the list that comes of it is never lost: the file is archived
-    // as it was; one that is no document, or any if there are to be no archives, is set aside there for good.
-    // An owner that was never seen has the factory's presets and no outcome. On failure E_FAIL or
+    // Load says kNone. A file that says more than the list that comes of it is archived as it was. One that
+    // is no document is set aside there for good; if there are to be no archives, the last ten others are set
+    // aside, too. An owner that was never seen has the factory's presets and no outcome. On failure E_FAIL or
     // E_ACCESSDENIED, with `reason` for a person, and nothing is replaced.
     HRESULT Load(std::wstring_view owner, PresetList& list, PresetsOutcome& outcome, std::wstring& reason);
 

@@ -169,11 +169,15 @@ TEST_F(PresetStoreOutcome, AsManyArchivesAsTheRegistrySays) {
     SetMaxBackups(0);
     ASSERT_EQ(Save(MakeList(L"u", 2)), S_OK);
     ASSERT_EQ(Save(MakeList(L"u", 1)), S_OK);
-    EXPECT_EQ(Archived().size(), 1 + std::size(foreign)) << "none is made, none deleted";
+    EXPECT_EQ(Archived().size(), std::size(foreign)) << "those that there were are too many";
     const std::string bytes = BytesOf(File());
-    LoadTwice(Outcome::kCustomRestored, kOtherModel);
+    LoadTwice(Outcome::kCustomGenerated, kOtherModel);
     ASSERT_EQ(Archived(".aside").size(), 1u) << "nobody asked for the list to be replaced";
     EXPECT_EQ(BytesOf(Archived(".aside")[0]), bytes);
+    std::ofstream(folder / "mine.aside");
+    for (int i = 0; i < 20; ++i) LoadTwice(Outcome::kCustomGenerated, i % 2 == 0 ? kModel : kOtherModel);
+    EXPECT_EQ(Archived(".aside").size(), 10u + 1);
+    EXPECT_TRUE(std::filesystem::exists(folder / "mine.aside"));
 }
 
 TEST_F(PresetStoreOutcome, AnObstacleIsTold) {
