@@ -92,6 +92,10 @@ HRESULT OwnerFiles::Keep(const StoredList& stored, std::wstring& reason) const {
     return ResultOf(m_archive.Keep(stored.bytes, kind), reason);
 }
 
+HRESULT OwnerFiles::SetAside(std::wstring& reason) const {
+    return ResultOf(m_archive.Take(m_file), reason);
+}
+
 HRESULT OwnerFiles::Replace(const StoredList& stored, bool keep, PresetList list,
                             std::wstring& reason) const {
     HRESULT result = keep ? Keep(stored, reason) : S_OK;

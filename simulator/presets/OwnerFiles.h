@@ -35,6 +35,8 @@ public:
     HRESULT Read(StoredList& stored, std::wstring& reason) const;
     // The user's presets of the newest archive that has any and can be read.
     HRESULT ReadArchived(std::vector<StoredPreset>& presets, std::wstring& reason) const;
+    // Moves the file out of the way, which need not be readable.
+    HRESULT SetAside(std::wstring& reason) const;
     // The list instead of what was stored, which is kept before if `keep` says so.
     HRESULT Replace(const StoredList& stored, bool keep, PresetList list, std::wstring& reason) const;
 

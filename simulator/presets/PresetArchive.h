@@ -1,7 +1,7 @@
 // Former files of one owner, kept in a folder: archives and lists that were set aside, of which the oldest go
-// when there are too many, and damaged files, which stay. Names are OWNER.TIME.NUMBER with .xml, .list.aside
-// or .aside: the time, in UTC, is for people, the number tells which is newer, whatever the clock was set to.
-// For the preset store; any thread, and several processes at once.
+// when there are too many, and damaged or unreadable files, which stay. Names are OWNER.TIME.NUMBER with
+// .xml, .list.aside or .aside: the time, in UTC, is for people, the number tells which is newer, whatever the
+// clock was set to. For the preset store; any thread, and several processes at once.
 #pragma once
 
 #include <vector>
@@ -19,6 +19,8 @@ public:
 
     // A new file with these bytes, unless the newest one holds the same.
     FileError Keep(std::string_view bytes, Kind kind) const;
+    // Moves a file here that cannot be read, whatever it is, as a damaged one.
+    FileError Take(const std::filesystem::path& file) const;
     // Newest first. Only files that were made here, by their names.
     FileError List(Kind kind, std::vector<std::filesystem::path>& files) const;
     // Deletes the oldest of that kind until so many are left, and names that were taken and never filled. One
@@ -31,6 +33,8 @@ private:
         std::filesystem::path path;
     };
     FileError Entries(Kind kind, std::vector<Entry>& entries) const;
+    // A file of now.
+    std::filesystem::path NewPath(Kind kind, int64_t wall_us, uint64_t number) const;
 
     std::filesystem::path m_folder;
     std::string m_owner;

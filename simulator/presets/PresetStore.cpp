@@ -137,8 +137,13 @@ HRESULT PresetStore::Reset(std::wstring_view owner, std::wstring& reason) {
     reason.clear();
     const OwnerFiles files(m_folder, owner, m_model);
     StoredList stored;
-    const HRESULT result = files.Read(stored, reason);
-    if (FAILED(result) || stored.condition == StoredList::kAbsent) return result;
+    if (FAILED(files.Read(stored, reason))) {
+        reason.clear();
+        const HRESULT result = files.SetAside(reason);
+        if (FAILED(result)) return result;
+        return files.Replace({}, false, FactoryList(m_model), reason);
+    }
+    if (stored.condition == StoredList::kAbsent) return S_OK;
     const bool keep = !stored.IsToldByList() || LosesUsers(stored.list, {});
     return files.Replace(stored, keep, FactoryList(m_model), reason);
 }

@@ -57,7 +57,8 @@ public:
     // does.
     HRESULT Save(std::wstring_view owner, const PresetList& list, std::wstring& reason);
 
-    // Back to the factory's presets; the user's own are archived before.
+    // Back to the factory's presets; the user's own are archived before. A file that cannot be read is set
+    // aside as it is.
     HRESULT Reset(std::wstring_view owner, std::wstring& reason);
 
 private:

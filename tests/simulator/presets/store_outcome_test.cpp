@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "simulator/presets/PresetFile.h"
 #include "tests/simulator/presets/store_fixture.h"
 
 namespace hx::simulator {
@@ -180,18 +181,38 @@ TEST_F(PresetStoreOutcome, AsManyArchivesAsTheRegistrySays) {
     EXPECT_TRUE(std::filesystem::exists(folder / "mine.aside"));
 }
 
-TEST_F(PresetStoreOutcome, AnObstacleIsTold) {
-    std::filesystem::create_directories(File());
-    EXPECT_EQ(Load().result, E_FAIL);
-    EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL);
-    EXPECT_NE(m_reason.find(L"presets-+arm.xml: "), std::wstring::npos) << "which file";
-    std::filesystem::remove(File());
-    ASSERT_EQ(mkfifo(File().c_str(), 0600), 0);
-    EXPECT_EQ(Load().result, E_FAIL) << "and not waited for";
-    std::filesystem::remove(File());
-    WriteFile("x");
-    std::filesystem::resize_file(File(), uint64_t{1} << 40);
-    EXPECT_EQ(Load().result, E_FAIL) << "and not read";
+TEST_F(PresetStoreOutcome, AnObstacleIsToldAndGoesIfTheListIsReset) {
+    struct Row {
+        const char* what;
+        void (*make)(const std::filesystem::path& file);
+    };
+    const Row rows[] = {
+        {"a folder", [](const auto& file) { std::filesystem::create_directories(file / "with" / "more"); }},
+        {"a pipe, not waited for", [](const auto& file) { ASSERT_EQ(mkfifo(file.c_str(), 0600), 0); }},
+        {"too large, not read",
+         [](const auto& file) {
+             std::ofstream(file) << "x";
+             std::filesystem::resize_file(file, uint64_t{1} << 40);
+         }},
+        {"another owner's",
+         [](const auto& file) {
+             std::ofstream(file) << WritePresetFile({MakeList(L"u", 1), L"Leg", kModel.name});
+         }},
+    };
+    size_t set_aside = 0;
+    for (const Row& row : rows) {
+        std::filesystem::create_directories(Folder());
+        row.make(File());
+        EXPECT_EQ(Load().result, E_FAIL) << row.what;
+        EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL) << row.what;
+        EXPECT_NE(m_reason.find(L"presets-+arm.xml: "), std::wstring::npos) << "which file";
+        EXPECT_EQ(PresetStore(Folder(), kModel).Reset(kOwner, m_reason), S_OK) << row.what;
+        EXPECT_EQ(NamesOf(LoadTwice(Outcome::kNone)), L"$DEFAULT @CHECK $DARKMATTE ");
+        EXPECT_EQ(Archived(".aside").size(), ++set_aside) << row.what;
+        std::filesystem::remove(File());
+    }
+    WriteFile("no XML");
+    LoadTwice(Outcome::kCustomGenerated);
     std::filesystem::remove_all(Folder());
     std::ofstream(Folder()) << "no folder";
     EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL);
