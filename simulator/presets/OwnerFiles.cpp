@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 constexpr uint32_t kMaxBackupsKey = 136;
 constexpr int32_t kUsualMaxBackups = 10;
 constexpr size_t kMostListsAside = 10;
+constexpr std::chrono::seconds kPatience{5};
 
 // How many archives an owner may have.
 size_t MostArchives() {
@@ -34,9 +35,18 @@ OwnerFiles::OwnerFiles(const fs::path& folder, std::wstring_view owner, const Sc
     : m_owner(owner),
       m_model(model),
       m_file(folder / (OwnerFileName(owner) + ".xml")),
+      m_lock_file(folder / (OwnerFileName(owner) + ".lock")),
       m_archive(folder / "archive", OwnerFileName(owner)) {}
 
+HRESULT OwnerFiles::Lock(std::optional<FileLock>& lock, std::wstring& reason) const {
+    if (const FileError failed = MakeFolder(m_file.parent_path())) return ResultOf(failed, reason);
+    lock.emplace(m_lock_file, kPatience);
+    if (lock->Error().code == std::errc::timed_out) return Refuse(m_file, L"is in use", reason);
+    return ResultOf(lock->Error(), reason);
+}
+
 HRESULT OwnerFiles::Read(StoredList& stored, std::wstring& reason) const {
+    stored = {};
     std::error_code error;
     const fs::file_status status = fs::status(m_file, error);
     if (status.type() == fs::file_type::not_found) return S_OK;
@@ -112,7 +122,6 @@ HRESULT OwnerFiles::Write(PresetList list, std::wstring& reason) const {
     const PresetFile written{std::move(list), m_owner, m_model.name};
     const std::string bytes = WritePresetFile(written);
     if (bytes.size() > kMostPresetBytes) return Refuse(m_file, L"would be too large", reason);
-    if (const FileError failed = MakeFolder(m_file.parent_path())) return ResultOf(failed, reason);
     return ResultOf(WriteFileAtomically(m_file, bytes), reason);
 }
 

@@ -1,6 +1,7 @@
 // The files of one owner: the list in force and the former ones. For the preset store, on its thread.
 #pragma once
 
+#include "platform/system/file_lock.h"
 #include "simulator/presets/PresetArchive.h"
 #include "simulator/presets/PresetStore.h"
 
@@ -25,13 +26,16 @@ struct StoredList {
     bool IsToldByList() const { return condition == kAbsent || condition == kWhole; }
 };
 
-// Failures as the store gives them.
+// Failures as the store gives them. Whoever replaces anything holds the lock from before reading it on: else
+// what another process saved in between would be gone without an archive.
 class OwnerFiles {
 public:
     OwnerFiles(const std::filesystem::path& folder, std::wstring_view owner, const ScannerModel& model);
 
     const ScannerModel& Model() const { return m_model; }
 
+    // Makes the folder if it is missing. Others are waited for, for some seconds. Reading needs no lock.
+    HRESULT Lock(std::optional<FileLock>& lock, std::wstring& reason) const;
     HRESULT Read(StoredList& stored, std::wstring& reason) const;
     // The user's presets of the newest archive that has any and can be read.
     HRESULT ReadArchived(std::vector<StoredPreset>& presets, std::wstring& reason) const;
@@ -50,6 +54,7 @@ private:
     std::wstring m_owner;
     const ScannerModel& m_model;
     std::filesystem::path m_file;
+    std::filesystem::path m_lock_file;
     PresetArchive m_archive;
 };
 

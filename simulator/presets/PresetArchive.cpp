@@ -116,7 +116,7 @@ FileError PresetArchive::Keep(std::string_view bytes, Kind kind) const {
     std::vector<Entry> entries;
     if (FileError error = Entries(kind, entries)) return error;
     if (!entries.empty() && Holds(entries.front().path, bytes)) return {};
-    // The name is taken by an empty file first, so that two processes never take the same.
+    // The name is taken by an empty file first: what somebody else put there is never replaced.
     const int64_t now = SystemClock().WallMicroseconds();
     FileError error;
     for (uint64_t number = entries.empty() ? 1 : entries.front().number + 1; !error; ++number) {
@@ -149,13 +149,12 @@ void PresetArchive::Trim(Kind kind, size_t most) const {
     size_t kept = 0;
     for (const Entry& entry : entries) {
         std::error_code one_too_many;
-        const bool only_reserved = fs::file_size(entry.path, one_too_many) == 0;
-        // The newest name may be one that another process is about to fill; the others' are dead.
-        const bool stays = only_reserved ? kept == 0 : kept < most;
-        if (stays) {
-            kept += !only_reserved;
-        } else {
+        // By somebody who died. An empty file may well have been set aside.
+        const bool never_filled = kind == Kind::kArchive && fs::file_size(entry.path, one_too_many) == 0;
+        if (never_filled || kept == most) {
             fs::remove(entry.path, one_too_many);
+        } else {
+            ++kept;
         }
     }
 }

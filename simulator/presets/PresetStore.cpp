@@ -29,7 +29,8 @@ PresetList WithFactorys(const ScannerModel& model, PresetList list) {
 }
 
 bool NeedsMending(const StoredList& stored) {
-    return stored.condition != StoredList::kWhole || !HasPredefined(stored.list);
+    return stored.condition != StoredList::kAbsent &&
+           (stored.condition != StoredList::kWhole || !HasPredefined(stored.list));
 }
 
 // The list that can be made of what is stored.
@@ -96,14 +97,16 @@ HRESULT PresetStore::Load(std::wstring_view owner, PresetList& list, PresetsOutc
     reason.clear();
     const OwnerFiles files(m_folder, owner, m_model);
     StoredList stored;
-    const HRESULT result = files.Read(stored, reason);
-    if (FAILED(result)) return result;
-    if (stored.condition == StoredList::kAbsent) {
-        list = FactoryList(m_model);
-        return S_OK;
+    HRESULT result = files.Read(stored, reason);
+    std::optional<FileLock> lock;
+    if (SUCCEEDED(result) && NeedsMending(stored)) {
+        result = files.Lock(lock, reason);
+        // Somebody else may have mended it, or saved another list, before it was locked.
+        if (SUCCEEDED(result)) result = files.Read(stored, reason);
+        if (SUCCEEDED(result) && NeedsMending(stored)) return Mend(files, stored, list, outcome, reason);
     }
-    if (NeedsMending(stored)) return Mend(files, stored, list, outcome, reason);
-    list = std::move(stored.list);
+    if (FAILED(result)) return result;
+    list = stored.condition == StoredList::kAbsent ? FactoryList(m_model) : std::move(stored.list);
     return S_OK;
 }
 
@@ -124,8 +127,11 @@ HRESULT PresetStore::Save(std::wstring_view owner, const PresetList& list, std::
     if (!CanBeKept(owner)) return refuse(owner, L"the owner's name is no text");
 
     const OwnerFiles files(m_folder, owner, m_model);
+    std::optional<FileLock> lock;
+    HRESULT result = files.Lock(lock, reason);
+    if (FAILED(result)) return result;
     StoredList stored;
-    const HRESULT result = files.Read(stored, reason);
+    result = files.Read(stored, reason);
     if (FAILED(result)) return result;
     const bool keep = !stored.IsToldByList() || LosesUsers(stored.list, names);
     const bool has_list = stored.condition == StoredList::kWhole || stored.condition == StoredList::kPartly;
@@ -137,13 +143,20 @@ HRESULT PresetStore::Reset(std::wstring_view owner, std::wstring& reason) {
     reason.clear();
     const OwnerFiles files(m_folder, owner, m_model);
     StoredList stored;
-    if (FAILED(files.Read(stored, reason))) {
+    HRESULT result = files.Read(stored, reason);
+    // Nothing is made for an owner that was never seen.
+    if (SUCCEEDED(result) && stored.condition == StoredList::kAbsent) return S_OK;
+    reason.clear();
+    std::optional<FileLock> lock;
+    result = files.Lock(lock, reason);
+    if (FAILED(result)) return result;
+    result = files.Read(stored, reason);
+    if (FAILED(result)) {
         reason.clear();
-        const HRESULT result = files.SetAside(reason);
+        result = files.SetAside(reason);
         if (FAILED(result)) return result;
         return files.Replace({}, false, FactoryList(m_model), reason);
     }
-    if (stored.condition == StoredList::kAbsent) return S_OK;
     const bool keep = !stored.IsToldByList() || LosesUsers(stored.list, {});
     return files.Replace(stored, keep, FactoryList(m_model), reason);
 }

@@ -1,8 +1,8 @@
 // The presets that a scanner API keeps on disk, a list for each owner: one file each (PresetFile.h says what
 // is in it), replaced as a whole, so that whatever happens there is the old list or the new one. Former files
 // lie in the folder "archive" beside them: at most as many per owner as the registry's
-// DynamicSettingsMaxBackups says. Several processes may share the folder; the last one to save wins. One
-// thread at a time per store. Throws std::bad_alloc only.
+// DynamicSettingsMaxBackups says. Several processes and stores may share the folder: each replaces an owner's
+// list in turn, and the last one to save wins. One thread at a time per store. Throws std::bad_alloc only.
 #pragma once
 
 #include <filesystem>
@@ -47,7 +47,8 @@ public:
     // Load says kNone. A file that says more than the list that comes of it is archived as it was. One that
     // is no document is set aside there for good; if there are to be no archives, the last ten others are set
     // aside, too. An owner that was never seen has the factory's presets and no outcome. On failure E_FAIL or
-    // E_ACCESSDENIED, with `reason` for a person, and nothing is replaced.
+    // E_ACCESSDENIED, with `reason` for a person, and nothing is replaced; E_FAIL also if others keep
+    // replacing the list for seconds.
     HRESULT Load(std::wstring_view owner, PresetList& list, PresetsOutcome& outcome, std::wstring& reason);
 
     // Replaces the list, but for presets whose name begins with "@": those stay in their places, and ones
