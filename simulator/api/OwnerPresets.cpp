@@ -46,7 +46,8 @@ void OwnerPresets::SetFolder(std::wstring folder) {
 OwnerPresets::Presets OwnerPresets::Of(const std::wstring& owner) {
     const std::lock_guard guard(m_mutex);
     const auto known = m_known.find(owner);
-    return known != m_known.end() ? known->second : Load(owner);
+    const bool holds = known != m_known.end() && known->second.stamp == Store().Stamp(owner);
+    return holds ? known->second.presets : Load(owner);
 }
 
 std::pair<OwnerPresets::Presets, PresetsOutcome> OwnerPresets::Enumerate(const std::wstring& owner) {
@@ -92,11 +93,14 @@ OwnerPresets::Presets OwnerPresets::Load(const std::wstring& owner) {
     PresetList list;
     PresetsOutcome outcome = PresetsOutcome::kNone;
     std::wstring reason;
+    const FileStamp stamp = Store().Stamp(owner);
     const HRESULT result = Store().Load(owner, list, outcome, reason);
     Require(result, reason);
     // Whoever reads first need not be the one who is told.
     if (outcome != PresetsOutcome::kNone) m_untold[owner] = outcome;
-    return m_known[owner] = std::make_shared<const PresetsByName>(std::move(list));
+    auto presets = std::make_shared<const PresetsByName>(std::move(list));
+    m_known[owner] = {presets, stamp};
+    return presets;
 }
 
 }  // namespace hx::simulator

@@ -1,5 +1,5 @@
 // The presets of the owners as the simulated scanner API gives them out: each owner's list is read once and
-// kept until something changes it. Any thread.
+// kept until something changes it, another process included. Any thread.
 #pragma once
 
 #include <map>
@@ -37,6 +37,7 @@ public:
     // Empty for the usual one.
     void SetFolder(std::wstring folder);
 
+    // Looks at the file, but reads it only if it has changed.
     Presets Of(const std::wstring& owner);
     // Read anew, with what had to be done to them and was not told yet.
     std::pair<Presets, PresetsOutcome> Enumerate(const std::wstring& owner);
@@ -44,6 +45,11 @@ public:
     void Reset(const std::wstring& owner);
 
 private:
+    struct Known {
+        Presets presets;
+        FileStamp stamp;  // of the file that they were read from
+    };
+
     // All with the lock held.
     PresetStore& Store();
     void Forget();
@@ -53,7 +59,7 @@ private:
     const ScannerModel* m_model;
     std::wstring m_folder;  // empty for the usual one
     std::unique_ptr<PresetStore> m_store;
-    std::map<std::wstring, Presets> m_known;
+    std::map<std::wstring, Known> m_known;
     std::map<std::wstring, PresetsOutcome> m_untold;
 };
 

@@ -34,9 +34,13 @@ HRESULT Refuse(const fs::path& path, const wchar_t* why, std::wstring& reason) {
 OwnerFiles::OwnerFiles(const fs::path& folder, std::wstring_view owner, const ScannerModel& model)
     : m_owner(owner),
       m_model(model),
-      m_file(folder / (OwnerFileName(owner) + ".xml")),
+      m_file(ListFile(folder, owner)),
       m_lock_file(folder / (OwnerFileName(owner) + ".lock")),
       m_archive(folder / "archive", OwnerFileName(owner)) {}
+
+fs::path OwnerFiles::ListFile(const fs::path& folder, std::wstring_view owner) {
+    return folder / (OwnerFileName(owner) + ".xml");
+}
 
 HRESULT OwnerFiles::Lock(std::optional<FileLock>& lock, std::wstring& reason) const {
     if (const FileError failed = MakeFolder(m_file.parent_path())) return ResultOf(failed, reason);

@@ -32,6 +32,9 @@ class OwnerFiles {
 public:
     OwnerFiles(const std::filesystem::path& folder, std::wstring_view owner, const ScannerModel& model);
 
+    // The list in force.
+    static std::filesystem::path ListFile(const std::filesystem::path& folder, std::wstring_view owner);
+
     const ScannerModel& Model() const { return m_model; }
 
     // Makes the folder if it is missing. Others are waited for, for some seconds. Reading needs no lock.

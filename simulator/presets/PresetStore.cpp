@@ -110,6 +110,10 @@ HRESULT PresetStore::Load(std::wstring_view owner, PresetList& list, PresetsOutc
     return S_OK;
 }
 
+FileStamp PresetStore::Stamp(std::wstring_view owner) const {
+    return StampOf(OwnerFiles::ListFile(m_folder, owner));
+}
+
 HRESULT PresetStore::Save(std::wstring_view owner, const PresetList& list, std::wstring& reason) {
     reason.clear();
     std::unordered_set<std::wstring_view> names;

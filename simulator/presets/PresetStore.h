@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/com/hresult.h"
+#include "platform/system/file_stamp.h"
 #include "simulator/models/ScannerModel.h"
 
 namespace hx::simulator {
@@ -50,6 +51,9 @@ public:
     // E_ACCESSDENIED, with `reason` for a person, and nothing is replaced; E_FAIL also if others keep
     // replacing the list for seconds.
     HRESULT Load(std::wstring_view owner, PresetList& list, PresetsOutcome& outcome, std::wstring& reason);
+
+    // Of the owner's file: a list that was loaded after this stamp was taken holds for as long as it stays.
+    FileStamp Stamp(std::wstring_view owner) const;
 
     // Replaces the list, but for presets whose name begins with "@": those stay in their places, and ones
     // that come along are ignored. If user's presets are gone from the list, the old one is archived before.
