@@ -54,7 +54,7 @@ std::pair<OwnerPresets::Presets, PresetsOutcome> OwnerPresets::Enumerate(const s
     const std::lock_guard guard(m_mutex);
     Presets presets = Load(owner);
     PresetsOutcome outcome = PresetsOutcome::kNone;
-    if (const auto untold = m_untold.extract(owner)) outcome = untold.mapped();
+    if (const auto untold = m_untold.extract(Place(Folder(), owner))) outcome = untold.mapped();
     return {std::move(presets), outcome};
 }
 
@@ -74,18 +74,18 @@ void OwnerPresets::Reset(const std::wstring& owner) {
     Require(result, reason);
 }
 
+std::wstring OwnerPresets::Folder() const {
+    return m_folder.empty() ? UsualFolder() : m_folder;
+}
+
 PresetStore& OwnerPresets::Store() {
-    if (!m_store) {
-        const std::wstring folder = m_folder.empty() ? UsualFolder() : m_folder;
-        m_store = std::make_unique<PresetStore>(ToUtf8(folder), *m_model);
-    }
+    if (!m_store) m_store = std::make_unique<PresetStore>(ToUtf8(Folder()), *m_model);
     return *m_store;
 }
 
 void OwnerPresets::Forget() {
     m_store.reset();
     m_known.clear();
-    m_untold.clear();
 }
 
 OwnerPresets::Presets OwnerPresets::Load(const std::wstring& owner) {
@@ -97,7 +97,7 @@ OwnerPresets::Presets OwnerPresets::Load(const std::wstring& owner) {
     const HRESULT result = Store().Load(owner, list, outcome, reason);
     Require(result, reason);
     // Whoever reads first need not be the one who is told.
-    if (outcome != PresetsOutcome::kNone) m_untold[owner] = outcome;
+    if (outcome != PresetsOutcome::kNone) m_untold[{Folder(), owner}] = outcome;
     auto presets = std::make_shared<const PresetsByName>(std::move(list));
     m_known[owner] = {presets, stamp};
     return presets;

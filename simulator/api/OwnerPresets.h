@@ -39,7 +39,7 @@ public:
 
     // Looks at the file, but reads it only if it has changed.
     Presets Of(const std::wstring& owner);
-    // Read anew, with what had to be done to them and was not told yet.
+    // Read anew, with what had to be done to them and was not told yet, whichever model it was done for.
     std::pair<Presets, PresetsOutcome> Enumerate(const std::wstring& owner);
     void Save(const std::wstring& owner, const PresetList& list);
     void Reset(const std::wstring& owner);
@@ -50,7 +50,11 @@ private:
         FileStamp stamp;  // of the file that they were read from
     };
 
+    // Of an owner's presets: the folder and the owner.
+    using Place = std::pair<std::wstring, std::wstring>;
+
     // All with the lock held.
+    std::wstring Folder() const;
     PresetStore& Store();
     void Forget();
     Presets Load(const std::wstring& owner);
@@ -60,7 +64,8 @@ private:
     std::wstring m_folder;  // empty for the usual one
     std::unique_ptr<PresetStore> m_store;
     std::map<std::wstring, Known> m_known;
-    std::map<std::wstring, PresetsOutcome> m_untold;
+    // Done on disk already; thus it stays until it is told, whatever is set meanwhile.
+    std::map<Place, PresetsOutcome> m_untold;
 };
 
 }  // namespace hx::simulator

@@ -213,6 +213,10 @@ TEST_F(Presets, AnOutcomeIsToldOnceWhoeverReadsFirst) {
     ASSERT_EQ(Save({L"mine"}), S_OK);
     hx::Bstr selected;
     EXPECT_EQ(m_handle->GetSelectedDynamicSettingsPreset(m_owner, selected.put()), S_OK);
+    const std::string folder = m_folder.path().string();
+    EXPECT_EQ(m_hands->SetPresetsFolder(Text(folder + "/other")), S_OK);
+    EXPECT_NE(Enumerated(), L"") << "nothing to tell of this one";
+    EXPECT_EQ(m_hands->SetPresetsFolder(Text(folder)), S_OK);
     hx::SafeArray names, display_names;
     const HRESULT result =
         m_handle->EnumerateDynamicSettingsPresets(m_owner, names.put(), display_names.put());
