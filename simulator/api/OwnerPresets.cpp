@@ -46,14 +46,15 @@ void OwnerPresets::SetFolder(std::wstring folder) {
 OwnerPresets::Presets OwnerPresets::Of(const std::wstring& owner) {
     const std::lock_guard guard(m_mutex);
     const auto known = m_known.find(owner);
-    return known != m_known.end() ? known->second : Load(owner);
+    const bool holds = known != m_known.end() && known->second.stamp == Store().Stamp(owner);
+    return holds ? known->second.presets : Load(owner);
 }
 
 std::pair<OwnerPresets::Presets, PresetsOutcome> OwnerPresets::Enumerate(const std::wstring& owner) {
     const std::lock_guard guard(m_mutex);
     Presets presets = Load(owner);
     PresetsOutcome outcome = PresetsOutcome::kNone;
-    if (const auto untold = m_untold.extract(owner)) outcome = untold.mapped();
+    if (const auto untold = m_untold.extract(Place(Folder(), owner))) outcome = untold.mapped();
     return {std::move(presets), outcome};
 }
 
@@ -73,18 +74,18 @@ void OwnerPresets::Reset(const std::wstring& owner) {
     Require(result, reason);
 }
 
+std::wstring OwnerPresets::Folder() const {
+    return m_folder.empty() ? UsualFolder() : m_folder;
+}
+
 PresetStore& OwnerPresets::Store() {
-    if (!m_store) {
-        const std::wstring folder = m_folder.empty() ? UsualFolder() : m_folder;
-        m_store = std::make_unique<PresetStore>(ToUtf8(folder), *m_model);
-    }
+    if (!m_store) m_store = std::make_unique<PresetStore>(ToUtf8(Folder()), *m_model);
     return *m_store;
 }
 
 void OwnerPresets::Forget() {
     m_store.reset();
     m_known.clear();
-    m_untold.clear();
 }
 
 OwnerPresets::Presets OwnerPresets::Load(const std::wstring& owner) {
@@ -92,11 +93,14 @@ OwnerPresets::Presets OwnerPresets::Load(const std::wstring& owner) {
     PresetList list;
     PresetsOutcome outcome = PresetsOutcome::kNone;
     std::wstring reason;
+    const FileStamp stamp = Store().Stamp(owner);
     const HRESULT result = Store().Load(owner, list, outcome, reason);
     Require(result, reason);
     // Whoever reads first need not be the one who is told.
-    if (outcome != PresetsOutcome::kNone) m_untold[owner] = outcome;
-    return m_known[owner] = std::make_shared<const PresetsByName>(std::move(list));
+    if (outcome != PresetsOutcome::kNone) m_untold[{Folder(), owner}] = outcome;
+    auto presets = std::make_shared<const PresetsByName>(std::move(list));
+    m_known[owner] = {presets, stamp};
+    return presets;
 }
 
 }  // namespace hx::simulator

@@ -14,6 +14,8 @@ namespace fs = std::filesystem;
 
 constexpr uint32_t kMaxBackupsKey = 136;
 constexpr int32_t kUsualMaxBackups = 10;
+constexpr size_t kMostListsAside = 10;
+constexpr std::chrono::seconds kPatience{5};
 
 // How many archives an owner may have.
 size_t MostArchives() {
@@ -32,10 +34,23 @@ HRESULT Refuse(const fs::path& path, const wchar_t* why, std::wstring& reason) {
 OwnerFiles::OwnerFiles(const fs::path& folder, std::wstring_view owner, const ScannerModel& model)
     : m_owner(owner),
       m_model(model),
-      m_file(folder / (OwnerFileName(owner) + ".xml")),
+      m_file(ListFile(folder, owner)),
+      m_lock_file(folder / (OwnerFileName(owner) + ".lock")),
       m_archive(folder / "archive", OwnerFileName(owner)) {}
 
+fs::path OwnerFiles::ListFile(const fs::path& folder, std::wstring_view owner) {
+    return folder / (OwnerFileName(owner) + ".xml");
+}
+
+HRESULT OwnerFiles::Lock(std::optional<FileLock>& lock, std::wstring& reason) const {
+    if (const FileError failed = MakeFolder(m_file.parent_path())) return ResultOf(failed, reason);
+    lock.emplace(m_lock_file, kPatience);
+    if (lock->Error().code == std::errc::timed_out) return Refuse(m_file, L"is in use", reason);
+    return ResultOf(lock->Error(), reason);
+}
+
 HRESULT OwnerFiles::Read(StoredList& stored, std::wstring& reason) const {
+    stored = {};
     std::error_code error;
     const fs::file_status status = fs::status(m_file, error);
     if (status.type() == fs::file_type::not_found) return S_OK;
@@ -48,7 +63,7 @@ HRESULT OwnerFiles::Read(StoredList& stored, std::wstring& reason) const {
     if (const FileError failed = ReadFile(m_file, stored.bytes)) return ResultOf(failed, reason);
     PresetFile read;
     if (!ReadPresetFile(stored.bytes, read)) {
-        stored.condition = StoredList::kDamaged;
+        stored.condition = read.is_newer ? StoredList::kNewer : StoredList::kDamaged;
     } else if (read.owner != m_owner) {
         return Refuse(m_file, L"is another owner's", reason);
     } else if (read.model != m_model.name) {
@@ -86,9 +101,13 @@ HRESULT OwnerFiles::Keep(const StoredList& stored, std::wstring& reason) const {
     using Kind = PresetArchive::Kind;
     const bool no_archives = MostArchives() == 0;
     if (stored.IsToldByList() && no_archives) return S_OK;
-    const Kind kind =
-        stored.condition == StoredList::kDamaged || no_archives ? Kind::kSetAside : Kind::kArchive;
+    const Kind instead = no_archives ? Kind::kListAside : Kind::kArchive;
+    const Kind kind = stored.condition == StoredList::kDamaged ? Kind::kDamaged : instead;
     return ResultOf(m_archive.Keep(stored.bytes, kind), reason);
+}
+
+HRESULT OwnerFiles::SetAside(std::wstring& reason) const {
+    return ResultOf(m_archive.Take(m_file), reason);
 }
 
 HRESULT OwnerFiles::Replace(const StoredList& stored, bool keep, PresetList list,
@@ -96,8 +115,10 @@ HRESULT OwnerFiles::Replace(const StoredList& stored, bool keep, PresetList list
     HRESULT result = keep ? Keep(stored, reason) : S_OK;
     if (SUCCEEDED(result)) result = Write(std::move(list), reason);
     // Not before: until the list is there, what it was restored from may be the oldest archive.
-    const size_t most = MostArchives();
-    if (SUCCEEDED(result) && keep && most > 0) m_archive.Trim(most);
+    if (SUCCEEDED(result) && keep) {
+        m_archive.Trim(PresetArchive::Kind::kArchive, MostArchives());
+        m_archive.Trim(PresetArchive::Kind::kListAside, kMostListsAside);
+    }
     return result;
 }
 
@@ -105,7 +126,6 @@ HRESULT OwnerFiles::Write(PresetList list, std::wstring& reason) const {
     const PresetFile written{std::move(list), m_owner, m_model.name};
     const std::string bytes = WritePresetFile(written);
     if (bytes.size() > kMostPresetBytes) return Refuse(m_file, L"would be too large", reason);
-    if (const FileError failed = MakeFolder(m_file.parent_path())) return ResultOf(failed, reason);
     return ResultOf(WriteFileAtomically(m_file, bytes), reason);
 }
 

@@ -39,7 +39,8 @@ bool IsStamp(std::string_view text) {
 }
 
 std::string_view ExtensionOf(PresetArchive::Kind kind) {
-    return kind == PresetArchive::Kind::kArchive ? ".xml" : ".aside";
+    static constexpr std::string_view kExtensions[] = {".xml", ".list.aside", ".aside"};
+    return kExtensions[static_cast<size_t>(kind)];
 }
 
 // The number in a name of ours.
@@ -55,6 +56,13 @@ std::optional<uint64_t> NumberIn(std::string_view name, std::string_view owner, 
     const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
     if (error != std::errc() || end != name.data() + name.size()) return {};
     return number;
+}
+
+// A file of another size may be too large to be read.
+bool Holds(const fs::path& path, std::string_view bytes) {
+    std::error_code error;
+    std::string found;
+    return fs::file_size(path, error) == bytes.size() && !ReadFile(path, found) && found == bytes;
 }
 
 // False, without an error, if there is such a file already.
@@ -90,6 +98,11 @@ FileError PresetArchive::Entries(Kind kind, std::vector<Entry>& entries) const {
     return {};
 }
 
+fs::path PresetArchive::NewPath(Kind kind, int64_t wall_us, uint64_t number) const {
+    std::string name = m_owner + '.' + Stamp(wall_us) + '.' + std::to_string(number);
+    return m_folder / name.append(ExtensionOf(kind));
+}
+
 FileError PresetArchive::List(Kind kind, std::vector<fs::path>& files) const {
     std::vector<Entry> entries;
     FileError error = Entries(kind, entries);
@@ -102,13 +115,12 @@ FileError PresetArchive::Keep(std::string_view bytes, Kind kind) const {
     if (FileError error = MakeFolder(m_folder)) return error;
     std::vector<Entry> entries;
     if (FileError error = Entries(kind, entries)) return error;
-    std::string newest;
-    if (!entries.empty() && !ReadFile(entries.front().path, newest) && newest == bytes) return {};
-    // The name is taken by an empty file first, so that two processes never take the same.
-    const std::string name = m_owner + '.' + Stamp(SystemClock().WallMicroseconds()) + '.';
+    if (!entries.empty() && Holds(entries.front().path, bytes)) return {};
+    // The name is taken by an empty file first: what somebody else put there is never replaced.
+    const int64_t now = SystemClock().WallMicroseconds();
     FileError error;
     for (uint64_t number = entries.empty() ? 1 : entries.front().number + 1; !error; ++number) {
-        const fs::path path = m_folder / (name + std::to_string(number) + std::string(ExtensionOf(kind)));
+        const fs::path path = NewPath(kind, now, number);
         if (!Reserve(path, error)) continue;
         error = WriteFileAtomically(path, bytes);
         if (!error) return {};
@@ -118,19 +130,31 @@ FileError PresetArchive::Keep(std::string_view bytes, Kind kind) const {
     return error;
 }
 
-void PresetArchive::Trim(size_t most) const {
+FileError PresetArchive::Take(const fs::path& file) const {
+    if (FileError error = MakeFolder(m_folder)) return error;
     std::vector<Entry> entries;
-    if (Entries(Kind::kArchive, entries)) return;
+    if (FileError error = Entries(Kind::kDamaged, entries)) return error;
+    const int64_t now = SystemClock().WallMicroseconds();
+    uint64_t number = entries.empty() ? 1 : entries.front().number + 1;
+    std::error_code error;
+    // What was moved here before may be no file, and is then not among the entries.
+    while (fs::exists(fs::symlink_status(NewPath(Kind::kDamaged, now, number), error))) ++number;
+    fs::rename(file, NewPath(Kind::kDamaged, now, number), error);
+    return {error, file};
+}
+
+void PresetArchive::Trim(Kind kind, size_t most) const {
+    std::vector<Entry> entries;
+    if (Entries(kind, entries)) return;
     size_t kept = 0;
     for (const Entry& entry : entries) {
         std::error_code one_too_many;
-        const bool only_reserved = fs::file_size(entry.path, one_too_many) == 0;
-        // The newest name may be one that another process is about to fill; the others' are dead.
-        const bool stays = only_reserved ? kept == 0 : kept < most;
-        if (stays) {
-            kept += !only_reserved;
-        } else {
+        // By somebody who died. An empty file may well have been set aside.
+        const bool never_filled = kind == Kind::kArchive && fs::file_size(entry.path, one_too_many) == 0;
+        if (never_filled || kept == most) {
             fs::remove(entry.path, one_too_many);
+        } else {
+            ++kept;
         }
     }
 }

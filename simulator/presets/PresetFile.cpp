@@ -82,14 +82,19 @@ std::mutex g_reading;
 }  // namespace
 
 bool ReadPresetFile(std::string_view bytes, PresetFile& file) {
+    file = {};
     std::optional<std::wstring> text = DecodeTextFile(bytes);
     if (!text) return false;
-    file = {};
     MInFilerTaggedXml reader(*std::move(text), kTaggedXmlRoot);
     MFilerTaggedPair filer(reader);
     const PresetFile defaults;
     const std::lock_guard lock(g_reading);
-    return ReadElement(kFileType, &file, &defaults, filer, kElement);
+    return InGroup(filer, kElement, [&] {
+        int64_t version = 0;
+        const bool is_known = ReadVersion(filer, kFileType.version, version);
+        file.is_newer = version > kFileType.version.current;
+        return is_known && ReadFields(kFileFields, &file, &defaults, filer, version, ReadRule::kUntilFailure);
+    });
 }
 
 std::string WritePresetFile(const PresetFile& file) {

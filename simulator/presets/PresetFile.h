@@ -12,13 +12,14 @@ struct PresetFile : PresetList {
     std::wstring owner;
     std::wstring model;     // the scanner's
     uint32_t left_out = 0;  // presets of a version that is not known, and others that cannot be taken
+    bool is_newer = false;  // of a version that is not known itself
 };
 
 // No file of presets is larger: what is, was not written here.
 inline constexpr size_t kMostPresetBytes = size_t{64} << 20;
 
-// False if it is no such document, or a newer one; `file` is then without meaning. A preset that cannot be
-// read whole, that has no name, or that has the name of one before it, is left out and counted.
+// False if it is no such document, or a newer one; only `is_newer` then has a meaning. A preset that cannot
+// be read whole, that has no name, or that has the name of one before it, is left out and counted.
 bool ReadPresetFile(std::string_view bytes, PresetFile& file);
 std::string WritePresetFile(const PresetFile& file);
 

@@ -15,23 +15,47 @@ bool HasPredefined(const PresetList& list) {
         list.presets, [](const StoredPreset& preset) { return IsPredefined(preset.profile.ProfileName); });
 }
 
-// What can be made of a list without predefined presets.
-HRESULT Complete(const OwnerFiles& files, PresetList& list, PresetsOutcome& outcome, std::wstring& reason) {
-    std::vector<StoredPreset> users;
-    const HRESULT result = files.ReadArchived(users, reason);
-    if (FAILED(result)) return result;
-    outcome = users.empty() ? PresetsOutcome::kCustomGenerated : PresetsOutcome::kCustomRestored;
-    if (users.empty()) users.push_back(CustomOf(files.Model()));
-    PresetList whole = FactoryList(files.Model());
-    // The file's own word on a preset counts more than the factory's: here it is hidden ones.
+// With the factory's presets that it lacks in front: the file's own word on one counts more. What is selected
+// is in the list then.
+PresetList WithFactorys(const ScannerModel& model, PresetList list) {
+    PresetList whole = FactoryList(model);
     std::unordered_set<std::wstring_view> told;
     for (const StoredPreset& preset : list.presets) told.insert(preset.profile.ProfileName);
     std::erase_if(whole.presets,
                   [&](const StoredPreset& preset) { return told.contains(preset.profile.ProfileName); });
     std::ranges::move(list.presets, std::back_inserter(whole.presets));
-    AddMissing(whole, std::move(users));
     if (Contains(whole, list.selected)) whole.selected = std::move(list.selected);
-    list = std::move(whole);
+    return whole;
+}
+
+bool NeedsMending(const StoredList& stored) {
+    return stored.condition != StoredList::kAbsent &&
+           (stored.condition != StoredList::kWhole || !HasPredefined(stored.list));
+}
+
+// The list that can be made of what is stored.
+HRESULT Mend(const OwnerFiles& files, StoredList& stored, PresetList& list, PresetsOutcome& outcome,
+             std::wstring& reason) {
+    const bool is_unknown = stored.condition == StoredList::kPartly || stored.condition == StoredList::kNewer;
+    PresetsOutcome found = PresetsOutcome::kUnknownVersion;
+    PresetList mended = std::move(stored.list);
+    if (!HasPredefined(mended)) {
+        std::vector<StoredPreset> users;
+        const HRESULT result = files.ReadArchived(users, reason);
+        if (FAILED(result)) return result;
+        if (!is_unknown) {
+            found = users.empty() ? PresetsOutcome::kCustomGenerated : PresetsOutcome::kCustomRestored;
+            if (users.empty()) users.push_back(CustomOf(files.Model()));
+        }
+        AddMissing(mended, std::move(users));
+    }
+    mended = WithFactorys(files.Model(), std::move(mended));
+    // On disk first, told then: after a crash in between there is nothing left to tell, after one before it
+    // is told by the next Load.
+    const HRESULT result = files.Replace(stored, !stored.IsToldByList(), mended, reason);
+    if (FAILED(result)) return result;
+    list = std::move(mended);
+    outcome = found;
     return S_OK;
 }
 
@@ -74,32 +98,20 @@ HRESULT PresetStore::Load(std::wstring_view owner, PresetList& list, PresetsOutc
     const OwnerFiles files(m_folder, owner, m_model);
     StoredList stored;
     HRESULT result = files.Read(stored, reason);
+    std::optional<FileLock> lock;
+    if (SUCCEEDED(result) && NeedsMending(stored)) {
+        result = files.Lock(lock, reason);
+        // Somebody else may have mended it, or saved another list, before it was locked.
+        if (SUCCEEDED(result)) result = files.Read(stored, reason);
+        if (SUCCEEDED(result) && NeedsMending(stored)) return Mend(files, stored, list, outcome, reason);
+    }
     if (FAILED(result)) return result;
-    if (stored.condition == StoredList::kAbsent) {
-        list = FactoryList(m_model);
-        return S_OK;
-    }
-    PresetList read = std::move(stored.list);
-    const bool has_predefined = HasPredefined(read);
-    if (stored.condition == StoredList::kWhole && has_predefined) {
-        list = std::move(read);
-        return S_OK;
-    }
-    // Mended on disk first, told then: after a crash in between there is nothing left to tell, after one
-    // before it is told by the next Load.
-    PresetsOutcome found = PresetsOutcome::kUnknownVersion;
-    if (!has_predefined) {
-        result = Complete(files, read, found, reason);
-        if (FAILED(result)) return result;
-    } else if (!Contains(read, read.selected)) {
-        read.selected = FactoryList(m_model).selected;
-        if (!Contains(read, read.selected)) read.selected.clear();
-    }
-    result = files.Replace(stored, !stored.IsToldByList(), read, reason);
-    if (FAILED(result)) return result;
-    list = std::move(read);
-    outcome = found;
+    list = stored.condition == StoredList::kAbsent ? FactoryList(m_model) : std::move(stored.list);
     return S_OK;
+}
+
+FileStamp PresetStore::Stamp(std::wstring_view owner) const {
+    return StampOf(OwnerFiles::ListFile(m_folder, owner));
 }
 
 HRESULT PresetStore::Save(std::wstring_view owner, const PresetList& list, std::wstring& reason) {
@@ -119,8 +131,11 @@ HRESULT PresetStore::Save(std::wstring_view owner, const PresetList& list, std::
     if (!CanBeKept(owner)) return refuse(owner, L"the owner's name is no text");
 
     const OwnerFiles files(m_folder, owner, m_model);
+    std::optional<FileLock> lock;
+    HRESULT result = files.Lock(lock, reason);
+    if (FAILED(result)) return result;
     StoredList stored;
-    const HRESULT result = files.Read(stored, reason);
+    result = files.Read(stored, reason);
     if (FAILED(result)) return result;
     const bool keep = !stored.IsToldByList() || LosesUsers(stored.list, names);
     const bool has_list = stored.condition == StoredList::kWhole || stored.condition == StoredList::kPartly;
@@ -132,8 +147,20 @@ HRESULT PresetStore::Reset(std::wstring_view owner, std::wstring& reason) {
     reason.clear();
     const OwnerFiles files(m_folder, owner, m_model);
     StoredList stored;
-    const HRESULT result = files.Read(stored, reason);
-    if (FAILED(result) || stored.condition == StoredList::kAbsent) return result;
+    HRESULT result = files.Read(stored, reason);
+    // Nothing is made for an owner that was never seen.
+    if (SUCCEEDED(result) && stored.condition == StoredList::kAbsent) return S_OK;
+    reason.clear();
+    std::optional<FileLock> lock;
+    result = files.Lock(lock, reason);
+    if (FAILED(result)) return result;
+    result = files.Read(stored, reason);
+    if (FAILED(result)) {
+        reason.clear();
+        result = files.SetAside(reason);
+        if (FAILED(result)) return result;
+        return files.Replace({}, false, FactoryList(m_model), reason);
+    }
     const bool keep = !stored.IsToldByList() || LosesUsers(stored.list, {});
     return files.Replace(stored, keep, FactoryList(m_model), reason);
 }

@@ -190,10 +190,33 @@ TEST_F(Presets, ManyPresetsAreGotOneByOne) {
     }
 }
 
+TEST_F(Presets, WhatAnotherSimulatorSavesIsSeen) {
+    const auto other = Create<IHXSimulator>(kProgIdHXSimulator);
+    EXPECT_EQ(other->SetPresetsFolder(Text(m_folder.path().string())), S_OK);
+    hx::ComPtr<IUnknown> handle;
+    ASSERT_EQ(other.as<IHXApiInternal>()->CreateCalibrationHandle(nullptr, IID_ICalibrationHandle,
+                                                                  handle.put(), nullptr),
+              S_OK);
+    for (const char* const name : {"first", "other"}) {
+        hx::Bstr selected;
+        EXPECT_EQ(m_handle->GetSelectedDynamicSettingsPreset(m_owner, selected.put()), S_OK);
+        const auto names = Names({L"$DEFAULT", Text(name)});
+        ASSERT_EQ(handle.as<ICalibrationHandle>()->SaveDynamicSettingsPresets(
+                      m_owner, names.get(), Objects({NewPreset(), NewPreset()}).get(), Text(name)),
+                  S_OK);
+        EXPECT_EQ(m_handle->GetSelectedDynamicSettingsPreset(m_owner, selected.put()), S_OK);
+        EXPECT_EQ(selected.view(), *hx::FromUtf8(name));
+    }
+}
+
 TEST_F(Presets, AnOutcomeIsToldOnceWhoeverReadsFirst) {
     ASSERT_EQ(Save({L"mine"}), S_OK);
     hx::Bstr selected;
     EXPECT_EQ(m_handle->GetSelectedDynamicSettingsPreset(m_owner, selected.put()), S_OK);
+    const std::string folder = m_folder.path().string();
+    EXPECT_EQ(m_hands->SetPresetsFolder(Text(folder + "/other")), S_OK);
+    EXPECT_NE(Enumerated(), L"") << "nothing to tell of this one";
+    EXPECT_EQ(m_hands->SetPresetsFolder(Text(folder)), S_OK);
     hx::SafeArray names, display_names;
     const HRESULT result =
         m_handle->EnumerateDynamicSettingsPresets(m_owner, names.put(), display_names.put());

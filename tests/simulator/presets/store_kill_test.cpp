@@ -74,7 +74,9 @@ TEST_F(PresetStoreKill, TheOldListOrTheNewOne) {
 TEST_F(PresetStoreKill, WhatIsMendedIsArchivedOnceAndWhole) {
     ASSERT_EQ(Save(kKillLists[0], kModel, kKillOwner), S_OK);
     std::filesystem::path file;
-    for (const auto& entry : std::filesystem::directory_iterator(Folder())) file = entry.path();
+    for (const auto& entry : std::filesystem::directory_iterator(Folder())) {
+        if (entry.path().extension() == ".xml") file = entry.path();
+    }
     std::string damaged = BytesOf(file);
     const std::string version = "<Version type=\"uint\">6</Version>";
     damaged.replace(damaged.rfind(version), version.size(), "<Version type=\"uint\">7</Version>");

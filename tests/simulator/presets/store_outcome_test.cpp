@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "simulator/presets/PresetFile.h"
 #include "tests/simulator/presets/store_fixture.h"
 
 namespace hx::simulator {
@@ -37,6 +38,7 @@ constexpr wchar_t kWithCustom[] = L"$DEFAULT @CHECK $DARKMATTE Custom ";
 TEST_F(PresetStoreOutcome, APresetThatCannotBeReadIsLeftOut) {
     struct Row {
         std::string old, spoilt;
+        const wchar_t* left = L"$DEFAULT @CHECK $DARKMATTE u0 ";
     };
     const Row rows[] = {
         {"<Version type=\"uint\">6<", "<Version type=\"uint\">7<"},
@@ -47,14 +49,16 @@ TEST_F(PresetStoreOutcome, APresetThatCannotBeReadIsLeftOut) {
         {">u1</ProfileName>", "></ProfileName>"},
         {">u1</ProfileName>", ">u0</ProfileName>"},
         {"<DisplayName", "<Title type=\"string\"/><DisplayName"},
+        {">$DARKMATTE</ProfileName>", "></ProfileName>", L"$DARKMATTE $DEFAULT @CHECK u0 u1 "},
     };
     for (const Row& row : rows) {
         const std::string bytes = Spoilt(MakeList(L"u", 2), row.old, row.spoilt);
         std::filesystem::remove_all(Folder() / "archive");
         WriteFile(bytes);
         const PresetList list = LoadTwice(Outcome::kUnknownVersion);
-        EXPECT_EQ(NamesOf(list), L"$DEFAULT @CHECK $DARKMATTE u0 ") << row.spoilt;
-        EXPECT_EQ(list.selected, L"$DEFAULT") << "the one that was selected is gone";
+        EXPECT_EQ(NamesOf(list), row.left) << row.spoilt;
+        const bool is_selected_left = NamesOf(list).ends_with(L"u1 ");
+        EXPECT_EQ(list.selected, is_selected_left ? L"u1" : L"$DEFAULT") << row.spoilt;
         ASSERT_EQ(Archived().size(), 1u) << row.spoilt;
         EXPECT_EQ(BytesOf(Archived()[0]), bytes);
     }
@@ -73,6 +77,20 @@ TEST_F(PresetStoreOutcome, AnotherModelsPresetsStayInTheArchive) {
     EXPECT_EQ(BytesOf(Archived()[0]), bytes);
     // And back again.
     EXPECT_EQ(NamesOf(LoadTwice(Outcome::kCustomRestored)), NamesOf(first));
+}
+
+TEST_F(PresetStoreOutcome, ANewerFileIsArchivedAndTakenForUnknown) {
+    const std::string newer =
+        "<MFilerTaggedXml><ScannerPresets><Version "
+        "type=\"uint\">2</Version></ScannerPresets></MFilerTaggedXml>";
+    WriteFile(newer);
+    EXPECT_EQ(NamesOf(LoadTwice(Outcome::kUnknownVersion)), L"$DEFAULT @CHECK $DARKMATTE ");
+    ASSERT_EQ(Archived().size(), 1u);
+    EXPECT_EQ(BytesOf(Archived()[0]), newer);
+    ASSERT_EQ(Save(MakeList(L"u", 1)), S_OK);
+    ASSERT_EQ(Save(MakeList(L"v", 1)), S_OK);  // archives "u0"
+    WriteFile(newer);
+    EXPECT_EQ(NamesOf(LoadTwice(Outcome::kUnknownVersion)), L"$DEFAULT @CHECK $DARKMATTE u0 ");
 }
 
 TEST_F(PresetStoreOutcome, WithoutPredefinedPresetsTheListIsCompleted) {
@@ -109,8 +127,6 @@ TEST_F(PresetStoreOutcome, WhatIsNoListIsSetAside) {
         "<MFilerTaggedXml><ScannerPresets/></MFilerTaggedXml>",
         head + "</ScannerPresets></MFilerTaggedXml>",
         head + "<Owner type=\"string\">Arm</Owner><Selected/></ScannerPresets></MFilerTaggedXml>",
-        "<MFilerTaggedXml><ScannerPresets><Version "
-        "type=\"uint\">2</Version></ScannerPresets></MFilerTaggedXml>",
         "<MFilerTaggedXml>" + nested + "</MFilerTaggedXml>",
     };
     size_t set_aside = 0;
@@ -154,25 +170,49 @@ TEST_F(PresetStoreOutcome, AsManyArchivesAsTheRegistrySays) {
     SetMaxBackups(0);
     ASSERT_EQ(Save(MakeList(L"u", 2)), S_OK);
     ASSERT_EQ(Save(MakeList(L"u", 1)), S_OK);
-    EXPECT_EQ(Archived().size(), 1 + std::size(foreign)) << "none is made, none deleted";
+    EXPECT_EQ(Archived().size(), std::size(foreign)) << "those that there were are too many";
     const std::string bytes = BytesOf(File());
-    LoadTwice(Outcome::kCustomRestored, kOtherModel);
+    LoadTwice(Outcome::kCustomGenerated, kOtherModel);
     ASSERT_EQ(Archived(".aside").size(), 1u) << "nobody asked for the list to be replaced";
     EXPECT_EQ(BytesOf(Archived(".aside")[0]), bytes);
+    std::ofstream(folder / "mine.aside");
+    for (int i = 0; i < 20; ++i) LoadTwice(Outcome::kCustomGenerated, i % 2 == 0 ? kModel : kOtherModel);
+    EXPECT_EQ(Archived(".aside").size(), 10u + 1);
+    EXPECT_TRUE(std::filesystem::exists(folder / "mine.aside"));
 }
 
-TEST_F(PresetStoreOutcome, AnObstacleIsTold) {
-    std::filesystem::create_directories(File());
-    EXPECT_EQ(Load().result, E_FAIL);
-    EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL);
-    EXPECT_NE(m_reason.find(L"presets-+arm.xml: "), std::wstring::npos) << "which file";
-    std::filesystem::remove(File());
-    ASSERT_EQ(mkfifo(File().c_str(), 0600), 0);
-    EXPECT_EQ(Load().result, E_FAIL) << "and not waited for";
-    std::filesystem::remove(File());
-    WriteFile("x");
-    std::filesystem::resize_file(File(), uint64_t{1} << 40);
-    EXPECT_EQ(Load().result, E_FAIL) << "and not read";
+TEST_F(PresetStoreOutcome, AnObstacleIsToldAndGoesIfTheListIsReset) {
+    struct Row {
+        const char* what;
+        void (*make)(const std::filesystem::path& file);
+    };
+    const Row rows[] = {
+        {"a folder", [](const auto& file) { std::filesystem::create_directories(file / "with" / "more"); }},
+        {"a pipe, not waited for", [](const auto& file) { ASSERT_EQ(mkfifo(file.c_str(), 0600), 0); }},
+        {"too large, not read",
+         [](const auto& file) {
+             std::ofstream(file) << "x";
+             std::filesystem::resize_file(file, uint64_t{1} << 40);
+         }},
+        {"another owner's",
+         [](const auto& file) {
+             std::ofstream(file) << WritePresetFile({MakeList(L"u", 1), L"Leg", kModel.name});
+         }},
+    };
+    size_t set_aside = 0;
+    for (const Row& row : rows) {
+        std::filesystem::create_directories(Folder());
+        row.make(File());
+        EXPECT_EQ(Load().result, E_FAIL) << row.what;
+        EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL) << row.what;
+        EXPECT_NE(m_reason.find(L"presets-+arm.xml: "), std::wstring::npos) << "which file";
+        EXPECT_EQ(PresetStore(Folder(), kModel).Reset(kOwner, m_reason), S_OK) << row.what;
+        EXPECT_EQ(NamesOf(LoadTwice(Outcome::kNone)), L"$DEFAULT @CHECK $DARKMATTE ");
+        EXPECT_EQ(Archived(".aside").size(), ++set_aside) << row.what;
+        std::filesystem::remove(File());
+    }
+    WriteFile("no XML");
+    LoadTwice(Outcome::kCustomGenerated);
     std::filesystem::remove_all(Folder());
     std::ofstream(Folder()) << "no folder";
     EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL);

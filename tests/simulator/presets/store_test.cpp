@@ -1,6 +1,8 @@
 // Lists that are saved come back; names of owners and presets; who keeps what.
 #include <rapidcheck.h>
 
+#include <thread>
+
 #include "simulator/presets/OwnerFileName.h"
 #include "tests/simulator/presets/store_fixture.h"
 
@@ -138,6 +140,23 @@ TEST_F(PresetStoreLists, EveryOwnerHasAFileOfItsOwn) {
     std::filesystem::copy_file(Folder() / "presets-a.xml", File());
     EXPECT_EQ(Load().result, E_FAIL);
     EXPECT_EQ(Save(MakeList(L"u", 1)), E_FAIL);
+}
+
+TEST_F(PresetStoreLists, WhatSaversReplaceAtTheSameTimeIsArchived) {
+    constexpr int kSavers = 3, kSaves = 40;
+    SetMaxBackups(1000);
+    std::vector<std::thread> savers;
+    for (int saver = 0; saver < kSavers; ++saver) {
+        savers.emplace_back([&, saver] {
+            std::wstring reason;
+            for (int i = 0; i < kSaves; ++i) {
+                const PresetList list = MakeList(std::to_wstring(saver * kSaves + i) + L".", 1);
+                EXPECT_EQ(PresetStore(Folder(), kModel).Save(kOwner, list, reason), S_OK);
+            }
+        });
+    }
+    for (std::thread& each : savers) each.join();
+    EXPECT_EQ(Archived().size() + 1, size_t{kSavers * kSaves});
 }
 
 TEST_F(PresetStoreLists, TenThousandPresets) {
