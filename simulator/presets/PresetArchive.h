@@ -1,7 +1,7 @@
 // Former files of one owner, kept in a folder: archives and lists that were set aside, of which the oldest go
 // when there are too many, and damaged or unreadable files, which stay. Names are OWNER.TIME.NUMBER with
 // .xml, .list.aside or .aside: the time, in UTC, is for people, the number tells which is newer, whatever the
-// clock was set to. For the preset store; any thread, and several processes at once.
+// clock was set to. For the preset store; changed only by the one who has locked the owner's list.
 #pragma once
 
 #include <vector>

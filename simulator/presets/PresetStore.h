@@ -34,8 +34,9 @@ enum class PresetsOutcome {
     kCustomRestored,
     // The same, and there was no such archive: factory presets, and a user's preset made from the default.
     kCustomGenerated,
-    // A profile of an unknown version, or one that cannot be read whole, was left out. The factory's come
-    // back; if no predefined preset was left, the user's own from the newest archive that has any, too.
+    // A profile of an unknown version, or one that cannot be read whole, was left out, or a whole file of a
+    // newer version was. The factory's come back; if no predefined preset was left, the user's own from the
+    // newest archive that has any, too.
     kUnknownVersion,
 };
 

@@ -85,7 +85,7 @@ TEST_F(SessionFiles, AnUnknownVersionIsToldOnceAndTheOthersAreLoaded) {
     AddOwn(Open());
     fs::path file;
     for (const auto& entry : fs::directory_iterator(m_folder.path())) {
-        if (entry.is_regular_file()) file = entry.path();
+        if (entry.path().extension() == ".xml") file = entry.path();
     }
     const std::string version = "<Version type=\"uint\">6<";
     std::string bytes = BytesOf(file);
