@@ -1,5 +1,6 @@
 // Every operation of the scanner API that a session calls fails at each of its calls: what the operator is
 // told, how the session goes on, and that a reconnection sets the page up again.
+#include <algorithm>
 #include <iterator>
 #include <set>
 #include <span>

@@ -2,8 +2,6 @@
 // page is entered in the simulator's log, among the calls of the scanner API.
 #pragma once
 
-#include <nlohmann/json.hpp>
-
 #include "controls/api/cHXApiEventsSinkSimple.h"
 #include "controls/session/ScannerSession.h"
 #include "core/errors/MDiagnosticsRegistry.h"
@@ -28,6 +26,9 @@ public:
         return S_OK;
     }
 };
+
+// As JSON has it.
+std::string QuotedText(const std::string& text);
 
 // Enters what a page did, with an argument in JSON or none.
 inline void LogOfPage(IHXSimulator& hands, const std::string& what, const std::string& argument = "") {
@@ -80,7 +81,7 @@ private:
             const auto* const call = dynamic_cast<const hx::MErrorCom*>(error.get());
             if (call != nullptr) result_in_box = call->GetResult();
         }
-        LogOfPage(*m_hands, "box", nlohmann::json(boxes.back()).dump());
+        LogOfPage(*m_hands, "box", QuotedText(boxes.back()));
         if (while_box_is_open) std::exchange(while_box_is_open, nullptr)();
     }
     std::shared_ptr<void> ShowWaitCursor() override {
@@ -179,27 +180,7 @@ protected:
     }
     // The calls since the last time, one a line: "on.operation(arguments)", of a failing one with " =
     // result".
-    std::vector<std::string> Lines() {
-        hx::Bstr json;
-        EXPECT_EQ(m_hands->TakeCalls(json.put()), S_OK);
-        std::vector<std::string> lines;
-        for (const auto& call : nlohmann::json::parse(hx::ToUtf8(json.view()))) {
-            std::string line = call["on"].get<std::string>() + "." + call["op"].get<std::string>() + "(";
-            const char* separator = "";
-            for (const auto& each : call["args"]) {
-                line += separator + (each.is_string() ? each.get<std::string>() : each.dump());
-                separator = ", ";
-            }
-            line += ")";
-            if (const int64_t result = call["result"]; result != 0) {
-                char hexadecimal[20];
-                std::snprintf(hexadecimal, sizeof hexadecimal, " = %08x", static_cast<uint32_t>(result));
-                line += hexadecimal;
-            }
-            lines.push_back(std::move(line));
-        }
-        return lines;
-    }
+    std::vector<std::string> Lines();
     std::string Text() {
         std::string text = "\n";
         for (const std::string& line : Lines()) text += line + "\n";
@@ -215,7 +196,7 @@ private:
     void OnRootError(const hx::MErrorLocation&, std::wstring_view) override {}
     void OnCascadeError(const hx::MErrorLocation&, std::wstring_view) override {}
     void OnDismissedError(const hx::MErrorLocation&, std::wstring_view code) override {
-        LogOfPage(*m_hands, "logged", nlohmann::json(CodeOf(code)).dump());
+        LogOfPage(*m_hands, "logged", QuotedText(CodeOf(code)));
     }
     void OnReturnedError(const hx::MErrorLocation&, HRESULT) override {}
     void OnException(const hx::MErrorLocation&, const hx::MException&, int32_t) override {}

@@ -98,6 +98,19 @@ TEST(House, IncludesRunDownwards) {
     }
 }
 
+// So a header that needs another one in front of it does not compile.
+TEST(House, EverySourceIncludesItsOwnHeaderFirst) {
+    for (const std::string& file : SourceFiles()) {
+        const std::string header = fs::path(file).replace_extension(".h").string();
+        if (!file.ends_with(".cpp") || !fs::exists(fs::path(HX_SOURCE_DIR) / header)) continue;
+        std::ifstream in(fs::path(HX_SOURCE_DIR) / file);
+        std::string line;
+        while (std::getline(in, line) && !line.starts_with("#include")) {
+        }
+        EXPECT_EQ(line, "#include \"" + header + "\"") << file;
+    }
+}
+
 // What only the platform layer may know: the operating system, and the toolkits.
 TEST(House, OnlyThePlatformKnowsTheSystem) {
     constexpr std::string_view kSystem[] = {"dlfcn.h",   "unistd.h",     "fcntl.h",   "pthread.h",
