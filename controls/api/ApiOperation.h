@@ -34,6 +34,8 @@ public:
               Arguments... arguments) const {
         // An older failure's information must not pass for this one's.
         SetErrorInfo(0, nullptr);
+        // The call may dispatch messages in which the page drops its own reference.
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         const ComPtr<ICalibrationHandle> held = handle;
         const HRESULT result = held ? (held.get()->*method)(arguments...) : E_POINTER;
         if (FAILED(result)) FailOfHandle(line, call, result, held.get());

@@ -19,6 +19,7 @@ consteval const Operation& Op(std::wstring_view name) {
 
 // The record that a VARIANT leads to; null for anything else.
 MGlobalScanningSettings* SettingsAt(const VARIANT& variant) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): that is how the address travels
     return variant.vt == VT_UI8 ? reinterpret_cast<MGlobalScanningSettings*>(variant.ullVal) : nullptr;
 }
 
