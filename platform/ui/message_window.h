@@ -49,6 +49,10 @@ private:
 // False, and nothing is done, if there is no such window any more. Any thread. Throws std::bad_alloc.
 HX_PLATFORM_API bool PostWindowMessage(WindowHandle window, const WindowMessage& message);
 
+// The same, once so much time has passed; in the meantime nothing waits. A window that goes takes it along.
+HX_PLATFORM_API bool PostWindowMessageAfter(WindowHandle window, const WindowMessage& message,
+                                            std::chrono::milliseconds delay);
+
 // Messages of that id that wait for the window, which is one of this thread's, are dropped.
 HX_PLATFORM_API void DropWindowMessages(WindowHandle window, uint32_t id);
 

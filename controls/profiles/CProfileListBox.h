@@ -1,0 +1,53 @@
+// The list of profiles of a settings page, with its menu. It talks to its page through ICurrentPresetHandler
+// alone and to the profiles through the presets manager. Rows are sorted: predefined profiles first, then the
+// operator's own, each by display name without regard to case; those with edits have "*" in front. On the
+// thread of the user interface.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/editor/ICurrentPresetHandler.h"
+#include "platform/ui/list_box.h"
+
+namespace hx {
+
+struct ProfileRow {
+    std::wstring name;          // internal
+    uint32_t user_defined = 0;  // 1 for the operator's own
+    bool modified = false;      // has edits that are not stored
+};
+
+class CProfileListBox : public ui::ListBox {
+public:
+    // Outlives the list's rows; null for none.
+    void SetHandler(ICurrentPresetHandler* handler) { m_handler = handler; }
+
+    // The rows anew from the presets manager; the handler's profile is selected, else the custom one, else
+    // the first.
+    void Refill();
+    // By internal name without regard to case: the row, -1 for none. Select tells nobody, and leaves the
+    // selection if there is none.
+    int32_t SelectByName(std::wstring_view name);
+    int32_t FindByName(std::wstring_view name) const;
+    // Internal; "" if no row is selected.
+    std::wstring SelectedName() const;
+    const ProfileRow& Row(int32_t index) const;
+    // The row takes the place and text that go with the mark, and is selected.
+    void MarkModified(int32_t index, bool modified);
+    void MarkModified(std::wstring_view name, bool modified);
+    void ClearRows();
+
+    bool OnKeyDown(uint32_t key) override;
+    void OnContextMenu(ui::Point where) override;
+    int32_t RowHeight() const override;
+    void DrawRow(ui::IPainter& painter, const ui::RowDrawing& row) override;
+    void Detach() override;
+
+private:
+    ICurrentPresetHandler* m_handler = nullptr;
+};
+
+}  // namespace hx

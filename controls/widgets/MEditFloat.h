@@ -1,0 +1,27 @@
+// An edit for a number, in the user's language: light red while it holds something else. On the thread of the
+// user interface.
+#pragma once
+
+#include "core/locale/MLocale.h"
+#include "platform/ui/controls.h"
+
+namespace hx {
+
+class MEditFloat : public ui::Edit {
+public:
+    // Of the number when the caret leaves; a negative count is as 0.
+    void SetDecimals(int32_t decimals);
+    // The text's number becomes the value; false, and the value stays, if it has none.
+    bool Parse();
+    // An empty text is valid unless the argument says otherwise; any other one if it is a number.
+    bool IsValid(bool empty_is_invalid = false) const;
+    // The last number that there was.
+    double Value() const { return m_value; }
+    // Numbers beyond are taken as the nearest bound.
+    void SetClamp(double minimum, double maximum);
+
+private:
+    double m_value = 0;
+};
+
+}  // namespace hx

@@ -1,0 +1,140 @@
+// A dialog: a window with controls, made from a template of a module's resources. A page derives from it,
+// binds the controls that it keeps itself, and is told what a person does. On the thread of the user
+// interface.
+//
+//     dialog.Bind(6000, m_list);
+//     if (const auto error = dialog.Create(module, 203, parent)) ...
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/module/module.h"
+#include "platform/ui/anchors.h"
+#include "platform/ui/control.h"
+#include "platform/ui/controls.h"
+#include "platform/ui/list_box.h"
+#include "platform/ui/window.h"
+
+namespace hx::ui {
+
+// Why a dialog could not be made of its template, in which module, and of which control.
+struct DialogError {
+    enum class Reason {
+        no_template,       // the module has none of that id
+        unknown_kind,      // no kind of control is called so
+        missing_control,   // one is bound and not in the template
+        wrong_kind,        // one is bound and of another kind
+        repeated_control,  // two have the same id
+        component_failed,  // could not be created; `result` says why
+    };
+    Reason reason = Reason::no_template;
+    std::wstring module_file_name;
+    uint32_t dialog_id = 0;
+    uint32_t control_id = 0;
+    std::wstring kind;   // as the template has it
+    int32_t result = 0;  // HRESULT
+    // "no_template" and so on, for logs.
+    HX_PLATFORM_API static const wchar_t* NameOf(Reason reason);
+};
+
+class HX_PLATFORM_API Dialog : public Window {
+public:
+    ~Dialog() override;
+
+    // The control stands for that of the template with this id, whatever language it is in. Before it is
+    // created; the control outlives the dialog's window.
+    void Bind(uint32_t id, Control& control);
+    // A child of `parent`, visible if the template says so, or with WS_POPUP a frame in front of it that is
+    // not visible yet. On failure nothing was made. What a person enters before OnInitDialog has ended is
+    // impossible.
+    [[nodiscard]] std::optional<DialogError> Create(const ModuleHandle& module, uint32_t template_id,
+                                                    Window* parent);
+
+    uint32_t TemplateId() const { return m_template_id; }
+    // In tab order, while created.
+    const std::vector<Control*>& Controls() const { return m_controls; }
+    // Null if there is none; the one of that kind, or null.
+    Control* Find(uint32_t id) const;
+    template <class T>
+    T* FindAs(uint32_t id) const {
+        return dynamic_cast<T*>(Find(id));
+    }
+    // The text or frame that names the control: the nearest text or frame before it in the tab order, with
+    // nothing between but other controls that share it. Null for none.
+    StaticText* LabelOf(const Control& control) const;
+
+    // How controls follow the size of the window, from that of the template, below which nothing is laid out.
+    void SetAnchors(std::vector<AnchorRule> rules);
+    Size TemplateSize() const { return m_template_size; }
+    // A length in dialog units, by the dialog's font.
+    Rectangle FromDialogUnits(const DialogRectangle& units) const;
+
+    // Null for none. Edit's selection stays; what loses the focus is told.
+    Control* Focused() const { return m_focused; }
+    void SetFocus(Control* control);
+    // What Enter presses; null for none.
+    Button* DefaultButton() const;
+    void SetDefaultButton(Button& button);
+
+    // Shows a frame and returns when EndDialog was called, or -1 if it could not be created (then
+    // OnCreateFailed).
+    int32_t RunModal(const ModuleHandle& module, uint32_t template_id, Window* owner);
+    void EndDialog(int32_t result);
+    bool HasEnded() const { return m_result.has_value(); }
+
+    Dialog* AsDialog() override { return this; }
+
+    // Called by controls. `code` is BN_..., EN_..., CBN_... or LBN_...
+    virtual void OnCommand(Control& /*control*/, uint32_t /*code*/) {}
+    // `code` is TB_...; the position is where the track bar stands now.
+    virtual void OnScroll(TrackBar& /*track_bar*/, uint32_t /*code*/, int32_t /*position*/) {}
+
+    // Called by a renderer: the focus went there, null for out of the dialog; Enter and Escape; Tab.
+    void UserFocus(Control* control);
+    // True if the dialog did something with it: Enter presses the default button (or the button that has the
+    // focus), Escape and closing a frame the one with IDCANCEL.
+    bool UserKey(uint32_t key);
+    // The control with that mnemonic, or the one that it labels, gets the focus or is pressed; false if there
+    // is none.
+    bool UserMnemonic(wchar_t character);
+    // Where Tab (or with Shift) goes; null if nowhere.
+    Control* NextTabStop(const Control* from, bool backwards) const;
+    void OnClose() override;
+
+protected:
+    Dialog() = default;
+    // All controls are there. False if the focus was set here; else the first tab stop gets it, if this is a
+    // frame.
+    virtual bool OnInitDialog() { return true; }
+    // Of RunModal.
+    virtual void OnCreateFailed(const DialogError& /*error*/) {}
+    // OK, Cancel, and closing: end the dialog with IDOK and IDCANCEL.
+    virtual void OnOk() { EndDialog(static_cast<int32_t>(IdOfOk())); }
+    virtual void OnCancel();
+    void OnSize(const Size& size) override;
+    void OnDestroy() override;
+    // Controls that are neither bound nor simple are made here; null leaves it to the dialog.
+    virtual std::unique_ptr<Control> MakeControl(const DialogControl& /*line*/) { return nullptr; }
+
+private:
+    friend class Control;
+    static uint32_t IdOfOk();
+
+    std::map<uint32_t, Control*> m_bound;
+    std::vector<std::unique_ptr<Control>> m_made;
+    std::vector<Control*> m_controls;
+    uint32_t m_template_id = 0;
+    Size m_template_size;
+    std::vector<Rectangle> m_template_bounds;  // of the controls
+    std::vector<AnchorRule> m_anchors;
+    Size m_base_units;
+    Control* m_focused = nullptr;
+    Button* m_default_button = nullptr;
+    std::optional<int32_t> m_result;
+};
+
+}  // namespace hx::ui

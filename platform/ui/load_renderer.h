@@ -1,0 +1,24 @@
+// The renderer with a screen: a library of its own beside the platform's, loaded by hosts that have one. Its
+// toolkit is set up when it is loaded, once per process, and must be left to it. On the thread of the user
+// interface.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/ui/renderer.h"
+
+namespace hx::ui {
+
+struct ScreenOptions {
+    bool offscreen = false;    // windows have pictures but are on no screen
+    double scale = 0;          // 1.5 is 150 %; 0 leaves it to the desktop
+    std::optional<bool> dark;  // light or dark colours; nothing leaves it to the desktop
+};
+
+// Null, and `reason` says why in English, if the library is missing or there is no screen. Once per process.
+HX_PLATFORM_API std::shared_ptr<IRenderer> LoadScreenRenderer(const ScreenOptions& options,
+                                                              std::wstring& reason);
+
+}  // namespace hx::ui
