@@ -62,15 +62,15 @@ HRESULT EmbeddedWindow::Place::MakeShownWindow(IWindowMaker& maker, IOleInPlaceS
     if (FAILED(found)) return found;
     if (m_deactivations != deactivations) return E_ABORT;
 
-    std::unique_ptr<Window> window = maker.MakeWindow();
+    const std::shared_ptr<Window> window = maker.MakeWindow();
     if (!window) return E_FAIL;
     window->Create(WindowKind::child, parent, bounds);
     if (!window->IsCreated()) return E_FAIL;
-    m_window = std::move(window);
-    const HRESULT ready = maker.OnWindowCreated(*m_window);
+    m_window = window;
+    const HRESULT ready = maker.OnWindowCreated(*window);
     if (FAILED(ready)) return ready;
     if (m_deactivations != deactivations) return E_ABORT;
-    m_window->Show(true);
+    window->Show(true);
     m_site->ShowObject();
     return S_OK;
 }
@@ -113,7 +113,7 @@ HRESULT EmbeddedWindow::Place::Deactivate() {
     if (!m_in_place) return S_OK;
     UIDeactivate();
     const ComPtr<IOleInPlaceSite> in_place = std::move(m_in_place);
-    const std::unique_ptr<Window> window = std::move(m_window);
+    const std::shared_ptr<Window> window = std::move(m_window);
     if (window) window->Destroy();
     if (in_place) in_place->OnInPlaceDeactivate();
     return S_OK;

@@ -40,7 +40,7 @@ private:
     const std::shared_ptr<const void> m_keeps_loaded;  // outlives the window
     const ComPtr<IOleClientSite> m_site;
     ComPtr<IOleInPlaceSite> m_in_place;  // while it has been told that the component is active
-    std::unique_ptr<Window> m_window;
+    std::shared_ptr<Window> m_window;    // shared with the call that makes it
     bool m_activating = false;
     bool m_ui_active = false;
     uint32_t m_deactivations = 0;

@@ -78,9 +78,11 @@ private:
         if (made == E_UNEXPECTED) throw std::runtime_error("no window");
         return window;
     }
-    HRESULT OnWindowCreated(Window&) override {
+    HRESULT OnWindowCreated(Window& window) override {
         g_language = Embedded().ContainerLanguage();
-        return g_script.Step("OnWindowCreated", [] { return S_OK; });
+        const HRESULT result = g_script.Step("OnWindowCreated", [] { return S_OK; });
+        window.SetCaption(L"Gauge");  // it is still an object, whatever happened
+        return result;
     }
 };
 
