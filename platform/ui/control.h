@@ -88,8 +88,12 @@ public:
 protected:
     // The template's line is of this control's kind; to take more of it than text, style and place.
     virtual void OnAttached(const DialogControl& /*line*/) {}
-    void Changed(ControlChange change);
+    // The view is told; whoever shows a control in a way of its own follows.
+    virtual void Changed(ControlChange change);
     void KeepText(std::wstring text) { m_text = std::move(text); }
+    // The dialog is told what a person did, BN_... and so on; false if the control is in it no more after
+    // that.
+    bool Tell(uint32_t code);
 
 private:
     const ControlKind m_kind;
