@@ -53,13 +53,16 @@ void QtTest::Show(hx::ui::Dialog& dialog, const hx::ModuleHandle& module, uint32
     m_renderer->Pump();
 }
 
-QWidget& QtTest::WidgetOf(const hx::ui::Dialog& dialog, uint32_t control) {
-    // The dialog's own widget has none of the names of controls.
+// Widgets of controls are called by their ids, and there is one dialog at a time.
+QWidget& QtTest::WidgetOf(const hx::ui::Dialog& /*dialog*/, uint32_t control) {
     for (QWidget* const widget : QApplication::allWidgets()) {
-        const bool is_it = widget->objectName() == QString::number(control);
-        if (is_it && widget->isVisible() && dialog.Find(control)) return *widget;
+        if (widget->objectName() == QString::number(control) && widget->isVisible()) return *widget;
     }
     throw std::out_of_range("no widget of control " + std::to_string(control));
+}
+
+QWidget& QtTest::DialogWidget(const hx::ui::Dialog& dialog) {
+    return *WidgetOf(dialog, dialog.Controls().front()->Id()).parentWidget();
 }
 
 }  // namespace hx_test

@@ -39,6 +39,7 @@ protected:
 
     // In the frame, shown, and everything painted.
     void Show(hx::ui::Dialog& dialog, const hx::ModuleHandle& module, uint32_t id);
+    static QWidget& DialogWidget(const hx::ui::Dialog& dialog);
     static QWidget& WidgetOf(const hx::ui::Dialog& dialog, uint32_t control);
     hx::ui::IUser& User() const { return m_renderer->User(); }
 
