@@ -6,6 +6,7 @@
 
 #include "platform/system/utf8.h"
 #include "platform/ui/load_renderer.h"
+#include "tests/platform/ui/behaviour_fixture.h"
 
 namespace hx_test {
 
@@ -63,6 +64,11 @@ QWidget& QtTest::WidgetOf(const hx::ui::Dialog& /*dialog*/, uint32_t control) {
 
 QWidget& QtTest::DialogWidget(const hx::ui::Dialog& dialog) {
     return *WidgetOf(dialog, dialog.Controls().front()->Id()).parentWidget();
+}
+
+// The one of the cases that hold for every renderer.
+std::shared_ptr<hx::ui::IRenderer> MakeTestRenderer() {
+    return Renderer();
 }
 
 }  // namespace hx_test
