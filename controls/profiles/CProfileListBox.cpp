@@ -98,12 +98,11 @@ void CProfileListBox::MarkModified(int32_t index, bool modified) {
     std::wstring text = old_place->Text();
     {
         const ui::RedrawSuspended suspended(*this);
-        Entry entry = std::move(*old_place);
-        m_entries.erase(old_place);
         Remove(index);
-        const auto place = std::ranges::upper_bound(m_entries, entry.order, std::less(), &Entry::order);
-        index = static_cast<int32_t>(place - m_entries.begin());
-        m_entries.insert(place, std::move(entry));
+        // Behind those that sort alike, itself among them.
+        const auto behind = std::ranges::upper_bound(m_entries, old_place->order, std::less(), &Entry::order);
+        index = static_cast<int32_t>(behind - m_entries.begin()) - 1;
+        std::rotate(old_place, old_place + 1, behind);
         Insert(index, std::move(text));
         Select(index);
     }
