@@ -29,11 +29,14 @@ inline ModuleHandle ModuleOf(const std::wstring& controls) {
     return MakeResourceModule(L"", std::move(resources.value()));
 }
 
-class ScreenTest : public testing::Test {
-protected:
-    ScreenTest() : m_before(ui::SetRenderer(m_renderer)) {}
-    ~ScreenTest() override { ui::SetRenderer(m_before); }
+class Screen {
+public:
+    Screen() : m_before(ui::SetRenderer(m_renderer)) {}
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+    ~Screen() { ui::SetRenderer(m_before); }
 
+protected:
     ui::IUser& User() { return m_renderer->User(); }
 
     const std::shared_ptr<ui::HeadlessRenderer> m_renderer = ui::HeadlessRenderer::Make();
@@ -42,6 +45,8 @@ protected:
 private:
     const std::shared_ptr<ui::IRenderer> m_before;
 };
+
+class ScreenTest : public testing::Test, protected Screen {};
 
 class ProfilesTest : public ScreenTest {
 protected:

@@ -6,6 +6,7 @@
 #include "controls/profiles/SuggestedName.h"
 #include "core/locale/MResourceLocale.h"
 #include "tests/controls/profiles/profile_page.h"
+#include "tests/core/log/log_fixture.h"
 
 namespace hx {
 namespace {
@@ -187,6 +188,26 @@ TEST_F(ProfilesTest, ABrokenDialogIsTold) {
         EXPECT_EQ(boxes[0].text, L"Broken.");
         EXPECT_EQ(boxes[0].icon, ui::BoxIcon::error);
     }
+}
+
+class AskingLog : public LogTest, protected Screen {};
+
+TEST_F(AskingLog, HoldsWhatTheOperatorIsTold) {
+    const PresetsReference presets;
+    SetModuleLogger(&Start());
+    std::wstring name;
+    m_script.AnswerModal({By::enter, 0, L" "});
+    m_script.AnswerModal({By::escape, 0, {}});
+    CLaserProfileSaveAsDlg(nullptr, false, false).Run(name);
+    MResourceLocale::ExchangeResourceModule(MakeResourceModule(L"/there.dll", {}));
+    CLaserProfileSaveAsDlg(nullptr, false, false).Run(name);
+    MResourceLocale::ExchangeResourceModule(nullptr);
+    SetModuleLogger(nullptr);
+    const std::string text = Text("Mod_20240131_235959.log");
+    EXPECT_TRUE(Contains(text, "The profile name must not be empty."));
+    EXPECT_TRUE(Contains(text, "CLaserProfileSaveAsDlg.Run:CreateDialog"));
+    EXPECT_TRUE(Contains(text, "$module=\"/there.dll\", $reason=\"no_template\""));
+    EXPECT_EQ(m_script.TakeBoxes().size(), 2u) << "also where there is no text to tell it with";
 }
 
 }  // namespace
