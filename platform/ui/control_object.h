@@ -42,7 +42,9 @@ public:
         return m_window.GetClientSite(site);
     }
     HRESULT STDMETHODCALLTYPE SetHostNames(LPCOLESTR, LPCOLESTR) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE Close(DWORD) override { return InPlaceDeactivate(); }
+    HRESULT STDMETHODCALLTYPE Close(DWORD) override {
+        return AtBoundary([&] { return m_window.InPlaceDeactivate(); });
+    }
     HRESULT STDMETHODCALLTYPE SetMoniker(DWORD, IMoniker*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) override { return None(moniker); }
     HRESULT STDMETHODCALLTYPE InitFromData(IDataObject*, BOOL, DWORD) override { return E_NOTIMPL; }
