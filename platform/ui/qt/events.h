@@ -1,0 +1,18 @@
+// Events as the machine's keyboard and mouse cause them. The widget may go while it handles one. On the
+// thread of the user interface.
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+
+namespace hx::ui {
+
+// Down and up again.
+void SendKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+             const QString& text = {});
+void SendClick(QWidget& widget, QPoint where, Qt::MouseButton button = Qt::LeftButton);
+void SendButton(QWidget& widget, QPoint where, Qt::MouseButton button, bool down);
+void SendWheel(QWidget& widget, int notches);
+
+}  // namespace hx::ui

@@ -1,0 +1,106 @@
+#include "platform/ui/qt/message_pump.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QThread>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace hx::ui {
+
+namespace {
+
+// Swallows what the mouse did, and keeps what was typed for later.
+class MouseSwallower final : public QObject {
+public:
+    MouseSwallower() { qApp->installEventFilter(this); }
+    ~MouseSwallower() override {
+        for (auto& [receiver, event] : m_typed) {
+            if (receiver) QCoreApplication::postEvent(receiver, event.release());
+        }
+    }
+
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonRelease:
+            case QEvent::MouseButtonDblClick:
+            case QEvent::MouseMove:
+            case QEvent::NonClientAreaMouseButtonPress:
+            case QEvent::NonClientAreaMouseButtonRelease:
+            case QEvent::NonClientAreaMouseButtonDblClick:
+            case QEvent::NonClientAreaMouseMove:
+            case QEvent::Wheel:
+            case QEvent::ContextMenu:
+            case QEvent::TouchBegin:
+            case QEvent::TouchUpdate:
+            case QEvent::TouchEnd:
+            case QEvent::TabletPress:
+            case QEvent::TabletMove:
+            case QEvent::TabletRelease:
+                return true;
+            case QEvent::ShortcutOverride:
+                return true;
+            case QEvent::KeyPress:
+            case QEvent::KeyRelease:
+                m_typed.emplace_back(receiver, std::unique_ptr<QEvent>(event->clone()));
+                return true;
+            default:
+                return false;
+        }
+    }
+
+private:
+    std::vector<std::pair<QPointer<QObject>, std::unique_ptr<QEvent>>> m_typed;
+};
+
+void OnMessageArrived(void* context) {
+    MessagePump* const pump = static_cast<MessagePump*>(context);
+    pump->Wake();
+}
+
+}  // namespace
+
+MessagePump::MessagePump() : m_before(SetMessageHook({OnMessageArrived, this})) {
+    Wake();
+}
+
+MessagePump::~MessagePump() {
+    SetMessageHook(m_before);
+}
+
+void MessagePump::Wake() {
+    QMetaObject::invokeMethod(
+        &m_receiver, [this] { Dispatch(); }, Qt::QueuedConnection);
+}
+
+void MessagePump::Dispatch() {
+    if (!m_held) DispatchMessages();
+}
+
+void MessagePump::Run(bool no_event_above) {
+    constexpr int kRounds = 100;  // whoever posts to himself for ever does not hold up the caller
+    for (int round = 0; round < kRounds; ++round) {
+        const size_t dispatched = DispatchMessages();
+        QCoreApplication::processEvents();
+        if (dispatched == 0 && round > 0) break;
+    }
+    // What was released outside any event is deleted by no loop of events.
+    if (no_event_above && QThread::currentThread()->loopLevel() == 0) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+void MessagePump::DiscardMouse() {
+    const bool was_held = std::exchange(m_held, true);
+    {
+        const MouseSwallower swallower;
+        QCoreApplication::processEvents();
+    }
+    m_held = was_held;
+    Wake();
+}
+
+}  // namespace hx::ui

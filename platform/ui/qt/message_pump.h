@@ -1,0 +1,34 @@
+// Brings messages of windows into the toolkit's event loop, whoever runs it, and keeps them out of it where
+// that is wanted. Made and used on the thread of the user interface.
+#pragma once
+
+#include <QObject>
+
+#include "platform/ui/message_window.h"
+
+namespace hx::ui {
+
+class MessagePump {
+public:
+    MessagePump();
+    MessagePump(const MessagePump&) = delete;
+    MessagePump& operator=(const MessagePump&) = delete;
+    ~MessagePump();
+
+    // Messages that wait are dispatched by the event loop that runs next. To be called before a loop inside
+    // another one: nobody is told of messages that waited before it.
+    void Wake();
+    // Until nothing is left to be done. Released widgets go if no event is being handled further up the
+    // stack.
+    void Run(bool no_event_above);
+    void DiscardMouse();
+
+private:
+    void Dispatch();
+
+    QObject m_receiver;
+    MessageHookEntry m_before;
+    bool m_held = false;
+};
+
+}  // namespace hx::ui

@@ -1,0 +1,103 @@
+#include "platform/ui/qt/qt_renderer.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QBuffer>
+#include <QEventLoop>
+#include <QPixmap>
+#include <filesystem>
+
+#include "platform/system/files.h"
+#include "platform/ui/codes.h"
+#include "platform/ui/qt/appearance.h"
+#include "platform/ui/qt/boxes.h"
+#include "platform/ui/qt/conversions.h"
+#include "platform/ui/qt/window_view.h"
+
+namespace hx::ui {
+
+std::unique_ptr<IWindowView> QtRenderer::MakeView(Window& window) {
+    if (Dialog* const dialog = window.AsDialog()) return std::make_unique<DialogView>(*dialog);
+    return std::make_unique<WindowView>(window);
+}
+
+void QtRenderer::RunModal(Dialog& dialog) {
+    QWidget& widget = WindowView::Of(&dialog)->Widget();
+    // Whether it is modal is settled when it is shown.
+    widget.hide();
+    widget.setWindowModality(Qt::ApplicationModal);
+    widget.show();
+    m_pump.Wake();
+    QEventLoop loop;
+    // Whatever ends the dialog happened in an event, and no other one is left when the loop comes to wait.
+    const QMetaObject::Connection watching =
+        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &loop,
+                         [&dialog, &loop] {
+                             if (dialog.HasEnded()) loop.quit();
+                         });
+    if (!dialog.HasEnded()) loop.exec();
+    QObject::disconnect(watching);
+    // The application is being ended.
+    if (!dialog.HasEnded()) dialog.EndDialog(static_cast<int32_t>(IDCANCEL));
+}
+
+void QtRenderer::ShowMessageBox(Window* owner, const std::wstring& caption, const std::wstring& text,
+                                BoxIcon icon) {
+    m_pump.Wake();
+    const WindowView* const view = WindowView::Of(owner);
+    RunMessageBox(view ? view->Widget().window() : nullptr, ToQt(caption), ToQt(text), icon);
+}
+
+uint32_t QtRenderer::RunMenu(Window& owner, Point where, const std::vector<MenuLine>& lines) {
+    m_pump.Wake();
+    const WindowView* const view = WindowView::Of(&owner);
+    return view ? RunMenuOf(view->Widget(), where, lines) : 0;
+}
+
+FontUnits QtRenderer::DialogFont(const std::wstring& /*face*/, uint32_t points) const {
+    return UnitsOf(DialogFontOf(points));
+}
+
+Size QtRenderer::TextExtent(std::wstring_view text) const {
+    return ExtentOf(DialogFontOf(kDialogPoints), text);
+}
+
+Colour QtRenderer::ColourOf(SystemColour colour) const {
+    return ColourIn(QApplication::palette(), colour);
+}
+
+// Of our pixels, which are larger on the screen if it is scaled.
+int32_t QtRenderer::VerticalDotsPerInch() const {
+    return 96;
+}
+
+void QtRenderer::ShowWaitCursor(bool shown) {
+    if (shown) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+void QtRenderer::DiscardMouseMessages() {
+    m_user.DropQueuedClicks();
+    m_pump.DiscardMouse();
+}
+
+void QtRenderer::Pump() {
+    do {
+        m_pump.Run(!m_user.IsActing());
+    } while (m_user.DoQueuedClicks() > 0);
+}
+
+bool QtRenderer::SavePicture(Window& window, const std::wstring& file_name) {
+    const WindowView* const view = WindowView::Of(&window);
+    if (!view) return false;
+    QBuffer buffer;
+    const QPixmap picture = view->Widget().grab();
+    if (picture.isNull() || !buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, "PNG")) return false;
+    const std::string_view bytes(buffer.data().constData(), static_cast<size_t>(buffer.data().size()));
+    return !WriteFileAtomically(std::filesystem::path(file_name), bytes);
+}
+
+}  // namespace hx::ui

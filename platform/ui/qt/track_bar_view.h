@@ -1,0 +1,51 @@
+// A track bar's widget: what moves it has the system's codes. On the thread of the user interface.
+#pragma once
+
+#include <QBasicTimer>
+#include <QSlider>
+
+#include "platform/ui/controls.h"
+#include "platform/ui/qt/control_view.h"
+
+namespace hx::ui {
+
+class TrackBarView final : public QSlider, public ControlView {
+public:
+    TrackBarView(Control& control, QWidget& parent);
+
+    QRect Handle() const;
+    // The thumb is held.
+    bool IsDragging() const { return m_dragging; }
+    void DragTo(int position);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void ShowOwn(ControlChange change) override;
+
+private:
+    TrackBar* Bar() const;
+    void Tell(uint32_t code, int position = 0);
+    // Towards where the button is held.
+    void Page();
+    // Whatever moved it is over.
+    void End();
+    int PositionAt(QPoint handle_corner) const;
+
+    bool m_dragging = false;
+    bool m_tracking = false;  // by a key or a click beside the thumb
+    QPoint m_pressed;
+    QPoint m_grip;  // in the thumb
+    QBasicTimer m_repeat;
+    int m_wheel = 0;
+};
+
+}  // namespace hx::ui
