@@ -19,7 +19,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: hxbench [--quick] [--markdown FILE] [--only "
-    "parse,read,write,insert,memory,log,registry,settings,session]\n";
+    "parse,read,write,insert,memory,log,registry,settings,session,preview]\n";
 
 struct Comparison {
     std::string name;
@@ -30,6 +30,7 @@ const Comparison kComparisons[] = {
     {"parse", CompareParsing},     {"read", CompareReading},      {"write", CompareWriting},
     {"insert", CompareInserting},  {"memory", CompareMemory},     {"log", CompareLogging},
     {"registry", CompareRegistry}, {"settings", CompareSettings}, {"session", CompareSessions},
+    {"preview", ComparePreview},
 };
 
 struct Options {
