@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <sstream>
+#include <utility>
 
 #include "core/errors/MException.h"
 #include "core/locale/MLocale.h"
@@ -47,6 +48,21 @@ TEST(Locale, TagsAreKnownWholeOrNotAtAll) {
     for (const hx::CalendarDate& none :
          {hx::CalendarDate{2023, 2, 29}, {2024, 13, 1}, {2024, 0, 1}, {2024, 1, 0}, {0, 1, 1}, {-5, 1, 1}}) {
         EXPECT_FALSE(hx::ShortDate("C", none)) << none.year << "-" << none.month << "-" << none.day;
+    }
+}
+
+TEST(Locale, TagsHaveTheSystemsNumbers) {
+    const std::pair<const char*, uint32_t> rows[] = {
+        {"en-US", 0x409}, {"de-DE", 0x407}, {"es-ES", 0xC0A}, {"fr-FR", 0x40C}, {"ja-JP", 0x411}, {"de", 0x7},
+    };
+    for (const auto& [tag, lcid] : rows) {
+        EXPECT_EQ(hx::LcidOf(tag), lcid) << tag;
+        EXPECT_EQ(hx::LocaleOfLcid(lcid), tag) << tag;
+    }
+    EXPECT_EQ(hx::LcidOf("de-DE-u-nu-arab"), 0x407u);
+    for (const char* tag : {"C", "", "und", "xx-invalid", "de_DE"}) EXPECT_FALSE(hx::LcidOf(tag)) << tag;
+    for (const uint32_t lcid : {0u, 0x800u, 0x1000u, 0x7FFFFu, 0xFFFFFFFFu}) {
+        EXPECT_FALSE(hx::LocaleOfLcid(lcid)) << lcid;
     }
 }
 
