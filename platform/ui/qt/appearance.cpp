@@ -17,12 +17,12 @@ struct Tone {
 };
 
 constexpr Tone kTones[] = {
-    {QPalette::Window, 0xf0f0f0, 0x2b2b2e},      {QPalette::WindowText, 0x000000, 0xf2f2f2},
-    {QPalette::Base, 0xffffff, 0x1e1e20},        {QPalette::AlternateBase, 0xf7f7f7, 0x252528},
+    {QPalette::Window, 0xf0f0f0, 0x3c3c41},      {QPalette::WindowText, 0x000000, 0xf2f2f2},
+    {QPalette::Base, 0xffffff, 0x19191b},        {QPalette::AlternateBase, 0xf7f7f7, 0x252528},
     {QPalette::Text, 0x000000, 0xf2f2f2},        {QPalette::PlaceholderText, 0x6d6d6d, 0x9a9a9a},
-    {QPalette::Button, 0xf0f0f0, 0x3a3a3e},      {QPalette::ButtonText, 0x000000, 0xf2f2f2},
-    {QPalette::BrightText, 0xffffff, 0xffffff},  {QPalette::Light, 0xffffff, 0x515156},
-    {QPalette::Midlight, 0xf7f7f7, 0x46464a},    {QPalette::Mid, 0xb8b8b8, 0x242426},
+    {QPalette::Button, 0xf0f0f0, 0x55555b},      {QPalette::ButtonText, 0x000000, 0xf2f2f2},
+    {QPalette::BrightText, 0xffffff, 0xffffff},  {QPalette::Light, 0xffffff, 0x6c6c73},
+    {QPalette::Midlight, 0xf7f7f7, 0x5c5c62},    {QPalette::Mid, 0xb8b8b8, 0x242426},
     {QPalette::Dark, 0x9f9f9f, 0x1b1b1d},        {QPalette::Shadow, 0x767676, 0x0e0e0f},
     {QPalette::Highlight, 0x0067c0, 0x3d8fd9},   {QPalette::HighlightedText, 0xffffff, 0x000000},
     {QPalette::Link, 0x0067c0, 0x6cb4f0},        {QPalette::LinkVisited, 0x7a3b9b, 0xc39be0},
@@ -30,8 +30,8 @@ constexpr Tone kTones[] = {
 };
 
 constexpr Tone kDisabledTones[] = {
-    {QPalette::WindowText, 0x6d6d6d, 0x8c8c8c}, {QPalette::Text, 0x6d6d6d, 0x8c8c8c},
-    {QPalette::ButtonText, 0x6d6d6d, 0x8c8c8c}, {QPalette::Base, 0xf0f0f0, 0x2b2b2e},
+    {QPalette::WindowText, 0x6d6d6d, 0xa0a0a0}, {QPalette::Text, 0x6d6d6d, 0xa0a0a0},
+    {QPalette::ButtonText, 0x6d6d6d, 0xa0a0a0}, {QPalette::Base, 0xf0f0f0, 0x36363a},
     {QPalette::Highlight, 0xb0b0b0, 0x5a5a5e},  {QPalette::HighlightedText, 0x000000, 0xf2f2f2},
 };
 

@@ -1,6 +1,8 @@
 // Texts and the frames around others.
 #include <QGroupBox>
 #include <QLabel>
+#include <QPainter>
+#include <QStyle>
 
 #include "platform/ui/codes.h"
 #include "platform/ui/controls.h"
@@ -51,6 +53,31 @@ public:
     }
 
 protected:
+    // With its title in the upper edge, which leaves the room below it that templates count on.
+    void paintEvent(QPaintEvent* /*event*/) override {
+        constexpr int kBeforeTitle = 8;
+        constexpr int kAroundTitle = 3;
+        constexpr double kRounding = 3;
+        QPainter painter(this);
+        const int height = fontMetrics().height();
+        const QSize title_size = fontMetrics().size(Qt::TextShowMnemonic, title());
+        const QRect place(QPoint(kBeforeTitle, 0), title_size);
+        const QRectF frame = QRectF(rect()).adjusted(0.5, height / 2 + 0.5, -0.5, -0.5);
+        painter.save();
+        if (!title().isEmpty()) {
+            const QRect gap = place.adjusted(-kAroundTitle, 0, kAroundTitle, 0);
+            painter.setClipRegion(QRegion(rect()) - QRegion(gap));
+        }
+        painter.setRenderHint(QPainter::Antialiasing);
+        QColor line = palette().color(QPalette::WindowText);
+        line.setAlphaF(0.25F);
+        painter.setPen(line);
+        painter.drawRoundedRect(frame, kRounding, kRounding);
+        painter.restore();
+        style()->drawItemText(&painter, place, Qt::TextShowMnemonic, palette(), isEnabled(), title(),
+                              QPalette::WindowText);
+    }
+
     void ShowOwn(ControlChange change) override {
         if (change != ControlChange::text) return;
         setTitle(ToQt(Model()->Text()));

@@ -112,7 +112,6 @@ void WindowView::OnShown() {
     const bool visible = m_window.IsVisible();
     m_widget->setVisible(visible);
     if (!visible || m_window.Kind() != WindowKind::frame) return;
-    m_widget->raise();
     m_widget->activateWindow();
 }
 
