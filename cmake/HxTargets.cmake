@@ -27,6 +27,16 @@ if(HX_FUZZ)
     target_compile_options(hx_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# What tests test is optimised; they themselves are compiled far more often than they run. (Code full of a sanitizer's
+# checks is costly to optimise.)
+add_library(hx_test_flags INTERFACE)
+target_link_libraries(hx_test_flags INTERFACE hx_flags)
+if(HX_SANITIZE)
+    target_compile_options(hx_test_flags INTERFACE -O0)
+else()
+    target_compile_options(hx_test_flags INTERFACE $<$<CONFIG:Release>:-O1>)
+endif()
+
 # hx_objects(NAME SOURCES... LINK libraries): code of one folder, linked whole into whatever uses it, so that
 # objects that only register something at program start are never dropped by the linker.
 function(hx_objects name)
@@ -35,13 +45,28 @@ function(hx_objects name)
     target_link_libraries(${name} PUBLIC hx_flags ${ARG_LINK})
 endfunction()
 
+# Half the time of compiling a test goes into reading the headers of the test framework: they are read once. Not with a
+# compiler cache, which cannot see through that, and so also shows whether a test includes all that it uses. The code
+# that is tested never has it.
+if(CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+endif()
+if(HX_TESTS)
+    find_package(GTest REQUIRED)
+    # Compiled as test programs are, which is not how libraries are.
+    add_library(hx_test_headers OBJECT ${PROJECT_SOURCE_DIR}/tests/precompiled.cpp)
+    set_target_properties(hx_test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF)
+    target_compile_options(hx_test_headers PRIVATE -fPIE)
+    target_link_libraries(hx_test_headers PRIVATE hx_test_flags GTest::gtest)
+    target_precompile_headers(hx_test_headers PRIVATE ${PROJECT_SOURCE_DIR}/tests/precompiled.h)
+endif()
+
 # hx_test(NAME SOURCES... LINK libraries DEPENDS targets): one test program, each of its cases a test.
 function(hx_test name)
     cmake_parse_arguments(ARG "" "" "LINK;DEPENDS" ${ARGN})
     add_executable(${name} ${ARG_UNPARSED_ARGUMENTS})
-    target_link_libraries(${name} PRIVATE hx_flags ${ARG_LINK} GTest::gtest_main)
-    # What tests test is optimised; they themselves are compiled far more often than they run.
-    target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
+    target_link_libraries(${name} PRIVATE hx_test_flags ${ARG_LINK} GTest::gtest_main)
+    target_precompile_headers(${name} REUSE_FROM hx_test_headers)
     target_compile_definitions(${name} PRIVATE HX_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                                HX_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
     if(ARG_DEPENDS)
