@@ -6,6 +6,7 @@
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/registry_reports.h"
 #include "apps/hxctl/scanner/scanner_arguments.h"
+#include "apps/hxctl/screenshot/screenshot_arguments.h"
 #include "core/errors/MException.h"
 #include "platform/system/utf8.h"
 
@@ -26,6 +27,7 @@ public:
         AddKeys(app);
         AddLog(app);
         m_scanner.Add(app);
+        m_screenshot.Add(app);
         for (CLI::App* command : app.get_subcommands({})) AddJson(*command);
     }
 
@@ -150,6 +152,7 @@ private:
     bool m_tree = false;
     bool m_json = false;
     hxctl::ScannerArguments m_scanner{m_run, m_json};
+    hxctl::ScreenshotArguments m_screenshot{m_run, m_json};
 };
 
 }  // namespace

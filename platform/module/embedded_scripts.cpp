@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// The file names are those of the build, which also makes anew what changes (resources/CMakeLists.txt).
+// The file names are those of the build, which also makes anew what changes (cmake/HxResources.cmake).
 asm(R"(
     .pushsection .rodata, "a"
     .globl hx_script

@@ -40,7 +40,7 @@ const std::vector<Room>& Rooms() {
         {"server/", {"controls/", "settings/", "core/", "hxapi/", "platform/"}},
         {"apps/hxctl/", {"settings/", "core/", "hxapi/", "platform/"}},
         {"apps/", {"hxapi/", "platform/"}},
-        {"bench/", {"controls/", "settings/", "core/", "hxapi/", "platform/"}},
+        {"bench/", {"controls/", "preview/", "settings/", "core/", "hxapi/", "platform/"}},
         {"fuzz/", {"simulator/", "settings/", "core/", "hxapi/", "platform/"}},
         {"tests/",
          {"fuzz/", "bench/allocations.h", "apps/hxctl/", "server/", "controls/", "preview/", "simulator/",

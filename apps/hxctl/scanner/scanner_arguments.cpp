@@ -18,7 +18,7 @@ void ScannerArguments::Add(CLI::App& app) {
     AddTrack(*scanner);
 }
 
-void ScannerArguments::AddCommon(CLI::App& command, ScannerRequest& request) {
+void AddCommon(CLI::App& command, ScannerRequest& request) {
     command.add_option("--model", request.model, "one of `scanner list`; left out: the first");
     command.add_option("--presets-folder", request.folder,
                        "where presets are kept; left out: with the data of all users");
@@ -69,16 +69,23 @@ void ScannerArguments::AddPresetsAction(CLI::App& presets, const char* name, con
 void ScannerArguments::AddTrack(CLI::App& scanner) {
     CLI::App* track = scanner.add_subcommand("track", "a tracking session, and statistics of what was seen");
     AddCommon(*track, m_track.scanner);
-    track->add_option("--surface", m_track.scanner.surface,
-                      "what lies before the scanner: one of `scanner list`");
+    AddSurface(*track, m_track.scanner);
     track->add_option("--seconds", m_track.seconds, "how long")->capture_default_str();
-    track->add_option("--preset", m_track.preset, "which the scanner works with")->capture_default_str();
-    track->add_option("--exposure", m_track.exposure_us, "microseconds, instead of the preset's");
-    track->add_option("--laser-power", m_track.laser_power_percent,
-                      "percent of the maximum, instead of the preset's");
+    AddValues(*track, m_track.values);
     track->add_flag("--detect", m_track.detect, "lets the scanner look for exposure and laser power first");
     track->add_flag("--drop", m_track.drop, "drops the connection half way, and restores it");
     track->callback([this] { m_run = [this] { return RunScannerTrack(m_track, m_json); }; });
+}
+
+void AddSurface(CLI::App& command, ScannerRequest& request) {
+    command.add_option("--surface", request.surface, "what lies before the scanner: one of `scanner list`");
+}
+
+void AddValues(CLI::App& command, PresetRequest& request) {
+    command.add_option("--preset", request.preset, "which the scanner works with")->capture_default_str();
+    command.add_option("--exposure", request.exposure_us, "microseconds, instead of the preset's");
+    command.add_option("--laser-power", request.laser_power_percent,
+                       "percent of the maximum, instead of the preset's");
 }
 
 }  // namespace hxctl

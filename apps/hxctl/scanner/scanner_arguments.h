@@ -1,4 +1,4 @@
-// The command line of hxctl scanner.
+// The command line of hxctl scanner, and what other commands with a scanner have of it.
 #pragma once
 
 #include <CLI/App.hpp>
@@ -8,6 +8,11 @@
 
 namespace hxctl {
 
+// Options that fill the request, which outlives the parsing.
+void AddCommon(CLI::App& command, ScannerRequest& request);
+void AddSurface(CLI::App& command, ScannerRequest& request);
+void AddValues(CLI::App& command, PresetRequest& request);
+
 class ScannerArguments {
 public:
     // Each sub-command leaves in `run` what is to be done. All three outlive the parsing.
@@ -15,7 +20,6 @@ public:
     void Add(CLI::App& app);
 
 private:
-    void AddCommon(CLI::App& command, ScannerRequest& request);
     void AddPresets(CLI::App& scanner);
     void AddPresetsAction(CLI::App& presets, const char* name, const char* help, PresetsAction action);
     void AddTrack(CLI::App& scanner);

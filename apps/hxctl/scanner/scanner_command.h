@@ -37,13 +37,18 @@ struct PresetsRequest {
 enum class PresetsAction { kList, kSave, kDelete, kExport, kImport, kReset };
 Outcome RunScannerPresets(PresetsAction action, const PresetsRequest& request, bool json);
 
-// hxctl scanner track
-struct TrackRequest {
-    ScannerRequest scanner;
-    double seconds = 2;
+// The values that a scanner works with.
+struct PresetRequest {
     std::string preset = "$DEFAULT";
     std::optional<double> exposure_us;  // instead of the preset's
     std::optional<double> laser_power_percent;
+};
+
+// hxctl scanner track
+struct TrackRequest {
+    ScannerRequest scanner;
+    PresetRequest values;
+    double seconds = 2;
     bool detect = false;  // lets the scanner look for both before
     bool drop = false;    // the connection, half way, and restores it
 };

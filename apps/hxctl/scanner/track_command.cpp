@@ -2,10 +2,8 @@
 #include <cmath>
 
 #include "apps/hxctl/scanner/failed_call.h"
-#include "apps/hxctl/scanner/stored_presets.h"
+#include "apps/hxctl/scanner/tracking_session.h"
 #include "apps/hxctl/scanner/tracking_statistics.h"
-#include "hxapi/IReplayCapture.h"
-#include "platform/com/loader.h"
 #include "platform/system/sleep.h"
 
 namespace hxctl {
@@ -13,57 +11,12 @@ namespace {
 
 constexpr double kLongestSeconds = 24.0 * 3600.0;
 
-// The recorder, which does nothing unless the registry asks for recordings; none where it is not installed.
-hx::ComPtr<IReplayCapture> CreateRecorder() {
-    CLSID clsid;
-    hx::ComPtr<IReplayCapture> recorder;
-    if (SUCCEEDED(CLSIDFromProgID(kProgIdReplayCapture, &clsid))) {
-        CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, hx::uuid_of<IReplayCapture>(),
-                         recorder.put_void());
-    }
-    return recorder;
-}
-
-// The scanner held and tracking, from one connection to its end.
-class Session {
-public:
-    Session(Desk& desk, IDynamicSettingsPreset& preset, TrackingStatistics& observer)
-        : m_handle(desk.Handle()), m_recorder(CreateRecorder()) {
-        CheckCall("AcquireHandle", m_handle->AcquireHandle(), m_handle);
-        Record("StartTrackingDataRecording", &IReplayCapture::StartTrackingDataRecording);
-        CheckCall("InitialiseScanner", m_handle->InitialiseScanner(0, 0, 1), m_handle);
-        CheckCall("ActivateDynamicSettings", m_handle->ActivateDynamicSettings(&preset), m_handle);
-        CheckCall("RegisterTrackingCycleObserver", m_handle->RegisterTrackingCycleObserver(&observer),
-                  m_handle);
-    }
-
-    void End() {
-        Record("StopTrackingDataRecording", &IReplayCapture::StopTrackingDataRecording);
-        CheckCall("DisableScanner", m_handle->DisableScanner(), m_handle);
-        CheckCall("RegisterTrackingCycleObserver", m_handle->RegisterTrackingCycleObserver(nullptr),
-                  m_handle);
-        CheckCall("ReleaseHandle", m_handle->ReleaseHandle(), m_handle);
-    }
-
-    ICalibrationHandle& Handle() { return *m_handle; }
-
-private:
-    void Record(const char* operation, _ReplayCaptureResult (STDMETHODCALLTYPE IReplayCapture::*act)()) {
-        const int32_t result = m_recorder ? (m_recorder.get()->*act)() : ReplayCaptureSuccess;
-        if (result == ReplayCaptureSuccess) return;
-        throw FailedCall(std::string(operation) + " answered " + std::to_string(result));
-    }
-
-    hx::ComPtr<ICalibrationHandle> m_handle;
-    hx::ComPtr<IReplayCapture> m_recorder;
-};
-
 void Track(double seconds) {
     hx::SleepMilliseconds(static_cast<uint32_t>(std::lround(seconds * 1000.0)));
 }
 
 // What the scanner finds at the preset's values, the exposure first.
-void Detect(Session& session, IDynamicSettingsPreset& preset, Json& answer) {
+void Detect(TrackingSession& session, IDynamicSettingsPreset& preset, Json& answer) {
     const hx::ComPtr<ICalibrationHandle> handle(&session.Handle());
     const IID& iid = hx::uuid_of<IDynamicSettingsPreset>();
     int16_t exposure_us = 0;
@@ -107,20 +60,6 @@ std::string Lines(const Json& values) {
     return text;
 }
 
-// The preset to work with: a copy of the stored one with what the request changes.
-hx::ComPtr<IDynamicSettingsPreset> PresetOf(Desk& desk, const TrackRequest& request) {
-    const StoredPresets stored = LoadPresets(desk, *desk.Handle(), desk.DeviceName());
-    const NamedPreset* const found = stored.Find(BstrOf(request.preset).view());
-    if (found == nullptr) throw FailedCall("no preset \"" + request.preset + "\"");
-    if (request.exposure_us) {
-        CheckCall("SetExposureTime", found->preset->SetExposureTime(*request.exposure_us), found->preset);
-    }
-    if (request.laser_power_percent) {
-        CheckCall("SetLaserPower", found->preset->SetLaserPower(*request.laser_power_percent), found->preset);
-    }
-    return found->preset;
-}
-
 }  // namespace
 
 Outcome RunScannerTrack(const TrackRequest& request, bool json) {
@@ -129,16 +68,16 @@ Outcome RunScannerTrack(const TrackRequest& request, bool json) {
     }
     return AtDesk(request.scanner, json, [&](Desk& desk, DeskAnswer& answer) {
         desk.Connect();
-        const auto preset = PresetOf(desk, request);
+        const auto preset = PresetOf(desk, request.values);
         const auto statistics = hx::Make<TrackingStatistics>();
-        Session session(desk, *preset, *statistics);
+        TrackingSession session(desk, *preset, *statistics);
         if (request.detect) Detect(session, *preset, answer.json);
         Track(request.drop ? request.seconds / 2 : request.seconds);
         if (request.drop) {
             desk.Disconnect();
             session.End();
             desk.Connect();
-            session = Session(desk, *preset, *statistics);
+            session = TrackingSession(desk, *preset, *statistics);
             Track(request.seconds / 2);
         }
         session.End();

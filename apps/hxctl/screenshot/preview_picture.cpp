@@ -1,0 +1,73 @@
+// The picture of the preview: a window that embeds the component, as a dialog does.
+#include <chrono>
+#include <filesystem>
+
+#include "apps/hxctl/scanner/failed_call.h"
+#include "apps/hxctl/scanner/tracking_session.h"
+#include "apps/hxctl/screenshot/cycle_relay.h"
+#include "apps/hxctl/screenshot/screenshot_command.h"
+#include "hxapi/HXPreviewClasses.h"
+#include "platform/system/locale_data.h"
+#include "platform/system/sleep.h"
+#include "platform/system/utf8.h"
+#include "platform/ui/component_site.h"
+#include "platform/ui/renderer.h"
+
+namespace hxctl {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr uint32_t kCycles = 12;  // several of each plane
+constexpr std::chrono::seconds kPatience{10};
+constexpr std::chrono::milliseconds kAfterwards{200};  // until the last cycle has been drawn
+constexpr uint32_t kPause_ms = 5;
+
+class Frame final : public hx::ui::Window {};
+
+// What is posted and painted is dealt with, until that is so or the time is over.
+template <class Condition>
+bool PumpUntil(Condition condition, std::chrono::milliseconds patience) {
+    const auto end = Clock::now() + patience;
+    while (!condition()) {
+        if (Clock::now() >= end) return false;
+        hx::ui::CurrentRenderer()->Pump();
+        hx::SleepMilliseconds(kPause_ms);
+    }
+    return true;
+}
+
+void Track(const ScreenshotRequest& request, Desk& desk, const hx::ComPtr<IUnknown>& preview) {
+    const auto observer = preview.as<ITrackingCycleObserver>();
+    if (!observer) throw FailedCall("the preview is no observer of tracking cycles");
+    desk.Connect();
+    const auto preset = PresetOf(desk, request.values);
+    const auto relay = hx::Make<CycleRelay>(observer);
+    TrackingSession session(desk, *preset, *relay);
+    const bool seen = PumpUntil([&] { return relay->Cycles() >= kCycles; }, kPatience);
+    session.End();
+    if (!seen) throw FailedCall("the scanner sent no tracking cycles");
+    PumpUntil([] { return false; }, kAfterwards);
+    desk.Disconnect();
+}
+
+}  // namespace
+
+void SavePreviewPicture(const ScreenshotRequest& request, Desk& desk, DeskAnswer& answer) {
+    Frame frame;
+    const hx::ui::Rectangle inside{0, 0, request.width, request.height};
+    frame.Create(hx::ui::WindowKind::frame, nullptr, inside);
+    const auto site = hx::Make<hx::ui::ComponentSite>(hx::LcidOf(request.locale).value());
+    CheckCall("ComponentSite.Open", site->Open(CLSID_HXPreview, frame, inside, true));
+    frame.Show(true);
+    Track(request, desk, site->Component());
+    const auto file = hx::FromUtf8(std::filesystem::absolute(request.file).string());
+    const bool saved = file && hx::ui::CurrentRenderer()->SavePicture(frame, *file);
+    site->Close();
+    frame.Destroy();
+    if (!saved) throw FailedCall("the picture cannot be written to " + request.file);
+    answer.json["file"] = request.file;
+    answer.text = request.file + "\n";
+}
+
+}  // namespace hxctl

@@ -1,0 +1,28 @@
+// hxctl screenshot: a page, or the preview by itself, as it looks on a screen, without one.
+#pragma once
+
+#include <string>
+
+#include "apps/hxctl/scanner/desk.h"
+
+namespace hxctl {
+
+struct ScreenshotRequest {
+    std::string page;
+    std::string file;  // PNG
+    ScannerRequest scanner;
+    PresetRequest values;
+    std::string locale = "en-US";
+    double scale = 1;
+    bool dark = false;
+    int width = 320;  // of the picture at 100 %
+    int height = 320;
+};
+
+// hxctl screenshot PAGE OUT.png
+Outcome RunScreenshot(const ScreenshotRequest& request, bool json);
+
+// The preview, while a simulated scanner tracks, and its last cycle. Throws a FailedCall.
+void SavePreviewPicture(const ScreenshotRequest& request, Desk& desk, DeskAnswer& answer);
+
+}  // namespace hxctl

@@ -1,0 +1,43 @@
+# hx_module_resources(TARGET MODULE): the texts, dialogs and menus of a module, from the scripts of the calling folder.
+# MODULE.rc is embedded in whatever links TARGET, and MODULE_<tag>.rc lies beside it as the satellite of a language.
+# A script that cannot be read fails the build.
+function(hx_module_resources target module)
+    set(base ${CMAKE_CURRENT_SOURCE_DIR}/${module}.rc)
+    set(version ${CMAKE_CURRENT_BINARY_DIR}/version.rc)
+    set(HX_MODULE ${module})
+    configure_file(${PROJECT_SOURCE_DIR}/resources/version.rc.in ${version} @ONLY)
+
+    set(checked ${CMAKE_CURRENT_BINARY_DIR}/embedded.checked)
+    add_custom_command(
+        OUTPUT ${checked}
+        COMMAND hxcheckscript ${base} ${version}
+        COMMAND ${CMAKE_COMMAND} -E touch ${checked}
+        DEPENDS hxcheckscript ${base} ${version}
+        COMMENT "Checking ${module}.rc"
+        VERBATIM)
+
+    file(GLOB scripts CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${module}_*.rc)
+    set(satellites)
+    foreach(script ${scripts})
+        get_filename_component(name ${script} NAME_WLE)
+        set(satellite ${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/${name}.dll)
+        add_custom_command(
+            OUTPUT ${satellite}
+            COMMAND hxcheckscript ${script}
+            COMMAND ${CMAKE_COMMAND} -E copy ${script} ${satellite}
+            DEPENDS hxcheckscript ${script}
+            COMMENT "Checking and placing ${name}.rc"
+            VERBATIM)
+        list(APPEND satellites ${satellite})
+    endforeach()
+    add_custom_target(${target}_scripts ALL DEPENDS ${checked} ${satellites})
+
+    # Compiled anew for each module: it carries this one's scripts.
+    set(embedded ${PROJECT_SOURCE_DIR}/platform/module/embedded_scripts.cpp)
+    hx_objects(${target} ${embedded} ${PROJECT_SOURCE_DIR}/platform/module/this_module.cpp LINK hxplatform)
+    target_link_libraries(${target} INTERFACE ${CMAKE_DL_LIBS})
+    add_dependencies(${target} ${target}_scripts)
+    set_source_files_properties(${embedded} PROPERTIES
+        COMPILE_DEFINITIONS "HX_SCRIPT=\"${base}\";HX_VERSION_SCRIPT=\"${version}\""
+        OBJECT_DEPENDS "${base};${version};${checked}")
+endfunction()
