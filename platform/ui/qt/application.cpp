@@ -1,7 +1,13 @@
 #include "platform/ui/qt/application.h"
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QStyleFactory>
+#include <cstddef>
+#include <cstring>
 
 #include "platform/ui/qt/appearance.h"
 
@@ -9,11 +15,44 @@ namespace hx::ui {
 
 namespace {
 
-// The toolkit ends the process if it finds no screen, so it is not asked.
-bool HasScreen() {
+constexpr wchar_t kNoDisplay[] = L"There is no screen: neither DISPLAY nor WAYLAND_DISPLAY is set.";
+constexpr wchar_t kNoServer[] = L"There is no screen: nothing answers at DISPLAY or WAYLAND_DISPLAY.";
+
+// Whether somebody listens at a socket; of an abstract one, the name begins with a zero.
+bool Answers(const std::string& name) {
+    sockaddr_un address = {};
+    if (name.size() >= sizeof address.sun_path) return false;
+    address.sun_family = AF_UNIX;
+    std::memcpy(address.sun_path, name.data(), name.size());
+    const int file = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (file < 0) return false;
+    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size());
+    const bool answers = connect(file, reinterpret_cast<const sockaddr*>(&address), length) == 0;
+    close(file);
+    return answers;
+}
+
+bool AnswersX(const std::string& display) {
+    // One on another machine may be there.
+    if (display.empty() || display.front() != ':') return !display.empty();
+    const std::string path = "/tmp/.X11-unix/X" + display.substr(1, display.find('.') - 1);
+    return Answers(path) || Answers(std::string(1, '\0') + path);
+}
+
+bool AnswersWayland(const std::string& display) {
+    if (display.empty()) return false;
+    return Answers(display.front() == '/' ? display
+                                          : qgetenv("XDG_RUNTIME_DIR").toStdString() + "/" + display);
+}
+
+// The toolkit ends the process if it finds no screen, so it is asked only if there is one. Null if so.
+const wchar_t* WhyNoScreen() {
     const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    if (!platform.isEmpty() && !platform.startsWith("xcb") && !platform.startsWith("wayland")) return true;
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (!platform.isEmpty() && !platform.startsWith("xcb") && !platform.startsWith("wayland")) return nullptr;
+    const std::string x = qgetenv("DISPLAY").toStdString();
+    const std::string wayland = qgetenv("WAYLAND_DISPLAY").toStdString();
+    if (x.empty() && wayland.empty()) return kNoDisplay;
+    return AnswersX(x) || AnswersWayland(wayland) ? nullptr : kNoServer;
 }
 
 void MakeApplication() {
@@ -32,8 +71,8 @@ bool StartApplication(const ScreenOptions& options, std::wstring& reason) {
     if (!QCoreApplication::instance()) {
         if (options.offscreen) {
             qputenv("QT_QPA_PLATFORM", "offscreen");
-        } else if (!HasScreen()) {
-            reason = L"There is no screen: neither DISPLAY nor WAYLAND_DISPLAY is set.";
+        } else if (const wchar_t* const why = WhyNoScreen()) {
+            reason = why;
             return false;
         }
         if (options.scale > 0) {

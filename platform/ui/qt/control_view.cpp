@@ -1,5 +1,6 @@
 #include "platform/ui/qt/control_view.h"
 
+#include <QTextDocument>
 #include <utility>
 
 #include "platform/ui/codes.h"
@@ -15,6 +16,12 @@ constexpr ControlView* (*kMakers[])(Control&, QWidget&) = {
     MakeStaticView,   MakeButtonView,  MakeCheckBoxView, MakeEditView,
     MakeComboBoxView, MakeListBoxView, MakeTrackBarView, MakeComponentView,
 };
+
+// A tool tip that looks like markup would be taken for it.
+QString AsPlainText(const QString& text) {
+    return Qt::mightBeRichText(text) ? QStringLiteral("<qt>") + text.toHtmlEscaped() + QStringLiteral("</qt>")
+                                     : text;
+}
 
 }  // namespace
 
@@ -84,7 +91,7 @@ void ControlView::ShowCommon(ControlChange change) {
             m_widget->setAccessibleName(ToQt(m_control->AccessibleName()));
             break;
         case ControlChange::tool_tip:
-            m_widget->setToolTip(ToQt(m_control->ToolTip()).toHtmlEscaped());
+            m_widget->setToolTip(AsPlainText(ToQt(m_control->ToolTip())));
             break;
         default:
             break;

@@ -93,8 +93,8 @@ int ListBoxView::RowWidth() const {
 }
 
 void ListBoxView::Ask(int row) {
-    if (!List() || (m_in_event && m_asked)) return;
-    m_asked = true;
+    if (!List() || m_asked || (!m_pressed && row == List()->Selected())) return;
+    m_asked = m_in_event;
     List()->UserSelect(row);
 }
 
@@ -103,10 +103,9 @@ void ListBoxView::Repaint(bool now) {
 }
 
 void ListBoxView::mousePressEvent(QMouseEvent* event) {
-    m_asked = false;
-    m_in_event = true;
+    m_in_event = m_pressed = true;
     QListView::mousePressEvent(event);
-    m_in_event = false;
+    m_in_event = m_pressed = m_asked = false;
 }
 
 // A row is not selected by passing over it.
@@ -115,10 +114,9 @@ void ListBoxView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ListBoxView::keyPressEvent(QKeyEvent* event) {
-    m_asked = false;
     m_in_event = true;
     QListView::keyPressEvent(event);
-    m_in_event = false;
+    m_in_event = m_asked = false;
 }
 
 void ListBoxView::resizeEvent(QResizeEvent* event) {

@@ -76,8 +76,9 @@ private:
 
     RowModel m_rows;
     RowSelection m_selection;
-    bool m_asked = false;
     bool m_in_event = false;
+    bool m_pressed = false;  // the event is the mouse's: a click on the selected row is one, too
+    bool m_asked = false;    // in this event
 };
 
 }  // namespace hx::ui

@@ -29,16 +29,19 @@ void QtRenderer::RunModal(Dialog& dialog) {
     widget.show();
     m_pump.Wake();
     QEventLoop loop;
-    // Whatever ends the dialog happened in an event, and no other one is left when the loop comes to wait.
-    const QMetaObject::Connection watching =
-        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &loop,
-                         [&dialog, &loop] {
-                             if (dialog.HasEnded()) loop.quit();
-                         });
-    if (!dialog.HasEnded()) loop.exec();
-    QObject::disconnect(watching);
-    // The application is being ended.
-    if (!dialog.HasEnded()) dialog.EndDialog(static_cast<int32_t>(IDCANCEL));
+    const auto is_open = [&dialog, handle = dialog.Handle()] {
+        return Window::FromHandle(handle) == &dialog && !dialog.HasEnded();
+    };
+    // Whatever ends the dialog is an event: it is looked for before the loop waits, and when it is woken.
+    const auto look = [&is_open, &loop] {
+        if (!is_open()) loop.quit();
+    };
+    const QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
+    QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &loop, look);
+    QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, &loop, look);
+    if (is_open()) loop.exec();
+    // Still open, if the application is being ended.
+    if (is_open()) dialog.EndDialog(static_cast<int32_t>(IDCANCEL));
 }
 
 void QtRenderer::ShowMessageBox(Window* owner, const std::wstring& caption, const std::wstring& text,

@@ -5,6 +5,7 @@
 
 #include "platform/ui/codes.h"
 #include "platform/ui/dialog.h"
+#include "platform/ui/qt/appearance.h"
 #include "platform/ui/qt/control_input.h"
 #include "platform/ui/qt/conversions.h"
 #include "platform/ui/qt/keys.h"
@@ -87,6 +88,7 @@ WindowWidget* MakeWidget(Window& window) {
 }  // namespace
 
 WindowView::WindowView(Window& window) : m_window(window), m_widget(MakeWidget(window)) {
+    m_widget->setFont(DialogFontOf(kDialogPoints));
     m_widget->setWindowTitle(ToQt(window.Caption()));
     m_widget->setGeometry(ToQt(window.Bounds()));
     WindowView::OnAccessibleName();

@@ -189,11 +189,15 @@ TEST_F(QtPerson, MnemonicsWorkFromWhereverTheFocusIs) {
 
 TEST_F(QtPerson, ToolTipsAreThereForWhatIsDisabled) {
     hx::ui::Control& button = *m_page.Find(kPush);
-    button.SetToolTip(L"a < b & c");
     button.Enable(false);
-    QHelpEvent event(QEvent::ToolTip, {2, 2}, Widget(kPush).mapToGlobal(QPoint(2, 2)));
-    QCoreApplication::sendEvent(&Widget(kPush), &event);
-    EXPECT_EQ(QToolTip::text(), QStringLiteral("a &lt; b &amp; c"));
+    const std::pair<const wchar_t*, const char*> kRows[] = {{L"a < b & c", "a < b & c"},
+                                                            {L"<b>x</b>", "<qt>&lt;b&gt;x&lt;/b&gt;</qt>"}};
+    for (const auto& [text, shown] : kRows) {
+        button.SetToolTip(text);
+        QHelpEvent event(QEvent::ToolTip, {2, 2}, Widget(kPush).mapToGlobal(QPoint(2, 2)));
+        QCoreApplication::sendEvent(&Widget(kPush), &event);
+        EXPECT_EQ(QToolTip::text().toStdString(), shown);
+    }
     QToolTip::hideText();
 }
 
@@ -286,13 +290,15 @@ TEST_F(QtPerson, MenuGivesWhatWasChosen) {
 
 TEST(QtWithoutAScreen, IsRefusedWithAReason) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const auto load = [] {
+    const auto load = [](const char* display) {
         for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) unsetenv(name);
+        if (display) setenv("DISPLAY", display, 1);
         std::wstring reason;
         const auto renderer = hx::ui::LoadScreenRenderer({}, reason);
         std::exit(!renderer && !reason.empty() ? 0 : 1);
     };
-    EXPECT_EXIT(load(), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load(nullptr), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load(":987654"), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -15,10 +15,14 @@ double Scale() {
     return scale ? std::atof(scale) : 1;
 }
 
+bool IsDark() {
+    return std::getenv("HX_TEST_DARK") != nullptr;
+}
+
 std::shared_ptr<hx::ui::IRenderer> Renderer() {
     static const std::shared_ptr<hx::ui::IRenderer> renderer = [] {
         std::wstring reason;
-        auto loaded = hx::ui::LoadScreenRenderer({true, Scale(), std::nullopt}, reason);
+        auto loaded = hx::ui::LoadScreenRenderer({true, Scale(), IsDark()}, reason);
         if (!loaded) throw std::runtime_error(hx::ToUtf8(reason));
         return loaded;
     }();

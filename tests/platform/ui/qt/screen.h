@@ -17,6 +17,8 @@ namespace hx_test {
 
 // Of all pictures; set by HX_TEST_SCALE, 1 without it.
 double Scale();
+// Set by HX_TEST_DARK.
+bool IsDark();
 std::shared_ptr<hx::ui::IRenderer> Renderer();
 
 class Frame final : public hx::ui::Window {
