@@ -68,6 +68,11 @@ TEST_F(ProfilesTest, MarkingKeepsOrderNamesAndFlags) {
     EXPECT_EQ(m_renderer->ImmediatePaints(page.list), painted + 1);
     EXPECT_EQ(page.list.SelectByName(L"nobody"), -1);
     EXPECT_EQ(page.list.Selected(), 3) << "an unknown name leaves the selection";
+    Fill({L"b", L"B", L"c"});
+    ProfilePage alike;
+    alike.list.MarkModified(L"b", true);
+    EXPECT_EQ(alike.Rows(), L"B, *b<, c") << "behind those that sort alike";
+    EXPECT_EQ(alike.list.SelectedName(), L"b");
 }
 
 TEST_F(ProfilesTest, TheMenuFollowsItsRules) {
