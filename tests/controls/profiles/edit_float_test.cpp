@@ -11,16 +11,13 @@
 namespace hx {
 namespace {
 
-constexpr ui::Colour kWhite{255, 255, 255};
-constexpr ui::Colour kRed{255, 176, 176};
-
 class NumberDialog final : public ui::Dialog {
 public:
     NumberDialog() {
         Bind(10, number);
-        EXPECT_FALSE(Create(ModuleOf(L"EDITTEXT 10, 0, 0, 50, 14, WS_TABSTOP\n"
-                                     L"PUSHBUTTON \"x\", 11, 0, 20, 50, 14, WS_TABSTOP"),
-                            1, nullptr));
+        const ModuleHandle module =
+            ModuleOf(L"EDITTEXT 10, 0, 0, 50, 14\nPUSHBUTTON \"x\", 11, 0, 20, 50, 14");
+        EXPECT_FALSE(Create(module, 1, nullptr));
         Show(true);
     }
     ~NumberDialog() override { Destroy(); }
@@ -28,26 +25,24 @@ public:
         if (code == EN_KILLFOCUS) left_with = control.Text();
         if (closes_on_change && code == EN_CHANGE) Destroy();
     }
+    ui::Colour Colour() {
+        ui::Colour colour;
+        EXPECT_TRUE(number.BackgroundColour(colour));
+        return colour;
+    }
 
     MEditFloat number;
     std::wstring left_with;
     bool closes_on_change = false;
 };
 
-class EditFloat : public ScreenTest {
-protected:
-    ~EditFloat() override { MResourceLocale::ExchangeResourceModule(nullptr); }
-    // As the satellite of that language does, whose file is not read.
-    static void Speak(const std::wstring& language) {
-        MResourceLocale::ExchangeResourceModule(
-            MakeResourceModule(L"/opt/x_y/HXScannerCtrls_" + language + L".dll", {}));
-    }
-    static ui::Colour ColourOf(MEditFloat& number) {
-        ui::Colour colour;
-        EXPECT_TRUE(number.BackgroundColour(colour));
-        return colour;
-    }
-};
+using EditFloat = ScreenTest;
+
+// As the satellite of that language does, whose file is not read.
+void Speak(const std::wstring& language) {
+    MResourceLocale::ExchangeResourceModule(
+        MakeResourceModule(L"/opt/x_y/HXScannerCtrls_" + language + L".dll", {}));
+}
 
 TEST_F(EditFloat, FollowsWhatIsTypedInTheLanguageOfThePage) {
     const double infinity = std::numeric_limits<double>::infinity();
@@ -56,20 +51,18 @@ TEST_F(EditFloat, FollowsWhatIsTypedInTheLanguageOfThePage) {
         int32_t decimals;
         std::wstring typed;
         bool valid;
-        double value;  // it was 42
+        double value;  // 42 before
         std::wstring left;
     };
     const Case cases[] = {
         {L"en-US", 2, L"12.5", true, 12.5, L"12.50"},
         {L"de-DE", 2, L"12,5", true, 12.5, L"12,50"},
         {L"de-DE", 2, L"12.5", false, 12, L"12.5"},
-        {L"en-US", 2, L"12,5", false, 12, L"12,5"},
         {L"fr-FR", 1, L" -1,26 ", true, -1.26, L"-1,3"},
         {L"ja-JP", 0, L"7.6", true, 7.6, L"8"},
         {L"es-ES", -3, L"7,6", true, 7.6, L"8"},
         {L"nowhere", 2, L"1.25", true, 1.25, L"1.25"},
         {L"en-US", 2, L"12.5x", false, 12.5, L"12.5x"},
-        {L"en-US", 2, L"%n%s", false, 42, L"%n%s"},
         {L"en-US", 2, L"", true, 42, L""},
         {L"en-US", 2, L" ", false, 42, L" "},
         {L"en-US", 0, L"-1e999", true, -infinity, L"-inf"},
@@ -84,20 +77,18 @@ TEST_F(EditFloat, FollowsWhatIsTypedInTheLanguageOfThePage) {
         dialog.number.SetText(L"42");
         User().Type(dialog.number, row.typed);
         EXPECT_EQ(dialog.number.IsValid(), row.valid);
-        EXPECT_EQ(ColourOf(dialog.number), row.valid ? kWhite : kRed);
+        EXPECT_EQ(dialog.Colour(), row.valid ? (ui::Colour{255, 255, 255}) : (ui::Colour{255, 176, 176}));
         EXPECT_EQ(dialog.number.IsValid(true), row.valid && !row.typed.empty());
         EXPECT_EQ(dialog.number.Value(), row.value);
         User().Leave(dialog.number);
         EXPECT_EQ(dialog.number.Text(), row.left);
         EXPECT_EQ(dialog.left_with, row.left) << "the page sees what stays";
     }
+    MResourceLocale::ExchangeResourceModule(nullptr);
 }
 
-TEST_F(EditFloat, KeepsTheLastNumberTheSelectionAndTheBounds) {
+TEST_F(EditFloat, KeepsTheSelectionAndTheBounds) {
     NumberDialog dialog;
-    dialog.number.SetText(L"3");
-    dialog.number.SetText(L"x");
-    EXPECT_EQ(dialog.number.Value(), 3);
     User().Type(dialog.number, L"1.23456");
     dialog.number.SetSelection({2, 7});
     User().Leave(dialog.number);
@@ -122,7 +113,7 @@ TEST_F(EditFloat, SurvivesAMegabyteAndAPageThatGoes) {
     EXPECT_EQ(dialog.number.Text().size(), ui::Edit::kTextLimit);
     EXPECT_TRUE(std::isinf(dialog.number.Value()));
     User().Paste(dialog.number, std::wstring(1 << 20, L'x'));
-    EXPECT_EQ(ColourOf(dialog.number), kRed);
+    EXPECT_FALSE(dialog.number.IsValid());
     User().Type(dialog.number, L"1");
     dialog.closes_on_change = true;
     User().Leave(dialog.number);

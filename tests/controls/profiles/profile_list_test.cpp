@@ -2,29 +2,14 @@
 #include <algorithm>
 #include <random>
 
-#include "controls/profiles/RowOrder.h"
 #include "tests/controls/profiles/profile_page.h"
 
 namespace hx {
 namespace {
 
-using ui::PaintStep;
 using Prompt = ProfilePage::Prompt;
 
-TEST_F(ProfilesTest, PredefinedComeFirstThenEachByDisplayNameWithoutCase) {
-    Fill({L"zebra", L"$DEFAULT=Standard", L"Äpfel", L"äpfel 2", L"apple", L"ZEBRA 2", L"$CUSTOM=user defined",
-          L"_x", L"$=100 %d\t&", L"Scan=beta"});
-    ProfilePage page;
-    page.list.Refill();
-    EXPECT_EQ(page.Rows(),
-              L"100 %d\t&, Standard, user defined<, _x, apple, beta, zebra, ZEBRA 2, Äpfel, äpfel 2")
-        << "'_' follows small letters in no language; the custom profile stands in for one that is not there";
-    EXPECT_EQ(page.list.Row(2).name, L"$CUSTOM");
-    EXPECT_EQ(page.list.Row(2).user_defined, 0u);
-    EXPECT_EQ(page.list.Row(5).user_defined, 1u);
-}
-
-TEST_F(ProfilesTest, RefillSelectsAndMarksTheHandlersProfile) {
+TEST_F(ProfilesTest, RowsAreSortedAndThePagesOneIsSelectedAndMarked) {
     struct Case {
         std::vector<std::wstring> presets;
         std::wstring current;
@@ -32,20 +17,20 @@ TEST_F(ProfilesTest, RefillSelectsAndMarksTheHandlersProfile) {
         std::wstring rows;
     };
     const Case cases[] = {
+        {{L"zebra", L"$D=Std", L"Äpfel", L"äpfel 2", L"apple", L"ZEBRA 2", L"_x", L"$=100 %d\t&",
+          L"Scan=beta"},
+         L"scan",
+         true,
+         L"100 %d\t&, Std, _x, apple, *beta<, zebra, ZEBRA 2, Äpfel, äpfel 2"},
         {{}, L"A", true, L""},
         {{L"B", L"A"}, L"b", false, L"A, B<"},
-        {{L"B", L"A"}, L"b", true, L"A, *B<"},
         {{L"scan", L"SCAN", L"Scan"}, L"SCAN", true, L"scan, *SCAN<, Scan"},
         {{L"B", L"A"}, L"gone", true, L"A<, B"},
         {{L"B", L"$CUSTOM", L"$A"}, L"gone", true, L"$A, $CUSTOM<, B"},
     };
     for (const Case& row : cases) {
-        while (m_presets->Count() > 0) m_presets->RemovePreset(std::wstring(m_presets->At(0).name));
         Fill(row.presets);
-        ProfilePage page;
-        page.current = row.current;
-        page.modified = row.modified;
-        page.list.Refill();
+        ProfilePage page(row.current, row.modified);
         page.list.Refill();
         EXPECT_EQ(page.Rows(), row.rows);
         EXPECT_TRUE(page.list.IsRedrawing());
@@ -57,161 +42,132 @@ TEST_F(ProfilesTest, MarkingKeepsOrderNamesAndFlags) {
     std::mt19937 random(7);
     std::vector<std::wstring> names;
     for (int i = 0; i < 200; ++i) {
-        std::wstring name = i % 5 == 0 ? L"$" : L"";
-        name += static_cast<wchar_t>((i % 2 == 0 ? L'a' : L'A') + random() % 26);
-        names.push_back(name + std::to_wstring(i));
+        const wchar_t first = (i % 2 == 0 ? L'a' : L'A') + static_cast<wchar_t>(random() % 26);
+        names.push_back((i % 5 == 0 ? L"$" : L"") + std::wstring(1, first) + std::to_wstring(i));
     }
     Fill(names);
     ProfilePage page;
-    page.list.Refill();
+    const ProfilePage sorted;
     std::map<std::wstring, bool> marks;
     for (int i = 0; i < 500; ++i) {
         const std::wstring& name = names[random() % names.size()];
-        const bool modified = random() % 2 == 0;
-        marks[name] = modified;
-        page.list.MarkModified(name, modified);
+        marks[name] = random() % 2 == 0;
+        page.list.MarkModified(name, marks[name]);
         ASSERT_EQ(page.list.SelectedName(), name);
     }
     for (int32_t i = 0; i < page.list.Count(); ++i) {
-        const ProfileRow& row = page.list.Row(i);
-        EXPECT_EQ(row.modified, marks[row.name]);
-        EXPECT_EQ(page.list.RowText(i), (row.modified ? L"*" : L"") + row.name);
-        if (i == 0) continue;
-        const ProfileRow& before = page.list.Row(i - 1);
-        EXPECT_FALSE(RowOrder(row.user_defined != 0, row.name) <
-                     RowOrder(before.user_defined != 0, before.name));
+        const std::wstring& name = sorted.list.Row(i).name;
+        EXPECT_EQ(page.list.Row(i).name, name);
+        EXPECT_EQ(page.list.Row(i).modified, marks[name]);
+        EXPECT_EQ(page.list.RowText(i), (marks[name] ? L"*" : L"") + name);
+        EXPECT_EQ(page.list.Row(i).user_defined, name[0] != L'$');
     }
     const size_t painted = m_renderer->ImmediatePaints(page.list);
     page.list.MarkModified(L"nobody", true);
-    EXPECT_EQ(m_renderer->ImmediatePaints(page.list), painted);
     page.list.MarkModified(3, true);
     EXPECT_EQ(m_renderer->ImmediatePaints(page.list), painted + 1);
     EXPECT_EQ(page.list.SelectByName(L"nobody"), -1);
     EXPECT_EQ(page.list.Selected(), 3) << "an unknown name leaves the selection";
-    page.list.ClearRows();
-    EXPECT_EQ(page.list.SelectedName(), L"");
+    Fill({L"b", L"B", L"c"});
+    ProfilePage alike;
+    alike.list.MarkModified(L"b", true);
+    EXPECT_EQ(alike.Rows(), L"B, *b<, c") << "behind those that sort alike";
+    EXPECT_EQ(alike.list.SelectedName(), L"b");
 }
 
 TEST_F(ProfilesTest, TheMenuFollowsItsRules) {
     struct Case {
-        const char* what;
         std::wstring current;
         bool modified;
         Prompt prompt;
         std::wstring refused;
         std::wstring clicked;  // "" outside of the rows, "key" for the keyboard
         uint32_t chosen;
-        std::wstring calls;
-        std::wstring enabled;  // initials; "none" if there was no menu
-        std::wstring rows;
+        std::wstring enabled;  // mnemonics; "none" if there was no menu
+        std::wstring calls, rows;
     };
-    const std::wstring all = L"$A, One<, Two";
     const Case cases[] = {
-        {"predefined", L"$A", false, Prompt::cancel, L"", L"$A", 32773, L"save", L"S", L"$A<, One, Two"},
-        {"own", L"One", false, Prompt::cancel, L"", L"One", 32772, L"rename", L"SlR", all},
-        {"own, with edits", L"One", true, Prompt::cancel, L"", L"One", 32774, L"discard", L"SDl",
-         L"$A, *One<, Two"},
-        {"predefined, with edits", L"$A", true, Prompt::cancel, L"", L"$A", 0, L"", L"SD", L"*$A<, One, Two"},
-        {"delete", L"Two", false, Prompt::cancel, L"", L"Two", 32771, L"delete", L"SlR", L"$A, One, Two<"},
-        {"by key", L"Two", false, Prompt::cancel, L"", L"key", 0, L"", L"SlR", L"$A, One, Two<"},
-        {"outside", L"One", true, Prompt::cancel, L"", L"", 32773, L"", L"none", L"$A, *One<, Two"},
-        {"another row", L"$A", false, Prompt::cancel, L"", L"One", 0, L"to One", L"SlR", all},
-        {"cancelled", L"$A", true, Prompt::cancel, L"", L"One", 32773, L"to One", L"none", L"*$A<, One, Two"},
-        {"discarded", L"$A", true, Prompt::discard, L"", L"One", 32771, L"to One, to One, delete", L"SlR",
-         all},
-        {"refused by the page", L"$A", false, Prompt::cancel, L"One", L"One", 32771, L"to One", L"none",
-         L"$A<, One, Two"},
-        {"the page goes", L"$A", true, Prompt::close, L"", L"One", 32773, L"to One", L"none", L""},
+        {L"$A", false, Prompt::cancel, L"", L"$A", 32773, L"S", L"save ", L"$A<, B, C"},
+        {L"B", false, Prompt::cancel, L"", L"B", 32772, L"SlR", L"rename ", L"$A, B<, C"},
+        {L"B", true, Prompt::cancel, L"", L"B", 32774, L"SDl", L"discard ", L"$A, *B<, C"},
+        {L"$A", true, Prompt::cancel, L"", L"$A", 0, L"SD", L"", L"*$A<, B, C"},
+        {L"C", false, Prompt::cancel, L"", L"key", 32771, L"SlR", L"delete ", L"$A, B, C<"},
+        {L"B", true, Prompt::cancel, L"", L"", 32773, L"none", L"", L"$A, *B<, C"},
+        {L"$A", false, Prompt::cancel, L"", L"B", 0, L"SlR", L"toB ", L"$A, B<, C"},
+        {L"$A", true, Prompt::cancel, L"", L"B", 32773, L"none", L"toB ", L"*$A<, B, C"},
+        {L"$A", true, Prompt::discard, L"", L"B", 32771, L"SlR", L"toB toB delete ", L"$A, B<, C"},
+        {L"$A", false, Prompt::cancel, L"B", L"B", 32771, L"none", L"toB ", L"$A<, B, C"},
+        {L"$A", true, Prompt::close, L"", L"B", 32773, L"none", L"toB ", L""},
     };
-    Fill({L"$A", L"One", L"Two"});
+    Fill({L"$A", L"B", L"C"});
     for (const Case& row : cases) {
-        SCOPED_TRACE(row.what);
-        ProfilePage page;
-        page.current = row.current;
-        page.modified = row.modified;
+        SCOPED_TRACE(testing::PrintToString(row.current + L" -> " + row.clicked));
+        ui::Script script;
+        ProfilePage page(row.current, row.modified);
         page.prompt = row.prompt;
         page.refused = row.refused;
-        page.list.Refill();
-        m_script.AnswerMenu(row.chosen);
-        ui::Point where{5, page.list.RowHeight() * 3 + 2};
-        if (row.clicked == L"key") where = {-1, -1};
+        script.AnswerMenu(row.chosen);
         const int32_t index = page.list.FindByName(row.clicked);
-        if (index >= 0) where.y = page.list.RowHeight() * index + 2;
+        ui::Point where{5, page.list.RowHeight() * (index < 0 ? 3 : index) + 2};
+        if (row.clicked == L"key") where = {-1, -1};
         User().ContextMenu(page.list, where);
-        std::wstring enabled;
-        const auto menus = m_script.TakeMenus();
+        const auto menus = script.TakeMenus();
+        std::wstring enabled = menus.empty() ? L"none" : L"";
         for (const ui::MenuLine& line : menus.empty() ? std::vector<ui::MenuLine>() : menus[0].lines) {
             if (line.enabled && !line.separator) enabled += line.text[line.text.find(L'&') + 1];
         }
-        EXPECT_EQ(menus.empty() ? L"none" : enabled, row.enabled);
-        EXPECT_EQ(page.TakeCalls(), row.calls);
+        EXPECT_EQ(enabled, row.enabled);
+        EXPECT_EQ(page.calls, row.calls);
         EXPECT_EQ(page.Rows(), row.rows);
-        if (row.clicked == L"key") {
-            ASSERT_EQ(menus.size(), 1u);
-            const ui::Point place{page.list.Bounds().left + 10, page.list.Bounds().top + 10};
-            EXPECT_EQ(menus[0].where, place);
-        }
-        // The answer to a menu that did not come.
-        if (menus.empty()) m_script.Run(page, {}, {});
-        m_script.TakeMenus();
+        if (row.clicked != L"key" || menus.empty()) continue;
+        EXPECT_EQ(menus[0].where.y, page.list.Bounds().top + 10);
     }
 }
 
 TEST_F(ProfilesTest, KeysDeleteAndRename) {
-    Fill({L"One"});
     ProfilePage page;
-    page.list.Refill();
     for (const uint32_t key : {VK_BACK, VK_DELETE, VK_F2, VK_HOME}) User().Key(page.list, key);
-    EXPECT_EQ(page.TakeCalls(), L"delete, delete, rename");
+    EXPECT_EQ(page.calls, L"delete delete rename ");
 }
 
 TEST_F(ProfilesTest, RowsAreDrawnByTheirState) {
     using enum ui::SystemColour;
+    const std::wstring odd = L"Two\n\x202E\x7F\xD800\tד&%s";
+    const std::wstring wide(10'000, L'W');
     struct Case {
         std::wstring name;
-        bool selected;
-        bool enabled;
-        ui::SystemColour background;
-        ui::SystemColour text;
+        bool selected, enabled;
+        ui::SystemColour background, text;
         std::wstring shown;
     };
     const Case cases[] = {
         {L"$A", false, true, button_face, button_text, L"*$A"},
         {L"$A", true, true, highlight, highlight_text, L"*$A"},
         {L"$A", false, false, button_face, gray_text, L"*$A"},
-        {L"One &%s", false, true, window, window_text, L"One &%s"},
-        {L"One &%s", true, true, highlight, highlight_text, L"One &%s"},
-        {L"One &%s", false, false, window, gray_text, L"One &%s"},
-        {L"Two\n\x202E\x7F\xD800\tד", false, true, window, window_text, L"Two\xFFFD\xFFFD\xFFFD\xFFFD\tד"},
+        {odd, false, true, window, window_text, L"Two\xFFFD\xFFFD\xFFFD\xFFFD\tד&%s"},
+        {odd, false, false, window, gray_text, L"Two\xFFFD\xFFFD\xFFFD\xFFFD\tד&%s"},
+        {wide, true, true, highlight, highlight_text, wide},
     };
-    Fill({L"$A", L"One &%s", L"Two\n\x202E\x7F\xD800\tד", std::wstring(10'000, L'W')});
-    for (const bool dark : {false, true}) {
-        m_renderer->SetDark(dark);
-        ProfilePage page;
-        page.list.Refill();
-        page.list.MarkModified(L"$A", true);
-        page.list.Insert(page.list.Count(), L"not ours");
-        for (const Case& row : cases) {
-            const int32_t index = page.list.FindByName(row.name);
-            page.list.Select(row.selected ? index : -1);
-            page.list.Enable(row.enabled);
-            const std::vector<PaintStep> steps = m_renderer->PaintRow(page.list, index);
-            ASSERT_GE(steps.size(), 3u);
-            EXPECT_EQ(steps[0].colour, (ui::Colour{100, 100, 100}));
-            EXPECT_EQ(steps[1].rectangle, steps[0].rectangle.Deflated(1));
-            EXPECT_EQ(steps[1].colour, m_renderer->ColourOf(row.background));
-            EXPECT_EQ(steps[2].colour, m_renderer->ColourOf(row.text));
-            EXPECT_EQ(steps[2].text, row.shown);
-        }
-        page.list.Enable(true);
-        EXPECT_EQ(m_renderer->PaintRow(page.list, page.list.Count() - 1)[2].text, L"not ours");
-        EXPECT_EQ(page.list.HorizontalExtent(), 1000);
-        const int32_t wide = page.list.FindByName(std::wstring(10'000, L'w'));
-        m_renderer->PaintRow(page.list, wide);
-        EXPECT_GT(page.list.HorizontalExtent(), m_renderer->TextExtent(std::wstring(10'000, L'W')).width);
-        User().ClickRow(page.list, wide);
-        EXPECT_EQ(m_renderer->PaintRow(page.list, wide).back().kind, PaintStep::Kind::dotted_frame);
+    Fill({L"$A", odd, wide});
+    m_renderer->SetDark(true);
+    ProfilePage page(L"$A", true);
+    for (const Case& row : cases) {
+        const int32_t index = page.list.FindByName(row.name);
+        page.list.Select(row.selected ? index : -1);
+        page.list.Enable(row.enabled);
+        const std::vector<ui::PaintStep> steps = m_renderer->PaintRow(page.list, index);
+        ASSERT_GE(steps.size(), 3u);
+        EXPECT_EQ(steps[0].colour, (ui::Colour{100, 100, 100}));
+        EXPECT_EQ(steps[1].rectangle, steps[0].rectangle.Deflated(1));
+        EXPECT_EQ(steps[1].colour, m_renderer->ColourOf(row.background));
+        EXPECT_EQ(steps[2].colour, m_renderer->ColourOf(row.text));
+        EXPECT_EQ(steps[2].text, row.shown);
+        EXPECT_EQ(page.list.HorizontalExtent() > 1000, row.name == wide);
     }
+    User().ClickRow(page.list, 0);
+    EXPECT_EQ(m_renderer->PaintRow(page.list, 0).back().kind, ui::PaintStep::Kind::dotted_frame);
+    page.list.Insert(page.list.Count(), L"not ours");
+    EXPECT_EQ(m_renderer->PaintRow(page.list, page.list.Count() - 1)[2].text, L"not ours");
 }
 
 }  // namespace

@@ -16,47 +16,37 @@
 #include "platform/ui/headless/headless_renderer.h"
 #include "platform/ui/script.h"
 #include "platform/ui/user.h"
+#include "tests/core/log/log_fixture.h"
 
 namespace hx {
 
-// Shown as long as it lives, with the controls of that text.
+// With a dialog 1 of these controls.
 inline ModuleHandle ModuleOf(const std::wstring& controls) {
     ResourceError error;
-    auto resources = ReadResourceScript(
-        L"1 DIALOGEX 0, 0, 200, 200\nSTYLE WS_POPUP | WS_CAPTION\nFONT 8, \"MS Shell Dlg\"\nBEGIN\n" +
-            controls + L"\nEND\n",
-        error);
-    return MakeResourceModule(L"", std::move(resources.value()));
+    const std::wstring head = L"1 DIALOGEX 0, 0, 200, 200\nSTYLE WS_POPUP\nFONT 8, \"MS Shell Dlg\"\nBEGIN\n";
+    return MakeResourceModule(L"", ReadResourceScript(head + controls + L"\nEND\n", error).value());
 }
 
-class Screen {
-public:
-    Screen() : m_before(ui::SetRenderer(m_renderer)) {}
-    Screen(const Screen&) = delete;
-    Screen& operator=(const Screen&) = delete;
-    ~Screen() { ui::SetRenderer(m_before); }
-
+class ScreenTest : public LogTest {
 protected:
+    ScreenTest() : m_before(ui::SetRenderer(m_renderer)) {}
+    ~ScreenTest() override { ui::SetRenderer(m_before); }
     ui::IUser& User() { return m_renderer->User(); }
 
     const std::shared_ptr<ui::HeadlessRenderer> m_renderer = ui::HeadlessRenderer::Make();
-    ui::Script m_script;
-
-private:
     const std::shared_ptr<ui::IRenderer> m_before;
+    ui::Script m_script;
 };
-
-class ScreenTest : public testing::Test, protected Screen {};
 
 class ProfilesTest : public ScreenTest {
 protected:
     // A display name behind "=", if it is another.
     void Fill(const std::vector<std::wstring>& presets) {
+        while (m_presets->Count() > 0) m_presets->RemovePreset(std::wstring(m_presets->At(0).name));
         for (const std::wstring& preset : presets) {
             const size_t equals = preset.find(L'=');
-            const std::wstring name = preset.substr(0, equals);
-            m_presets->SetPreset(name, nullptr);
-            if (equals != std::wstring::npos) m_presets->SetDisplayName(name, preset.substr(equals + 1));
+            m_presets->SetPreset(preset.substr(0, equals), nullptr);
+            m_presets->SetDisplayName(preset.substr(0, equals), preset.substr(equals + 1));
         }
     }
 
@@ -67,34 +57,31 @@ class ProfilePage final : public ui::Dialog, public ICurrentPresetHandler {
 public:
     enum class Prompt { cancel, discard, close };
 
-    ProfilePage() {
+    explicit ProfilePage(std::wstring profile = {}, bool has_edits = false)
+        : current(std::move(profile)), modified(has_edits) {
         Bind(6000, list);
         list.SetHandler(this);
-        const auto error =
-            Create(ModuleOf(L"LISTBOX 6000, 4, 4, 100, 190, LBS_OWNERDRAWFIXED | WS_TABSTOP"), 1, nullptr);
-        EXPECT_FALSE(error);
+        EXPECT_FALSE(Create(ModuleOf(L"LISTBOX 6000, 4, 4, 100, 190, WS_TABSTOP"), 1, nullptr));
         Show(true);
+        list.Refill();
     }
     ~ProfilePage() override { Destroy(); }
 
     std::wstring GetCurrentPresetName() override { return current; }
     bool IsModified() override { return modified; }
-    void RenamePreset() override { Note(L"rename"); }
-    void SaveAsPreset() override { Note(L"save"); }
-    void DiscardChanges() override { Note(L"discard"); }
-    void DeletePreset() override { Note(L"delete"); }
+    void RenamePreset() override { calls += L"rename "; }
+    void SaveAsPreset() override { calls += L"save "; }
+    void DiscardChanges() override { calls += L"discard "; }
+    void DeletePreset() override { calls += L"delete "; }
 
-    void OnCommand(ui::Control& control, uint32_t code) override {
-        if (&control != &list || code != LBN_SELCHANGE) return Dialog::OnCommand(control, code);
+    void OnCommand(ui::Control&, uint32_t code) override {
+        if (code != LBN_SELCHANGE) return;
         const std::wstring selected = list.SelectedName();
-        Note(L"to " + selected);
+        calls += L"to" + selected + L' ';
         if (modified && prompt == Prompt::close) return Destroy();
-        if (modified && prompt == Prompt::cancel) {
-            list.SelectByName(current);
-            return;
-        }
-        if (std::exchange(modified, false)) list.MarkModified(current, false);
-        if (selected != refused) current = selected;
+        const bool stays = (modified && prompt == Prompt::cancel) || selected == refused;
+        if (!stays && std::exchange(modified, false)) list.MarkModified(current, false);
+        if (!stays) current = selected;
         list.SelectByName(current);
     }
 
@@ -105,18 +92,13 @@ public:
         }
         return rows;
     }
-    std::wstring TakeCalls() { return std::exchange(m_calls, {}); }
 
     CProfileListBox list;
     std::wstring current;
-    bool modified = false;
+    bool modified;
     Prompt prompt = Prompt::cancel;
     std::wstring refused;  // cannot be selected
-
-private:
-    void Note(const std::wstring& call) { m_calls += (m_calls.empty() ? L"" : L", ") + call; }
-
-    std::wstring m_calls;
+    std::wstring calls;
 };
 
 }  // namespace hx
