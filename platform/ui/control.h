@@ -88,7 +88,8 @@ public:
 protected:
     // The template's line is of this control's kind; to take more of it than text, style and place.
     virtual void OnAttached(const DialogControl& /*line*/) {}
-    void Changed(ControlChange change);
+    // The view is told; whoever shows a control in a way of its own follows.
+    virtual void Changed(ControlChange change);
     void KeepText(std::wstring text) { m_text = std::move(text); }
 
 private:

@@ -55,6 +55,8 @@ public:
                                                     Window* parent);
 
     uint32_t TemplateId() const { return m_template_id; }
+    // That the template is of, while created.
+    const ModuleHandle& Module() const { return m_module; }
     // In tab order, while created.
     const std::vector<Control*>& Controls() const { return m_controls; }
     // Null if there is none; the one of that kind, or null.
@@ -127,6 +129,7 @@ private:
     std::map<uint32_t, Control*> m_bound;
     std::vector<std::unique_ptr<Control>> m_made;
     std::vector<Control*> m_controls;
+    ModuleHandle m_module;
     uint32_t m_template_id = 0;
     Size m_template_size;
     std::vector<Rectangle> m_template_bounds;  // of the controls
