@@ -33,7 +33,7 @@ void ProfileEditor::ShowFailure(const Scope& scope) noexcept {
 }
 
 void ProfileEditor::SetProfileToSelect(std::wstring name) {
-    if (!m_modified) m_current_name = name;
+    if (!m_ready) m_current_name = name;
     m_session.Target().profile_name = std::move(name);
 }
 

@@ -15,6 +15,7 @@
 #include "controls/editor/ICurrentPresetHandler.h"
 #include "controls/profiles/CProfileListBox.h"
 #include "controls/session/ScannerSession.h"
+#include "platform/ui/window.h"
 
 namespace hx {
 
@@ -57,7 +58,8 @@ public:
     bool FinishReopening() override;
     ComPtr<IDynamicSettingsPreset> WorkingPreset() override { return m_edited; }
 
-    // The host names a profile: it is selected when the page is set up; edits stay those of their profile.
+    // The host names a profile: it is selected when the page is set up next, unless another one has edits
+    // then. Until then the page goes on with what it shows.
     void SetProfileToSelect(std::wstring name);
     // After every change of a control. Throws.
     void OnSettingChanged(bool from_sliders);
