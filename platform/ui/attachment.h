@@ -1,5 +1,5 @@
 // Whether a control is still in its dialog after somebody else's code ran, which may have destroyed either.
-// Inside platform/ui, on the thread of the user interface.
+// For controls of every kind, on the thread of the user interface.
 #pragma once
 
 #include <algorithm>
