@@ -36,5 +36,6 @@ void CompareLogging(Benchmark& benchmark);
 void CompareRegistry(Benchmark& benchmark);
 void CompareSettings(Benchmark& benchmark);
 void CompareSessions(Benchmark& benchmark);
+void CompareProfileLists(Benchmark& benchmark);
 
 }  // namespace hx::bench

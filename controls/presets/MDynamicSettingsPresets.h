@@ -62,6 +62,8 @@ public:
     // By name without regard to case, and exactly; empty if there is none.
     ComPtr<IDynamicSettingsPreset> FindPreset(std::wstring_view name) const;
     ComPtr<IDynamicSettingsPreset> FindPresetExactly(std::wstring_view name) const;
+    // Without regard to case.
+    bool Contains(std::wstring_view name) const { return m_entries.FindWithoutCase(name) != nullptr; }
     // Without regard to case; "" for an unknown name.
     std::wstring DisplayName(std::wstring_view name) const;
     // That of a preset that is not the operator's own.

@@ -21,6 +21,26 @@ public:
 
     // `name` is what the suggestion is made of; when saved it is what was entered, else "".
     int32_t Run(std::wstring& name);
+
+    void OnCommand(ui::Control& control, uint32_t code) override;
+
+protected:
+    bool OnInitDialog() override;
+    void OnOk() override;
+    void OnCreateFailed(const ui::DialogError& error) override;
+
+private:
+    void SetTexts();
+    std::wstring Suggestion() const;
+    void Save();
+
+    ui::Window* const m_owner;
+    const bool m_rename_mode;
+    const bool m_prompt_mode;
+    std::wstring m_name;
+    ui::Edit m_name_edit;
+    ui::Button m_ok_button;      // discards, when there are edits to discard
+    ui::Button m_custom_button;  // saves, then
 };
 
 }  // namespace hx

@@ -4,12 +4,13 @@
 // thread of the user interface.
 #pragma once
 
-#include <memory>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "controls/editor/ICurrentPresetHandler.h"
+#include "controls/profiles/RowOrder.h"
 #include "platform/ui/list_box.h"
 
 namespace hx {
@@ -40,6 +41,7 @@ public:
     void MarkModified(std::wstring_view name, bool modified);
     void ClearRows();
 
+    // What is called here may destroy the list.
     bool OnKeyDown(uint32_t key) override;
     void OnContextMenu(ui::Point where) override;
     int32_t RowHeight() const override;
@@ -47,7 +49,25 @@ public:
     void Detach() override;
 
 private:
+    struct Entry {
+        Entry(const std::wstring& name, std::wstring display, bool user_defined);
+        std::wstring Text() const { return row.modified ? L'*' + display_name : display_name; }
+
+        ProfileRow row;
+        std::wstring display_name;
+        std::wstring folded_name;
+        RowOrder order;
+    };
+    static std::vector<Entry> MakeEntries();
+    static int32_t Find(const std::vector<Entry>& entries, std::wstring_view name);
+    const Entry* EntryAt(int32_t index) const;
+    bool IsModified(std::wstring_view name) const;
+    bool Choose(int32_t index);
+    void ShowMenu(ui::Point where);
+
     ICurrentPresetHandler* m_handler = nullptr;
+    std::vector<Entry> m_entries;  // one for each row
+    int32_t m_widest_text = 0;
 };
 
 }  // namespace hx

@@ -4,7 +4,9 @@
 
 #include "core/errors/MErrorLocation.h"
 #include "platform/module/this_module.h"
+#include "platform/system/locale_data.h"
 #include "platform/system/never_destroyed.h"
+#include "platform/system/utf8.h"
 
 namespace hx {
 namespace {
@@ -13,6 +15,8 @@ namespace {
 constexpr uint32_t kModuleNotFound = 126;
 constexpr uint32_t kResourceDataNotFound = 1812;
 constexpr uint32_t kResourceNameNotFound = 1814;
+
+constexpr char kOwnLanguage[] = "en-US";
 
 struct InUse {
     std::mutex mutex;
@@ -47,6 +51,18 @@ ModuleHandle MResourceLocale::ExchangeResourceModule(ModuleHandle module) {
     const std::lock_guard guard(in_use.mutex);
     in_use.module.swap(module);
     return module;
+}
+
+std::string MResourceLocale::LanguageTag() {
+    const ModuleHandle module = ResourceModule();
+    const std::wstring_view file_name = module ? std::wstring_view(module->FileName()) : std::wstring_view();
+    const std::wstring_view stem = file_name.substr(0, file_name.rfind(L'.'));
+    const size_t mark = stem.rfind(L'_');
+    if (mark != std::wstring_view::npos) {
+        std::string tag = ToUtf8(stem.substr(mark + 1));
+        if (IsKnownLocale(tag)) return tag;
+    }
+    return kOwnLanguage;
 }
 
 std::wstring MResourceLocale::LoadStringResource(uint32_t id) {

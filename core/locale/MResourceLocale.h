@@ -18,6 +18,10 @@ public:
     // likewise.
     static ModuleHandle ExchangeResourceModule(ModuleHandle module);
 
+    // The language of what is in use, from the satellite's file name: "de-DE". That of the program's own
+    // resources, and of a module whose name has none, is "en-US".
+    static std::string LanguageTag();
+
     // Throws an MException: GetModuleHandle or LoadString ("win32ErrorCode"). There is no falling back from
     // one module to another, and an empty string is none.
     static std::wstring LoadStringResource(uint32_t id);

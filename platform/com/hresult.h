@@ -31,6 +31,13 @@ inline constexpr HRESULT E_HANDLE = static_cast<HRESULT>(0x80070006);
 inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000E);
 inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
 
+inline constexpr HRESULT OLE_E_ADVISENOTSUPPORTED = static_cast<HRESULT>(0x80040003);
+inline constexpr HRESULT OLE_E_INVALIDHWND = static_cast<HRESULT>(0x8004000F);
+inline constexpr HRESULT OLE_E_NOT_INPLACEACTIVE = static_cast<HRESULT>(0x80040010);
+inline constexpr HRESULT DV_E_DVASPECT = static_cast<HRESULT>(0x8004006B);
+inline constexpr HRESULT OLEOBJ_S_INVALIDVERB = 0x00040180;
+inline constexpr HRESULT OLEOBJ_S_CANNOT_DOVERB_NOW = 0x00040181;
+
 inline constexpr HRESULT CLASS_E_NOAGGREGATION = static_cast<HRESULT>(0x80040110);
 inline constexpr HRESULT CLASS_E_CLASSNOTAVAILABLE = static_cast<HRESULT>(0x80040111);
 inline constexpr HRESULT REGDB_E_CLASSNOTREG = static_cast<HRESULT>(0x80040154);

@@ -7,6 +7,7 @@
 #include <unicode/ures.h>
 
 #include <array>
+#include <cstring>
 #include <cwchar>
 #include <memory>
 
@@ -62,6 +63,29 @@ std::optional<LocaleId> Identify(std::string_view tag) {
 
 bool IsKnownLocale(std::string_view tag) {
     return tag == kNoLanguage || Identify(tag).has_value();
+}
+
+std::optional<uint32_t> LcidOf(std::string_view tag) {
+    std::optional<LocaleId> id = Identify(tag);
+    if (!id) return std::nullopt;
+    // The number says nothing of digits and calendars.
+    if (char* const keywords = std::strchr(id->name.data(), '@')) *keywords = '\0';
+    const uint32_t lcid = uloc_getLCID(id->name.data());
+    return lcid == 0 ? std::nullopt : std::optional(lcid);
+}
+
+std::optional<std::string> LocaleOfLcid(uint32_t lcid) {
+    std::array<char, ULOC_FULLNAME_CAPACITY> name{};
+    std::array<char, ULOC_FULLNAME_CAPACITY> tag{};
+    const auto capacity = static_cast<int32_t>(name.size());
+    UErrorCode status = U_ZERO_ERROR;
+    uloc_getLocaleForLCID(lcid, name.data(), capacity, &status);
+    if (U_FAILURE(status) || name.front() == '\0') return std::nullopt;
+    uloc_toLanguageTag(name.data(), tag.data(), capacity, true, &status);
+    if (U_FAILURE(status) || status == U_STRING_NOT_TERMINATED_WARNING || !IsKnownLocale(tag.data())) {
+        return std::nullopt;
+    }
+    return tag.data();
 }
 
 std::optional<wchar_t> DecimalSeparatorOf(std::string_view tag) {

@@ -2,6 +2,7 @@
 // user has set. "C" stands for no language. Any thread.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,11 @@ namespace hx {
 
 // False for a tag that is malformed, and for one of a language that there are no data for.
 HX_PLATFORM_API bool IsKnownLocale(std::string_view tag);
+
+// The system's number of a locale (an LCID), as components tell each other; and the tag of the number.
+// Nothing for an unknown locale, "C" included, and for numbers that mean none.
+HX_PLATFORM_API std::optional<uint32_t> LcidOf(std::string_view tag);
+HX_PLATFORM_API std::optional<std::string> LocaleOfLcid(uint32_t lcid);
 
 // Of numbers in Latin digits. Nothing for an unknown locale, or one whose separator is no single character.
 HX_PLATFORM_API std::optional<wchar_t> DecimalSeparatorOf(std::string_view tag);

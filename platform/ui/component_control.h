@@ -3,7 +3,7 @@
 // control. On the thread of the user interface.
 #pragma once
 
-#include <memory>
+#include <string>
 
 #include "platform/com/comptr.h"
 #include "platform/com/guid.h"
@@ -27,10 +27,11 @@ public:
     // Closes it.
     void Detach() override;
 
-private:
-    void Place();
+protected:
+    void Changed(ControlChange change) override;
 
-    std::unique_ptr<ComponentSite> m_site;
+private:
+    ComPtr<ComponentSite> m_site;
 };
 
 }  // namespace hx::ui

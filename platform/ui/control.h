@@ -91,6 +91,9 @@ protected:
     // The view is told; whoever shows a control in a way of its own follows.
     virtual void Changed(ControlChange change);
     void KeepText(std::wstring text) { m_text = std::move(text); }
+    // The dialog is told what a person did, BN_... and so on; false if the control is in it no more after
+    // that.
+    bool Tell(uint32_t code);
 
 private:
     const ControlKind m_kind;

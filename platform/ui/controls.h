@@ -3,6 +3,7 @@
 // do anything to a control that is disabled or not to be seen: a renderer sees to that.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,9 @@ public:
     void SetChecked(bool checked);
     void UserClick();
 
+protected:
+    void OnAttached(const DialogControl& line) override;
+
 private:
     bool m_checked = false;
 };
@@ -70,6 +74,7 @@ public:
 protected:
     // Before the dialog is told.
     virtual void OnUpdate() {}
+    void OnAttached(const DialogControl& line) override;
 
 private:
     void Take(std::wstring text, Selection selection);
@@ -89,6 +94,9 @@ public:
     // None if there is no such item. Tells nobody.
     void Select(int32_t index);
     void UserSelect(int32_t index);
+
+protected:
+    void OnAttached(const DialogControl& line) override;
 
 private:
     std::vector<std::wstring> m_items;
@@ -113,11 +121,19 @@ public:
     // Moved by `code`; with TB_THUMBTRACK and TB_THUMBPOSITION to the position, otherwise as far as the code
     // says.
     void UserScroll(uint32_t code, int32_t position = 0);
+    // What a key, or a notch of the wheel away from the person or towards, moves it by; nothing if it does
+    // not.
+    std::optional<uint32_t> CodeOfKey(uint32_t key) const;
+    uint32_t CodeOfWheel(bool away) const;
+
+protected:
+    void OnAttached(const DialogControl& line) override;
 
 private:
     int32_t m_minimum = 0;
     int32_t m_maximum = 100;
-    int32_t m_page_size = 20;
+    int32_t m_page_size = 20;  // a fifth of the range unless it was set
+    bool m_page_size_set = false;
     int32_t m_line_size = 1;
     int32_t m_position = 0;
 };

@@ -24,6 +24,7 @@ namespace hx::ui {
 // Why a dialog could not be made of its template, in which module, and of which control.
 struct DialogError {
     enum class Reason {
+        no_window,         // no renderer was set, or a child's parent is not created
         no_template,       // the module has none of that id
         unknown_kind,      // no kind of control is called so
         missing_control,   // one is bound and not in the template
@@ -87,6 +88,8 @@ public:
     int32_t RunModal(const ModuleHandle& module, uint32_t template_id, Window* owner);
     void EndDialog(int32_t result);
     bool HasEnded() const { return m_result.has_value(); }
+    // Of EndDialog; of one that was destroyed before it ended, IDCANCEL.
+    std::optional<int32_t> Result() const { return m_result; }
 
     Dialog* AsDialog() override { return this; }
 
@@ -125,6 +128,20 @@ protected:
 private:
     friend class Control;
     static uint32_t IdOfOk();
+    std::optional<DialogError> CreateAs(std::optional<WindowKind> kind, const ModuleHandle& module,
+                                        uint32_t template_id, Window* parent);
+    std::optional<DialogError> Make(std::optional<WindowKind> kind, const ModuleHandle& module,
+                                    uint32_t template_id, Window* parent);
+    std::optional<DialogError> TakeControls(const DialogTemplate& dialog);
+    std::optional<DialogError> ActivateComponents(const DialogTemplate& dialog);
+    void AttachControls(const DialogTemplate& dialog);
+    void GiveUp();
+    void Release();
+    void Forget(Control& control);
+    void OnControlEvent(Control& control, uint32_t code);
+    void MoveFocus(Control* to, bool tell_view);
+    bool PressCancel();
+    void LayOut();
 
     std::map<uint32_t, Control*> m_bound;
     std::vector<std::unique_ptr<Control>> m_made;
@@ -136,7 +153,9 @@ private:
     std::vector<AnchorRule> m_anchors;
     Size m_base_units;
     Control* m_focused = nullptr;
+    bool m_focus_told = false;  // to the control that has it
     Button* m_default_button = nullptr;
+    bool m_shown_by_template = false;
     std::optional<int32_t> m_result;
 };
 

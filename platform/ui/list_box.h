@@ -58,6 +58,8 @@ protected:
     virtual void OnHorizontalScroll() { Invalidate(); }
 
 private:
+    void ChangedRows();
+
     std::vector<std::wstring> m_rows;
     int32_t m_selected = -1;
     int32_t m_suspended = 0;

@@ -1,14 +1,10 @@
 #include "platform/ui/message_window.h"
 
 #include <algorithm>
-#include <condition_variable>
-#include <deque>
-#include <memory>
-#include <mutex>
-#include <unordered_map>
 #include <utility>
 
 #include "platform/system/never_destroyed.h"
+#include "platform/ui/message_queue.h"
 
 namespace hx {
 
@@ -17,38 +13,6 @@ struct MessageDispatch {
 };
 
 namespace {
-
-struct Posted {
-    WindowHandle window;
-    WindowMessage message;
-};
-
-// Of one thread.
-struct Queue {
-    std::deque<Posted> messages;      // guarded by Windows::mutex
-    std::condition_variable arrived;  // told when the queue was empty
-
-    // Held while the hook runs, so that nobody who took it away finds it running. A hook may post, and so
-    // come again.
-    std::recursive_mutex hook_mutex;
-    MessageHookEntry hook;
-};
-
-// One lock for all: it is held for moments only, and a window that goes takes its messages along in one step.
-struct Windows {
-    struct Entry {
-        MessageWindow* window;
-        std::shared_ptr<Queue> queue;
-    };
-    std::mutex mutex;
-    std::unordered_map<WindowHandle, Entry> entries;
-    WindowHandle last_handle = 0;
-};
-
-Windows& AllWindows() {
-    static NeverDestroyed<Windows> windows;
-    return *windows;
-}
 
 thread_local bool t_ended = false;  // has no destructor, and so can be read to the thread's very end
 
@@ -61,7 +25,7 @@ public:
     ~ThreadQueue() {
         t_ended = true;
         {
-            Windows& windows = AllWindows();
+            MessageWindows& windows = AllMessageWindows();
             const std::lock_guard lock(windows.mutex);
             std::erase_if(windows.entries, [&](const auto& entry) { return entry.second.queue == m_queue; });
         }
@@ -70,29 +34,29 @@ public:
     }
 
     // Null once the thread's own objects are gone, as in the destructor of a static one.
-    static std::shared_ptr<Queue> Get() {
+    static std::shared_ptr<MessageQueue> Get() {
         if (t_ended) return nullptr;
         thread_local const ThreadQueue queue;
         return queue.m_queue;
     }
 
 private:
-    std::shared_ptr<Queue> m_queue = std::make_shared<Queue>();
+    std::shared_ptr<MessageQueue> m_queue = std::make_shared<MessageQueue>();
 };
 
 // A window that is made once its thread can dispatch no more is in no table.
 WindowHandle Enter(MessageWindow& window) {
-    std::shared_ptr<Queue> queue = ThreadQueue::Get();
-    Windows& windows = AllWindows();
+    std::shared_ptr<MessageQueue> queue = ThreadQueue::Get();
+    MessageWindows& windows = AllMessageWindows();
     const std::lock_guard lock(windows.mutex);
     const WindowHandle handle = ++windows.last_handle;
-    if (queue) windows.entries.emplace(handle, Windows::Entry{&window, std::move(queue)});
+    if (queue) windows.entries.emplace(handle, MessageWindows::Entry{&window, std::move(queue)});
     return handle;
 }
 
 // The next message of `queue`, and to whom it goes; null for none.
-MessageWindow* Take(Queue& queue, WindowMessage& message) {
-    Windows& windows = AllWindows();
+MessageWindow* Take(MessageQueue& queue, WindowMessage& message) {
+    MessageWindows& windows = AllMessageWindows();
     const std::lock_guard lock(windows.mutex);
     if (queue.messages.empty()) return nullptr;
     const Posted posted = queue.messages.front();
@@ -103,47 +67,64 @@ MessageWindow* Take(Queue& queue, WindowMessage& message) {
 
 }  // namespace
 
+MessageWindows& AllMessageWindows() {
+    static NeverDestroyed<MessageWindows> windows;
+    return *windows;
+}
+
 MessageWindow::MessageWindow() : m_handle(Enter(*this)) {}
 
 MessageWindow::~MessageWindow() {
-    Windows& windows = AllWindows();
+    MessageWindows& windows = AllMessageWindows();
     const std::lock_guard lock(windows.mutex);
     const auto found = windows.entries.find(m_handle);
     if (found == windows.entries.end()) return;  // its thread has ended
     std::erase_if(found->second.queue->messages,
                   [this](const Posted& posted) { return posted.window == m_handle; });
+    std::erase_if(windows.delayed, [this](const auto& entry) { return entry.second.window == m_handle; });
     windows.entries.erase(found);
 }
 
+PostResult PostLocked(MessageWindows& windows, const Posted& posted) {
+    const auto found = windows.entries.find(posted.window);
+    if (found == windows.entries.end()) return {};
+    std::deque<Posted>& messages = found->second.queue->messages;
+    messages.push_back(posted);
+    if (messages.size() > 1) return {true, nullptr};  // who waits has been told, and the hook called
+    return {true, found->second.queue};
+}
+
+void Wake(MessageQueue& queue) {
+    queue.arrived.notify_one();
+    const std::lock_guard lock(queue.hook_mutex);
+    if (queue.hook.hook) queue.hook.hook(queue.hook.context);
+}
+
 bool PostWindowMessage(WindowHandle window, const WindowMessage& message) {
-    std::shared_ptr<Queue> queue;
+    PostResult result;
     {
-        Windows& windows = AllWindows();
+        MessageWindows& windows = AllMessageWindows();
         const std::lock_guard lock(windows.mutex);
-        const auto found = windows.entries.find(window);
-        if (found == windows.entries.end()) return false;
-        std::deque<Posted>& messages = found->second.queue->messages;
-        messages.push_back({window, message});
-        if (messages.size() > 1) return true;  // who waits has been told, and the hook called
-        queue = found->second.queue;
+        result = PostLocked(windows, {window, message});
     }
-    queue->arrived.notify_one();
-    const std::lock_guard lock(queue->hook_mutex);
-    if (queue->hook.hook) queue->hook.hook(queue->hook.context);
-    return true;
+    if (result.to_wake) Wake(*result.to_wake);
+    return result.posted;
 }
 
 void DropWindowMessages(WindowHandle window, uint32_t id) {
-    Windows& windows = AllWindows();
+    MessageWindows& windows = AllMessageWindows();
     const std::lock_guard lock(windows.mutex);
     const auto found = windows.entries.find(window);
     if (found == windows.entries.end()) return;
-    std::erase_if(found->second.queue->messages,
-                  [&](const Posted& posted) { return posted.window == window && posted.message.id == id; });
+    const auto is_meant = [&](const Posted& posted) {
+        return posted.window == window && posted.message.id == id;
+    };
+    std::erase_if(found->second.queue->messages, is_meant);
+    std::erase_if(windows.delayed, [&](const auto& entry) { return is_meant(entry.second); });
 }
 
 size_t DispatchMessages() {
-    const std::shared_ptr<Queue> queue = ThreadQueue::Get();
+    const std::shared_ptr<MessageQueue> queue = ThreadQueue::Get();
     if (!queue) return 0;
     size_t count = 0;
     WindowMessage message;
@@ -157,15 +138,15 @@ size_t DispatchMessages() {
 bool WaitForMessage(std::chrono::milliseconds patience) {
     // Longer than anybody waits, and the clock does not overflow.
     constexpr std::chrono::milliseconds kLongest = std::chrono::hours(24 * 365);
-    const std::shared_ptr<Queue> queue = ThreadQueue::Get();
+    const std::shared_ptr<MessageQueue> queue = ThreadQueue::Get();
     if (!queue) return false;
-    std::unique_lock lock(AllWindows().mutex);
+    std::unique_lock lock(AllMessageWindows().mutex);
     return queue->arrived.wait_for(lock, std::min(patience, kLongest),
                                    [&] { return !queue->messages.empty(); });
 }
 
 MessageHookEntry SetMessageHook(MessageHookEntry entry) {
-    const std::shared_ptr<Queue> queue = ThreadQueue::Get();
+    const std::shared_ptr<MessageQueue> queue = ThreadQueue::Get();
     if (!queue) return {};
     const std::lock_guard lock(queue->hook_mutex);
     return std::exchange(queue->hook, entry);

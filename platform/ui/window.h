@@ -66,13 +66,16 @@ public:
     IWindowView* View() const { return m_view.get(); }
 
 protected:
-    Window() = default;
+    Window();
     void OnMessage(const WindowMessage& /*message*/) override {}
     virtual void OnSize(const Size& /*size*/) {}
     // It or something that it is a part of was shown or hidden.
     virtual void OnShown(bool /*shown*/) {}
     // Before the children are destroyed; the view is still there.
     virtual void OnDestroy() {}
+
+    // Destroy without OnDestroy: of one whose making was given up.
+    void Remove();
 
 private:
     void TellShown(bool shown);
@@ -85,6 +88,7 @@ private:
     std::wstring m_caption;
     std::wstring m_accessible_name;
     std::unique_ptr<IWindowView> m_view;
+    bool m_destroying = false;
 };
 
 }  // namespace hx::ui

@@ -8,6 +8,7 @@
 #include "platform/com/connection_point.h"
 #include "platform/com/dispatch.h"
 #include "platform/com/errorinfo.h"
+#include "platform/com/ole_control.h"
 #include "platform/com/safearray.h"
 #include "platform/com/typeinfo.h"
 #include "tests/vtable_slot.h"
@@ -40,6 +41,10 @@ static_assert(offsetof(TYPEATTR, tdescAlias) == 64 && sizeof(TYPEDESC) == 16 && 
 static_assert(sizeof(FUNCDESC) == 88 && offsetof(FUNCDESC, invkind) == 28);
 static_assert(offsetof(FUNCDESC, cParams) == 36 && offsetof(FUNCDESC, elemdescFunc) == 48);
 
+static_assert(sizeof(HWND) == 8 && sizeof(RECT) == 16 && sizeof(POINT) == 8 && sizeof(SIZEL) == 8);
+static_assert(sizeof(MSG) == 48 && offsetof(MSG, wParam) == 16 && offsetof(MSG, pt) == 36);
+static_assert(sizeof(OLEINPLACEFRAMEINFO) == 32 && offsetof(OLEINPLACEFRAMEINFO, hwndFrame) == 8);
+
 static_assert(sizeof(CONNECTDATA) == 16 && offsetof(CONNECTDATA, dwCookie) == 8);
 
 // An interface is a vtable pointer and nothing else.
@@ -63,6 +68,13 @@ TEST(Abi, InterfacesHaveTheirPublishedIds) {
         {IID_IConnectionPoint, "\x86\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
         {IID_IEnumConnections, "\x87\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
         {IID_ISupportErrorInfo, "\x60\x3D\x0B\xDF\x8F\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
+        {IID_IOleObject, "\x12\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IOleInPlaceObject, "\x13\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IOleWindow, "\x14\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IOleInPlaceUIWindow, "\x15\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IOleInPlaceFrame, "\x16\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IOleClientSite, "\x18\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IOleInPlaceSite, "\x19\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
     };
     for (const Row& row : rows) EXPECT_EQ(std::memcmp(&row.iid, row.bytes, 16), 0) << &row - rows;
     EXPECT_EQ(hx::uuid_of<IErrorInfo>(), IID_IErrorInfo);
@@ -95,6 +107,35 @@ TEST(Abi, MethodsHaveTheirPublishedSlots) {
                 &IEnumConnections::Reset, &IEnumConnections::Clone);
     ExpectSlots("IEnumConnectionPoints", 3, &IEnumConnectionPoints::Next, &IEnumConnectionPoints::Skip,
                 &IEnumConnectionPoints::Reset, &IEnumConnectionPoints::Clone);
+}
+
+TEST(Abi, InterfacesOfEmbeddingHaveTheirPublishedSlots) {
+    ExpectSlots("IOleWindow", 3, &IOleWindow::GetWindow, &IOleWindow::ContextSensitiveHelp);
+    ExpectSlots("IOleObject", 3, &IOleObject::SetClientSite, &IOleObject::GetClientSite,
+                &IOleObject::SetHostNames, &IOleObject::Close, &IOleObject::SetMoniker,
+                &IOleObject::GetMoniker, &IOleObject::InitFromData, &IOleObject::GetClipboardData,
+                &IOleObject::DoVerb, &IOleObject::EnumVerbs, &IOleObject::Update, &IOleObject::IsUpToDate,
+                &IOleObject::GetUserClassID, &IOleObject::GetUserType, &IOleObject::SetExtent,
+                &IOleObject::GetExtent, &IOleObject::Advise, &IOleObject::Unadvise, &IOleObject::EnumAdvise,
+                &IOleObject::GetMiscStatus, &IOleObject::SetColorScheme);
+    ExpectSlots("IOleClientSite", 3, &IOleClientSite::SaveObject, &IOleClientSite::GetMoniker,
+                &IOleClientSite::GetContainer, &IOleClientSite::ShowObject, &IOleClientSite::OnShowWindow,
+                &IOleClientSite::RequestNewObjectLayout);
+    ExpectSlots("IOleInPlaceObject", 5, &IOleInPlaceObject::InPlaceDeactivate,
+                &IOleInPlaceObject::UIDeactivate, &IOleInPlaceObject::SetObjectRects,
+                &IOleInPlaceObject::ReactivateAndUndo);
+    ExpectSlots("IOleInPlaceUIWindow", 5, &IOleInPlaceUIWindow::GetBorder,
+                &IOleInPlaceUIWindow::RequestBorderSpace, &IOleInPlaceUIWindow::SetBorderSpace,
+                &IOleInPlaceUIWindow::SetActiveObject);
+    ExpectSlots("IOleInPlaceFrame", 9, &IOleInPlaceFrame::InsertMenus, &IOleInPlaceFrame::SetMenu,
+                &IOleInPlaceFrame::RemoveMenus, &IOleInPlaceFrame::SetStatusText,
+                &IOleInPlaceFrame::EnableModeless, &IOleInPlaceFrame::TranslateAccelerator);
+    ExpectSlots("IOleInPlaceSite", 5, &IOleInPlaceSite::CanInPlaceActivate,
+                &IOleInPlaceSite::OnInPlaceActivate, &IOleInPlaceSite::OnUIActivate,
+                &IOleInPlaceSite::GetWindowContext, &IOleInPlaceSite::Scroll,
+                &IOleInPlaceSite::OnUIDeactivate, &IOleInPlaceSite::OnInPlaceDeactivate,
+                &IOleInPlaceSite::DiscardUndoState, &IOleInPlaceSite::DeactivateAndUndo,
+                &IOleInPlaceSite::OnPosRectChange);
 }
 
 TEST(Abi, AStringHasItsLengthInFrontAndANulBehind) {

@@ -1,0 +1,27 @@
+#include "controls/profiles/ProfileLog.h"
+
+#include <string>
+
+#include "core/log/ModuleLogger.h"
+#include "platform/com/boundary.h"
+
+namespace hx {
+
+// Without memory the log lacks an entry.
+void LogText(const MErrorLocation& location, std::wstring_view text) noexcept {
+    AtBoundary([&] {
+        const std::string method = std::string(location.ClassName()) + "::" + location.MethodName();
+        ModuleLogger().Log({MLogSeverity::kError, location.ClassName(), location.Line(), method, text});
+        return S_OK;
+    });
+}
+
+void LogDismissed(const MErrorLocation& location, const MError& error) noexcept {
+    AtBoundary([&] {
+        Dismiss(location, error);
+        LogText(location, L"Error codes:\n" + ErrorCodesText(MException(error)));
+        return S_OK;
+    });
+}
+
+}  // namespace hx

@@ -1,0 +1,15 @@
+// What kind of control a line of a template asks for, and a simple control of that kind. Inside platform/ui.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "platform/ui/control.h"
+
+namespace hx::ui {
+
+// Nothing if no kind of control is called so.
+std::optional<ControlKind> KindOfLine(const DialogControl& line);
+std::unique_ptr<Control> MakeControlOf(ControlKind kind);
+
+}  // namespace hx::ui

@@ -1,0 +1,44 @@
+// Somebody at a machine without a screen: does to the controls what a renderer would when a person did it.
+#pragma once
+
+#include <deque>
+
+#include "platform/ui/attachment.h"
+#include "platform/ui/user.h"
+
+namespace hx::ui {
+
+class HeadlessUser final : public IUser {
+public:
+    bool Click(Control& control) override;
+    bool Focus(Control& control) override;
+    bool Leave(Control& control) override;
+    bool Type(Edit& edit, const std::wstring& text) override;
+    bool Paste(Edit& edit, const std::wstring& text) override;
+    bool Choose(ComboBox& combo_box, int32_t index) override;
+    bool Drag(TrackBar& track_bar, int32_t position) override;
+    bool Drop(TrackBar& track_bar) override;
+    bool Scroll(TrackBar& track_bar, uint32_t code) override;
+    bool Wheel(Control& control, int32_t notches) override;
+    bool ClickRow(ListBox& list, int32_t index) override;
+    bool ContextMenu(ListBox& list, Point where) override;
+    bool Key(Control& control, uint32_t key) override;
+    bool Key(Dialog& dialog, uint32_t key, bool shift) override;
+    bool Mnemonic(Dialog& dialog, wchar_t letter) override;
+    bool Close(Window& frame) override;
+    void QueueClick(Control& control) override;
+
+    // The clicks that no window has been told of: done, or forgotten; how many.
+    size_t DoQueuedClicks();
+    size_t DropQueuedClicks();
+
+private:
+    struct QueuedClick {
+        Control* control;
+        Attachment attachment;
+    };
+    std::deque<QueuedClick> m_clicks;
+    const TrackBar* m_dragged = nullptr;  // compared only
+};
+
+}  // namespace hx::ui
