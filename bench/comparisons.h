@@ -37,5 +37,6 @@ void CompareRegistry(Benchmark& benchmark);
 void CompareSettings(Benchmark& benchmark);
 void CompareSessions(Benchmark& benchmark);
 void CompareProfileLists(Benchmark& benchmark);
+void CompareProfileEditing(Benchmark& benchmark);
 
 }  // namespace hx::bench

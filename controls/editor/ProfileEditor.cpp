@@ -3,33 +3,16 @@
 #include "controls/api/ApiOperation.h"
 #include "controls/editor/ProfileOperation.h"
 #include "controls/profiles/CLaserProfileSaveAsDlg.h"
-#include "platform/com/boundary.h"
 
 namespace hx {
 
 ProfileEditor::ProfileEditor(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder)
-    : m_session(*this, rules, std::move(recorder)) {
+    : SettingsPage(rules, std::move(recorder)) {
     m_list.SetHandler(this);
 }
 
 ProfileEditor::~ProfileEditor() {
     m_list.SetHandler(nullptr);
-}
-
-void ProfileEditor::ShowFailure(const Scope& scope) noexcept {
-    if (!scope.IsSessionOpen()) return;
-    AtBoundary([&] {
-        try {
-            throw;
-        } catch (const MException& exception) {
-            ErrorBox(exception);
-        } catch (const std::bad_alloc&) {
-            ErrorBox(MException(MErrorOutOfMemory()));
-        } catch (...) {
-            ErrorBox(MException());
-        }
-        return S_OK;
-    });
 }
 
 void ProfileEditor::SetProfileToSelect(std::wstring name) {

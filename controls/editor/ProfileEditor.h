@@ -10,21 +10,16 @@
 
 #include <atomic>
 
-#include "controls/editor/DynamicSettings.h"
 #include "controls/editor/FlagGuard.h"
-#include "controls/editor/ICurrentPresetHandler.h"
+#include "controls/editor/SettingsPage.h"
 #include "controls/profiles/CProfileListBox.h"
-#include "controls/session/ScannerSession.h"
-#include "platform/ui/window.h"
 
 namespace hx {
 
-class ProfileEditor : public ICurrentPresetHandler, public ISessionPage, public DynamicSettings {
+class ProfileEditor : public SettingsPage {
 public:
     static constexpr uint32_t kProfileList = 6000;
 
-    ProfileEditor(const ProfileEditor&) = delete;
-    ProfileEditor& operator=(const ProfileEditor&) = delete;
     ~ProfileEditor() override;
 
     std::wstring GetCurrentPresetName() override { return m_current_name; }
@@ -33,22 +28,6 @@ public:
     void SaveAsPreset() override;
     void DiscardChanges() override;
     void DeletePreset() override;
-
-    // What a page has of its own. ErrorBox and ShowMessage return when the box is closed.
-    void ErrorBox(const MException& exception) noexcept override = 0;
-    virtual void ShowMessage(uint32_t string_id, std::wstring_view argument) = 0;
-    // The controls' values into the record, and the record into the working preset, once IsReady. From
-    // sliders, other controls follow these first.
-    virtual void UpdateSettingsFromUI(bool from_sliders) = 0;
-    void EnableControls(bool enable) noexcept override = 0;
-    // Shows the preset and activates it. False if that failed, which was told; see ShowOrPutBack.
-    virtual bool SetProfile(const ComPtr<IDynamicSettingsPreset>& preset) = 0;
-    virtual void ApplySettingsToHardware(const ComPtr<IDynamicSettingsPreset>& preset) = 0;
-    // Tells the host what is selected in the list.
-    virtual void ReportSelectedPreset() = 0;
-    virtual void UpdateExposureText() = 0;
-    // In front of which boxes and questions come up.
-    virtual ui::Window& OwnWindow() = 0;
 
     void SetPresets(ComPtr<IDynamicSettingsPreset> working,
                     ComPtr<IDynamicSettingsPreset> reference) override;
@@ -68,49 +47,10 @@ public:
     // The host wants to close. False if the operator cancelled, or edits could not be stored. Shows failures.
     bool CommitOnClose();
 
-    // Whether the working preset, the record and the controls are those of the current profile.
-    bool IsReady() const { return m_ready; }
     CProfileListBox& ProfileList() { return m_list; }
-    ScannerSession& Session() { return m_session; }
 
 protected:
-    using Scope = SessionOperations::Scope;
-
     ProfileEditor(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder);
-
-    const SessionOperations& Operations() const { return m_session.Operations(); }
-
-    // For handlers of the page: runs `operation`, shows what it throws. False if it did not come to its end.
-    template <class Operation>
-    bool Attempt(Operation operation) noexcept {
-        if (Operations().IsClosed()) return false;
-        const Scope scope(Operations());
-        try {
-            operation(scope);
-            return true;
-        } catch (...) {
-            ShowFailure(scope);
-            return false;
-        }
-    }
-
-    // For SetProfile: runs `show`; if that fails the record is as it was, `put_back` moves it into the
-    // controls without a call to anybody, and the failure is shown.
-    template <class Show, class PutBack>
-    bool ShowOrPutBack(Show show, PutBack put_back) {
-        const DynamicSettingsData kept = Data();
-        return Attempt([&](const Scope& scope) {
-            try {
-                show();
-            } catch (...) {
-                if (scope.IsSessionOpen()) {
-                    Data() = kept;
-                    put_back();
-                }
-                throw;
-            }
-        });
-    }
 
 private:
     // What becomes of edits that are to be left.
@@ -120,8 +60,6 @@ private:
 
     template <class Operation>
     bool Operate(Operation operation) noexcept;
-    // The exception that is being handled.
-    void ShowFailure(const Scope& scope) noexcept;
 
     // `name` is that of the profile; when saved, the new one.
     PromptAnswer PromptSaveChanges(std::wstring& name);
@@ -166,11 +104,9 @@ private:
     ComPtr<IDynamicSettingsPreset> m_fresh_edited;
     ComPtr<IDynamicSettingsPreset> m_fresh_baseline;
     bool m_modified = false;
-    bool m_ready = false;
     std::atomic<bool> m_in_setting_changed = false;
     bool m_force_prompt = false;
     bool m_operating = false;
-    ScannerSession m_session;
 };
 
 }  // namespace hx

@@ -63,6 +63,8 @@ void ProfileEditor::Rename(const Scope& scope) {
     if (m_list.Row(row).user_defined == 0) return ShowMessage(kCannotRename, new_name);
     const int32_t answer = AskName(new_name, true, false);
     if (!scope.MayGoOn() || answer != CLaserProfileSaveAsDlg::kSaved) return;
+    // Another page may have deleted it.
+    if (!Stored(name)) return m_list.Refill();
     presets.Rename(name, new_name);
     presets.SetSelectedName(new_name);
     if (name == m_current_name) {

@@ -88,13 +88,17 @@ struct Script {
     HRESULT ResultOf(const std::string& operation) {
         if (failures.empty()) return S_OK;
         const auto failure = failures.find(operation);
-        return failure == failures.end() || failure->second.after-- > 0 ? S_OK : failure->second.result;
+        if (failure == failures.end() || failure->second.after-- > 0) return S_OK;
+        const HRESULT result = failure->second.result;
+        if (fails_once) failures.erase(failure);
+        return result;
     }
     // What was called since the last time.
     std::string Calls() { return Joined(std::exchange(calls, {})); }
 
     std::vector<std::string> calls;
     std::map<std::string, Failure> failures;
+    bool fails_once = false;  // each of them
     std::wstring chain_code;  // of the error information that a failing handle leaves
     int32_t state = HXConnected;
     std::vector<std::wstring> drivers = {L"arm", L"", L"driver"};

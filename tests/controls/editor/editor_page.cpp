@@ -162,7 +162,9 @@ Bench::~Bench() {
 }
 
 void Bench::Do(const std::string& steps) {
-    for (const std::string& step : Split(steps, ';')) DoStep(step);
+    for (const std::string& step : Split(steps, ';')) {
+        if (!step.empty()) DoStep(step);
+    }
 }
 
 void Bench::DoStep(const std::string& step) {
@@ -214,17 +216,17 @@ void Bench::Run(const std::string& what, const std::string& argument) {
     }
 }
 
-std::map<std::string, int32_t> Bench::Stored() const {
+std::map<std::string, int32_t> Bench::Stored() {
     std::map<std::string, int32_t> stored;
     for (size_t i = 0; i < Presets().Count(); ++i) {
-        double power = 0;
-        Presets().At(i).preset->GetLaserPower(&power);
-        stored[hx::ToUtf8(Presets().At(i).name)] = static_cast<int32_t>(std::lround(power));
+        const auto& preset = static_cast<const scripted::Preset&>(*Presets().At(i).preset);
+        stored[hx::ToUtf8(Presets().At(i).name)] =
+            static_cast<int32_t>(std::lround(preset.values.laser_power));
     }
     return stored;
 }
 
-std::string Bench::State() const {
+std::string Bench::State() {
     const hx::CProfileListBox& list = page->ProfileList();
     const auto stored = Stored();
     std::string text;
@@ -237,17 +239,18 @@ std::string Bench::State() const {
     return text + (page->laser_power.IsEnabled() ? std::to_string(page->Shown()) : "disabled");
 }
 
-std::string Bench::Wrong() const {
+std::string Bench::Wrong(bool current_is_selected) {
     const hx::CProfileListBox& list = page->ProfileList();
     if (unanswered != 0) return "a question without an answer";
     if (page->ProfileList().Count() == 0) return page->IsModified() ? "edits of nothing" : "";
     if (list.Selected() < 0) return "no row is selected";
-    if (list.SelectedName() != page->GetCurrentPresetName()) return "another row is selected";
+    const std::wstring current = page->GetCurrentPresetName();
+    if (current_is_selected && list.SelectedName() != current) return "another row is selected";
     std::pair<uint32_t, std::wstring> before;
     for (int32_t i = 0; i < list.Count(); ++i) {
         const hx::ProfileRow& row = list.Row(i);
         if (row.modified != (list.RowText(i).front() == L'*')) return "the mark is not the text's";
-        if (row.modified != (i == list.Selected() && page->IsModified())) return "the mark is wrong";
+        if (row.modified != (row.name == current && page->IsModified())) return "the mark is wrong";
         const std::pair<uint32_t, std::wstring> order = {row.user_defined,
                                                          hx::FoldCase(Presets().DisplayName(row.name))};
         if (order < before) return "the rows are not in order";

@@ -79,13 +79,14 @@ public:
 
     // "Standard:50 *Own:30< 35": each row with what is stored of it, the selected one with "<", and what the
     // controls show.
-    std::string State() const;
-    // What is wrong with the page that never may be; "" if nothing is.
-    std::string Wrong() const;
+    std::string State();
+    // What is wrong with the page that never may be; "" if nothing is. Where the scanner fails the selected
+    // row need not be that of the profile that is edited.
+    std::string Wrong(bool current_is_selected = true);
     // The texts of boxes since the last time.
     std::string Boxes();
-    std::map<std::string, int32_t> Stored() const;
-    hx::MDynamicSettingsPresets& Presets() const { return page->Session().Presets(); }
+    std::map<std::string, int32_t> Stored();
+    hx::MDynamicSettingsPresets& Presets() { return page->Session().Presets(); }
 
     scripted::Script script;
     std::optional<Page> page;
