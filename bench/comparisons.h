@@ -38,5 +38,6 @@ void CompareSettings(Benchmark& benchmark);
 void CompareSessions(Benchmark& benchmark);
 void CompareProfileLists(Benchmark& benchmark);
 void ComparePreview(Benchmark& benchmark);
+void CompareProfileEditing(Benchmark& benchmark);
 
 }  // namespace hx::bench

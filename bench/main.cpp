@@ -19,7 +19,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: hxbench [--quick] [--markdown FILE] [--only "
-    "parse,read,write,insert,memory,log,registry,settings,session,profiles,preview]\n";
+    "parse,read,write,insert,memory,log,registry,settings,session,profiles,preview,editor]\n";
 
 struct Comparison {
     std::string name;
@@ -30,7 +30,7 @@ const Comparison kComparisons[] = {
     {"parse", CompareParsing},         {"read", CompareReading},      {"write", CompareWriting},
     {"insert", CompareInserting},      {"memory", CompareMemory},     {"log", CompareLogging},
     {"registry", CompareRegistry},     {"settings", CompareSettings}, {"session", CompareSessions},
-    {"profiles", CompareProfileLists}, {"preview", ComparePreview},
+    {"profiles", CompareProfileLists}, {"preview", ComparePreview},   {"editor", CompareProfileEditing},
 };
 
 struct Options {

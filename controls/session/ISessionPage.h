@@ -35,12 +35,12 @@ public:
 
     // The rest of a set-up, in this order: fresh presets to work with and to compare with; the gains; the
     // longest exposure of the device; then the profile list, its selection and everything that shows it, with
-    // which the page is ready.
+    // which the page is ready: false if the profile cannot be shown, which the operator was told.
     virtual void SetPresets(ComPtr<IDynamicSettingsPreset> working,
                             ComPtr<IDynamicSettingsPreset> reference) = 0;
     virtual void FillGainList() = 0;
     virtual void SetExposureRange(uint32_t longest_exposure_us) = 0;
-    virtual void FinishReopening() = 0;
+    virtual bool FinishReopening() = 0;
 
     // The preset that the controls change; empty before the first set-up.
     virtual ComPtr<IDynamicSettingsPreset> WorkingPreset() = 0;

@@ -82,6 +82,7 @@ private:
     // False if what is left to do is to set up anew.
     bool FollowConnectionState(int32_t state);
     void Reopen(const Scope& scope);
+    // False if the page shows no profile, or if it may not go on.
     bool Open(const Scope& scope);
     void SettleTarget();
 

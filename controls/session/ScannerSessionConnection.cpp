@@ -40,8 +40,8 @@ void ScannerSession::Reopen(const Scope& scope) {
     bool opened = false;
     try {
         Release(m_locations.connection_change, 41);
-        if (!Open(scope)) return;
-        opened = true;
+        opened = Open(scope);
+        if (!scope.MayGoOn()) return;
     } catch (const MException& exception) {
         if (!scope.MayGoOn()) return;
         ApiOperation(m_locations.connection_change, this).Log(46, exception);
@@ -64,8 +64,7 @@ bool ScannerSession::Open(const Scope& scope) {
     operation.Call(63, L"GetMaxExposureTime", m_handle, &ICalibrationHandle::GetMaxExposureTime,
                    Bstr(m_target.device_internal_name).get(), &longest_exposure_us);
     m_page.SetExposureRange(longest_exposure_us);
-    m_page.FinishReopening();
-    return scope.MayGoOn();
+    return m_page.FinishReopening();
 }
 
 void ScannerSession::SettleTarget() {

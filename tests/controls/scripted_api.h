@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <map>
 #include <string>
 #include <vector>
@@ -59,6 +60,20 @@ std::string Raised(Body body) {
     return {};
 }
 
+// What a preset holds.
+struct Values {
+    double laser_power = 50;
+    double exposure_us = 1000;
+    uint32_t gain = 1;
+    BOOL automatic_laser_power = FALSE;
+    BOOL edge_filter_3d = FALSE;
+    uint32_t signal_threshold = 5;
+    double edge_filter = 0;
+    double max_inclination = 90;
+    BOOL reflection_filter = TRUE;
+    std::wstring name;
+};
+
 struct Script {
     struct Failure {
         HRESULT result;
@@ -68,14 +83,22 @@ struct Script {
     // Enters the call and says what becomes of it; its name is its first word.
     HRESULT Gate(const std::string& call) {
         calls.push_back(call);
-        const auto failure = failures.find(call.substr(0, call.find(' ')));
-        return failure == failures.end() || failure->second.after-- > 0 ? S_OK : failure->second.result;
+        return ResultOf(call.substr(0, call.find(' ')));
+    }
+    HRESULT ResultOf(const std::string& operation) {
+        if (failures.empty()) return S_OK;
+        const auto failure = failures.find(operation);
+        if (failure == failures.end() || failure->second.after-- > 0) return S_OK;
+        const HRESULT result = failure->second.result;
+        if (fails_once) failures.erase(failure);
+        return result;
     }
     // What was called since the last time.
     std::string Calls() { return Joined(std::exchange(calls, {})); }
 
     std::vector<std::string> calls;
     std::map<std::string, Failure> failures;
+    bool fails_once = false;  // each of them
     std::wstring chain_code;  // of the error information that a failing handle leaves
     int32_t state = HXConnected;
     std::vector<std::wstring> drivers = {L"arm", L"", L"driver"};
@@ -83,6 +106,10 @@ struct Script {
     std::vector<std::wstring> names = {L"$DEFAULT", L"Own"};
     std::vector<std::wstring> display_names = {L"Standard", L"Own"};
     std::wstring selected = L"$DEFAULT";
+    std::map<std::wstring, Values> values;  // of stored presets; others have those of a new one
+    std::vector<std::wstring> gains = {L"1"};
+    uint32_t longest_exposure_us = 10000;
+    bool enters_values = false;  // among the calls: what is asked of presets
     int32_t alive = 0;
 };
 
@@ -99,27 +126,87 @@ protected:
 
 class Preset final : public hx::Implements<Preset, hx::SingleThreaded, IDynamicSettingsPreset>, Counted {
 public:
-    using Counted::Counted;
-    HRESULT GetName(BSTR*) override { return E_NOTIMPL; }
-    HRESULT SetName(BSTR) override { return E_NOTIMPL; }
-    HRESULT GetLaserPower(double*) override { return E_NOTIMPL; }
-    HRESULT SetLaserPower(double) override { return E_NOTIMPL; }
-    HRESULT GetExposureTime(double*) override { return E_NOTIMPL; }
-    HRESULT SetExposureTime(double) override { return E_NOTIMPL; }
-    HRESULT GetAnalogImagerGain(uint32_t*) override { return E_NOTIMPL; }
-    HRESULT SetAnalogImagerGain(uint32_t) override { return E_NOTIMPL; }
-    HRESULT IsDLPCEnabled(BOOL*) override { return E_NOTIMPL; }
-    HRESULT SetDLPCEnabled(BOOL) override { return E_NOTIMPL; }
-    HRESULT Get3DEdgeFilterEnabled(BOOL*) override { return E_NOTIMPL; }
-    HRESULT Set3DEdgeFilterEnabled(BOOL) override { return E_NOTIMPL; }
-    HRESULT GetSignalThreshold(uint32_t*) override { return E_NOTIMPL; }
-    HRESULT SetSignalThreshold(uint32_t) override { return E_NOTIMPL; }
-    HRESULT GetEdgeFilterValue(double*) override { return E_NOTIMPL; }
-    HRESULT SetEdgeFilterValue(double) override { return E_NOTIMPL; }
-    HRESULT GetMaxInclination(double*) override { return E_NOTIMPL; }
-    HRESULT SetMaxInclination(double) override { return E_NOTIMPL; }
-    HRESULT IsRFEnabled(BOOL*) override { return E_NOTIMPL; }
-    HRESULT SetRFEnabled(BOOL) override { return E_NOTIMPL; }
+    explicit Preset(Script& script, Values initial = {}) : Counted(script), values(std::move(initial)) {}
+
+    HRESULT GetName(BSTR* name) override { return Give(values.name, name); }
+    HRESULT SetName(BSTR name) override {
+        const HRESULT result = m_script.ResultOf("SetName");
+        if (SUCCEEDED(result)) values.name.assign(name, SysStringLen(name));
+        return result;
+    }
+    HRESULT GetLaserPower(double* value) override {
+        return Get("GetLaserPower", &Values::laser_power, value);
+    }
+    HRESULT SetLaserPower(double value) override { return Set("SetLaserPower", &Values::laser_power, value); }
+    HRESULT GetExposureTime(double* value) override {
+        return Get("GetExposureTime", &Values::exposure_us, value);
+    }
+    HRESULT SetExposureTime(double value) override {
+        return Set("SetExposureTime", &Values::exposure_us, value);
+    }
+    HRESULT GetAnalogImagerGain(uint32_t* value) override {
+        return Get("GetAnalogImagerGain", &Values::gain, value);
+    }
+    HRESULT SetAnalogImagerGain(uint32_t value) override {
+        return Set("SetAnalogImagerGain", &Values::gain, value);
+    }
+    HRESULT IsDLPCEnabled(BOOL* value) override {
+        return Get("IsDLPCEnabled", &Values::automatic_laser_power, value);
+    }
+    HRESULT SetDLPCEnabled(BOOL value) override {
+        return Set("SetDLPCEnabled", &Values::automatic_laser_power, value);
+    }
+    HRESULT Get3DEdgeFilterEnabled(BOOL* value) override {
+        return Get("Get3DEdgeFilterEnabled", &Values::edge_filter_3d, value);
+    }
+    HRESULT Set3DEdgeFilterEnabled(BOOL value) override {
+        return Set("Set3DEdgeFilterEnabled", &Values::edge_filter_3d, value);
+    }
+    HRESULT GetSignalThreshold(uint32_t* value) override {
+        return Get("GetSignalThreshold", &Values::signal_threshold, value);
+    }
+    HRESULT SetSignalThreshold(uint32_t value) override {
+        return Set("SetSignalThreshold", &Values::signal_threshold, value);
+    }
+    HRESULT GetEdgeFilterValue(double* value) override {
+        return Get("GetEdgeFilterValue", &Values::edge_filter, value);
+    }
+    HRESULT SetEdgeFilterValue(double value) override {
+        return Set("SetEdgeFilterValue", &Values::edge_filter, value);
+    }
+    HRESULT GetMaxInclination(double* value) override {
+        return Get("GetMaxInclination", &Values::max_inclination, value);
+    }
+    HRESULT SetMaxInclination(double value) override {
+        return Set("SetMaxInclination", &Values::max_inclination, value);
+    }
+    HRESULT IsRFEnabled(BOOL* value) override {
+        return Get("IsRFEnabled", &Values::reflection_filter, value);
+    }
+    HRESULT SetRFEnabled(BOOL value) override {
+        return Set("SetRFEnabled", &Values::reflection_filter, value);
+    }
+
+    Values values;
+    std::string tag;  // behind the names of its calls
+
+private:
+    HRESULT Outcome(const char* call) {
+        if (m_script.enters_values) m_script.calls.push_back(call + tag);
+        return m_script.ResultOf(call + tag);
+    }
+    template <class T>
+    HRESULT Get(const char* call, T Values::*member, T* value) {
+        const HRESULT result = Outcome(call);
+        if (SUCCEEDED(result)) *value = values.*member;
+        return result;
+    }
+    template <class T>
+    HRESULT Set(const char* call, T Values::*member, T value) {
+        const HRESULT result = Outcome(call);
+        if (SUCCEEDED(result)) values.*member = value;
+        return result;
+    }
 };
 
 class Handle final : public hx::Implements<Handle, hx::SingleThreaded, ICalibrationHandle, ISupportErrorInfo>,
@@ -127,18 +214,26 @@ class Handle final : public hx::Implements<Handle, hx::SingleThreaded, ICalibrat
 public:
     using Counted::Counted;
 
-    HRESULT AcquireHandle() override { return E_NOTIMPL; }
-    HRESULT ReleaseHandle() override { return E_NOTIMPL; }
-    HRESULT InitialiseScanner(int32_t, int32_t, int32_t) override { return E_NOTIMPL; }
-    HRESULT DisableScanner() override { return E_NOTIMPL; }
-    HRESULT RegisterTrackingCycleObserver(IUnknown*) override { return E_NOTIMPL; }
-    HRESULT ActivateDynamicSettings(IDynamicSettingsPreset*) override { return E_NOTIMPL; }
+    HRESULT AcquireHandle() override { return Gate("AcquireHandle"); }
+    HRESULT ReleaseHandle() override { return Gate("ReleaseHandle"); }
+    HRESULT InitialiseScanner(int32_t, int32_t, int32_t) override { return Gate("InitialiseScanner"); }
+    HRESULT DisableScanner() override { return Gate("DisableScanner"); }
+    HRESULT RegisterTrackingCycleObserver(IUnknown*) override {
+        return Gate("RegisterTrackingCycleObserver");
+    }
+    HRESULT ActivateDynamicSettings(IDynamicSettingsPreset* preset) override {
+        return Gate("ActivateDynamicSettings " +
+                    std::to_string(std::lround(static_cast<Preset*>(preset)->values.laser_power)));
+    }
     HRESULT ActivateGlobalScanningSettings(VARIANT) override { return E_NOTIMPL; }
     HRESULT GetGlobalScanningSettings(BSTR, VARIANT) override { return E_NOTIMPL; }
     HRESULT GetFovManagementConfig(FovManagementConfig*) override { return E_NOTIMPL; }
     HRESULT GetFrequencyReductionSupport(int32_t*) override { return E_NOTIMPL; }
     HRESULT GetSupportedAnalogImagerGains(SAFEARRAY**) override { return E_NOTIMPL; }
-    HRESULT GetMaxExposureTime(BSTR, uint32_t*) override { return E_NOTIMPL; }
+    HRESULT GetMaxExposureTime(BSTR, uint32_t* exposure_us) override {
+        *exposure_us = m_script.longest_exposure_us;
+        return Gate("GetMaxExposureTime");
+    }
     HRESULT GetFrameRate(double*) override { return E_NOTIMPL; }
     HRESULT GetExposureTimeInRows(int32_t*) override { return E_NOTIMPL; }
     HRESULT DetectExposureTime(int16_t*) override { return E_NOTIMPL; }
@@ -155,7 +250,9 @@ public:
         return FAILED(result) ? result : Give(m_script.selected, name);
     }
     HRESULT GetDynamicSettingsPreset(BSTR, BSTR name, IDynamicSettingsPreset** preset) override {
-        return GivePreset("GetDynamicSettingsPreset " + Text(name), preset);
+        const auto stored = m_script.values.find(std::wstring(name, SysStringLen(name)));
+        return GivePreset("GetDynamicSettingsPreset " + Text(name), preset,
+                          stored != m_script.values.end() ? stored->second : Values());
     }
     HRESULT SaveDynamicSettingsPresets(BSTR owner, SAFEARRAY* names, SAFEARRAY* presets,
                                        BSTR selected) override {
@@ -163,11 +260,19 @@ public:
             EXPECT_NE(static_cast<IUnknown**>(presets->pvData)[i], nullptr);
         }
         EXPECT_EQ(presets->rgsabound[0].cElements, names->rgsabound[0].cElements);
-        return Gate("SaveDynamicSettingsPresets " + Text(owner) + " [" + Joined(Elements(names)) + "] " +
-                    Text(selected));
+        const HRESULT result = Gate("SaveDynamicSettingsPresets " + Text(owner) + " [" +
+                                    Joined(Elements(names)) + "] " + Text(selected));
+        if (FAILED(result)) return result;
+        m_script.values.clear();
+        for (ULONG i = 0; i < names->rgsabound[0].cElements; ++i) {
+            const auto name = static_cast<BSTR*>(names->pvData)[i];
+            m_script.values[std::wstring(name, SysStringLen(name))] =
+                static_cast<Preset*>(static_cast<IUnknown**>(presets->pvData)[i])->values;
+        }
+        return S_OK;
     }
     HRESULT CreateDynamicSettingsPreset(IDynamicSettingsPreset** preset) override {
-        return GivePreset("CreateDynamicSettingsPreset", preset);
+        return GivePreset("CreateDynamicSettingsPreset", preset, {});
     }
     HRESULT CloseHandle() override { return Gate("CloseHandle"); }
 
@@ -189,9 +294,9 @@ private:
         information->SetDescription(chain.data());
         SetErrorInfo(0, information.as<IErrorInfo>().get());
     }
-    HRESULT GivePreset(const std::string& call, IDynamicSettingsPreset** preset) {
+    HRESULT GivePreset(const std::string& call, IDynamicSettingsPreset** preset, const Values& values) {
         const HRESULT result = Gate(call);
-        if (SUCCEEDED(result)) *preset = hx::Make<Preset>(m_script).detach();
+        if (SUCCEEDED(result)) *preset = hx::Make<Preset>(m_script, values).detach();
         return result;
     }
 };
@@ -206,7 +311,7 @@ public:
         *state = m_script.state;
         return m_script.Gate("GetConnectionState");
     }
-    HRESULT Resume(IErrorInfo**) override { return E_NOTIMPL; }
+    HRESULT Resume(IErrorInfo**) override { return m_script.Gate("Resume"); }
     HRESULT GetDeviceManager(IDeviceManager** manager, IErrorInfo**) override {
         return GiveSelf("GetDeviceManager", manager);
     }

@@ -237,6 +237,13 @@ TEST_F(SessionFaults, APageMayFailItself) {
         EXPECT_EQ(page.boxes.size(), 1u);
     }
     Page& page = Open();
+    // The operator was told already.
+    page.shows_nothing = true;
+    Arrive(HXNotConnected);
+    Text();
+    Arrive(HXConnected);
+    EXPECT_TRUE(Text().ends_with("page.finish()\npage.enable(false)\npage.rate()\n"));
+    EXPECT_TRUE(page.boxes.empty());
     page.failing_hook = "leave";
     page.session.OnDeselected();
     EXPECT_TRUE(Text().ends_with("page.leave()\npage.logged(leave)\n"));

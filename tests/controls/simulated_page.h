@@ -66,6 +66,7 @@ public:
     HRESULT result_in_box = S_OK;             // of the call behind the last error
     std::function<void()> while_box_is_open;  // once
     std::string failing_hook;
+    bool shows_nothing = false;  // when it is set up
     std::vector<int32_t> messages;
     size_t notes = 0;  // of states that the session was told
     hx::ScannerSession session;
@@ -101,7 +102,10 @@ private:
     void SetExposureRange(uint32_t longest_exposure_us) override {
         Enter("range", std::to_string(longest_exposure_us));
     }
-    void FinishReopening() override { Enter("finish"); }
+    bool FinishReopening() override {
+        Enter("finish");
+        return !shows_nothing;
+    }
     hx::ComPtr<IDynamicSettingsPreset> WorkingPreset() override { return working; }
     void RefreshFrameRate() noexcept override { Enter("rate"); }
     void RefreshExposureRows() override { Enter("rows"); }

@@ -1,0 +1,111 @@
+#include "controls/editor/ProfileEditor.h"
+
+#include "controls/api/ApiOperation.h"
+#include "controls/editor/ProfileOperation.h"
+#include "controls/profiles/CLaserProfileSaveAsDlg.h"
+
+namespace hx {
+
+ProfileEditor::ProfileEditor(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder)
+    : SettingsPage(rules, std::move(recorder)) {
+    m_list.SetHandler(this);
+}
+
+ProfileEditor::~ProfileEditor() {
+    m_list.SetHandler(nullptr);
+}
+
+void ProfileEditor::SetProfileToSelect(std::wstring name) {
+    if (!m_ready) m_current_name = name;
+    m_session.Target().profile_name = std::move(name);
+}
+
+void ProfileEditor::OnSettingChanged(bool from_sliders) {
+    if (Operations().IsClosed() || !m_ready) return;
+    const Scope scope(Operations());
+    if (m_in_setting_changed.exchange(true)) return;
+    const FlagGuard guard(m_in_setting_changed, true, Operations());
+    UpdateSettingsFromUI(from_sliders);
+    if (!scope.MayGoOn()) return;
+    m_modified = SettingsAreDifferent(*m_baseline, *m_edited);
+    MarkCurrent(m_modified);
+    ApplySettingsToHardware(m_edited);
+}
+
+bool ProfileEditor::OnPresetSelectionChanged() {
+    Selection selection = Selection::kNotChanged;
+    Operate([&](const Scope& scope) { selection = ChangeSelection(scope); });
+    return selection != Selection::kCancelled;
+}
+
+bool ProfileEditor::CommitOnClose() {
+    bool may_close = false;
+    Operate([&](const Scope& scope) {
+        try {
+            const FlagGuard forced(m_force_prompt, true, Operations());
+            may_close = ChangeSelection(scope) != Selection::kCancelled;
+        } catch (...) {
+            // An operator who cannot save must be able to leave, and edits must not go with the page.
+            may_close = scope.IsSessionOpen() && !m_modified;
+            throw;
+        }
+        if (!scope.MayGoOn()) {
+            may_close = false;
+            return;
+        }
+        if (m_session.Presets().Count() == 0) return;
+        m_session.Presets().Save();
+        ReportSelectedPreset();
+    });
+    return may_close;
+}
+
+int32_t ProfileEditor::AskName(std::wstring& name, bool rename_mode, bool prompt_mode) {
+    CLaserProfileSaveAsDlg dialog(&OwnWindow(), rename_mode, prompt_mode);
+    return dialog.Run(name);
+}
+
+void ProfileEditor::MoveTo(const std::wstring& name) {
+    m_current_name = name;
+    m_session.Target().profile_name = name;
+}
+
+ComPtr<IDynamicSettingsPreset> ProfileEditor::Stored(const std::wstring& name) const {
+    return m_session.Presets().FindPresetExactly(name);
+}
+
+bool ProfileEditor::WriteBack(IDynamicSettingsPreset& source, const std::wstring& name) {
+    const ComPtr<IDynamicSettingsPreset> stored = Stored(name);
+    if (stored) CopySettings(source, *stored);
+    return static_cast<bool>(stored);
+}
+
+void ProfileEditor::AddEdited(const std::wstring& name) {
+    MDynamicSettingsPresets& presets = m_session.Presets();
+    const ComPtr<IDynamicSettingsPreset> added = presets.CreateNewPreset();
+    CopySettings(*m_edited, *added);
+    try {
+        presets.SetPreset(name, added);
+    } catch (...) {
+        // Else the name would be taken when the operator tries again.
+        presets.RemovePreset(name);
+        throw;
+    }
+}
+
+void ProfileEditor::SetNameOf(IDynamicSettingsPreset& preset, const std::wstring& name) {
+    static MErrorLocation location("BaseDynamicSettingsDlg", "OnPresetSelectionChanged");
+    ApiOperation(location, this).Check(119, L"SetName", preset.SetName(Bstr(name).get()));
+}
+
+void ProfileEditor::MarkCurrent(bool modified) {
+    const int32_t selected = m_list.Selected();
+    // Most slider movements change nothing here, and a long list is not to be searched for it.
+    if (selected >= 0) {
+        const ProfileRow& row = m_list.Row(selected);
+        if (row.name == m_current_name && row.modified == modified) return;
+    }
+    m_list.MarkModified(m_current_name, modified);
+}
+
+}  // namespace hx

@@ -1,0 +1,24 @@
+// How the operations of ProfileEditor run: one at a time. Included by its sources alone.
+#pragma once
+
+#include "controls/editor/ProfileEditor.h"
+
+namespace hx {
+
+// As Attempt. An operation that comes while another one asks or tells something does nothing: what that one
+// works with must stay.
+template <class Operation>
+bool ProfileEditor::Operate(Operation operation) noexcept {
+    if (m_operating) return false;
+    return Attempt([&](const Scope& scope) {
+        const FlagGuard operating(m_operating, true, Operations());
+        try {
+            operation(scope);
+        } catch (...) {
+            // Here, since it is still the same operation while that is shown.
+            ShowFailure(scope);
+        }
+    });
+}
+
+}  // namespace hx

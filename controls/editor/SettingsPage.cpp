@@ -1,0 +1,23 @@
+#include "controls/editor/SettingsPage.h"
+
+#include "platform/com/boundary.h"
+
+namespace hx {
+
+void SettingsPage::ShowFailure(const Scope& scope) noexcept {
+    if (!scope.IsSessionOpen()) return;
+    AtBoundary([&] {
+        try {
+            throw;
+        } catch (const MException& exception) {
+            ErrorBox(exception);
+        } catch (const std::bad_alloc&) {
+            ErrorBox(MException(MErrorOutOfMemory()));
+        } catch (...) {
+            ErrorBox(MException());
+        }
+        return S_OK;
+    });
+}
+
+}  // namespace hx

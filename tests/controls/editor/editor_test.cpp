@@ -1,0 +1,286 @@
+// What the operations of the profile editor do: rows, stored values, boxes, and what the scanner is told.
+#include "tests/controls/editor/editor_page.h"
+
+namespace {
+
+using editing::Bench;
+
+const std::string kStart = "Fine:20 Standard:50< Own:30 Part:40 50";
+
+struct Case {
+    std::string what;
+    std::string steps;
+    std::string state;
+    std::string boxes;
+};
+
+void Check(const Case& row, Bench& bench) {
+    bench.Do(row.steps);
+    EXPECT_EQ(bench.State(), row.state) << row.what;
+    EXPECT_EQ(bench.Boxes(), row.boxes) << row.what;
+    EXPECT_EQ(bench.Wrong(), "") << row.what;
+}
+
+TEST(ProfileEditor, DoesWhatTheOperatorWants) {
+    const Case kCases[] = {
+        {"the host's profile is shown", "", kStart, ""},
+        {"an edit is marked", "edit 60", "Fine:20 *Standard:50< Own:30 Part:40 60", ""},
+        {"an edit taken back is none", "edit 60; edit 50", kStart, ""},
+        {"own profiles keep their edits", "select Own; edit 35; select Part",
+         "Fine:20 Standard:50 Own:35 Part:40< 40", ""},
+        {"the same row once more", "edit 60; select $DEFAULT", "Fine:20 *Standard:50< Own:30 Part:40 60", ""},
+        {"leaving is cancelled", "edit 60; select Own ? cancel", "Fine:20 *Standard:50< Own:30 Part:40 60",
+         ""},
+        {"edits are discarded", "edit 60; select Own ? discard", "Fine:20 Standard:50 Own:30< Part:40 30",
+         ""},
+        {"edits are saved", "edit 60; select Own ? save New", "Fine:20 Standard:50 New:60 Own:30< Part:40 30",
+         ""},
+        {"a name is refused, then cancelled", "edit 60; select Own ? save own, cancel",
+         "Fine:20 *Standard:50< Own:30 Part:40 60", "The profile name 'own' already exists."},
+        {"a name is refused, then another", "edit 60; select Own ? save Part, save New",
+         "Fine:20 Standard:50 New:60 Own:30< Part:40 30", "The profile name 'Part' already exists."},
+        {"saved under a new name", "saveas ? save New", "Fine:20 Standard:50 New:50< Own:30 Part:40 50", ""},
+        {"edits are saved under a new name", "edit 60; saveas ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Part:40 60", ""},
+        {"edits of an own one go with the new name", "select Own; edit 35; saveas ? save New",
+         "Fine:20 Standard:50 New:35< Own:30 Part:40 35", ""},
+        {"not saved after all", "edit 60; saveas ? cancel", "Fine:20 *Standard:50< Own:30 Part:40 60", ""},
+        {"an own one is renamed", "select Own; rename ? save Zoo", "Fine:20 Standard:50 Part:40 Zoo:30< 30",
+         ""},
+        {"with its edits", "select Own; edit 35; rename ? save Zoo",
+         "Fine:20 Standard:50 Part:40 *Zoo:30< 35", ""},
+        {"which it then keeps", "select Own; edit 35; rename ? save Zoo; select Part",
+         "Fine:20 Standard:50 Part:40< Zoo:35 40", ""},
+        {"not to another case of its name", "select Own; rename ? save OWN",
+         "Fine:20 Standard:50 Own:30< Part:40 30", "The profile name 'OWN' already exists."},
+        {"a predefined one cannot be renamed", "edit 60; rename", "Fine:20 *Standard:50< Own:30 Part:40 60",
+         "'Standard' is a predefined profile. It cannot be renamed."},
+        {"edits are discarded at once", "edit 60; discard", kStart, ""},
+        {"a profile is deleted, with its edits", "select Own; edit 35; delete",
+         "Fine:20 Standard:50 Part:40< 40", ""},
+        {"the last one is deleted", "select Part; delete", "Fine:20 Standard:50 Own:30< 30", ""},
+        {"a predefined one cannot be deleted", "delete", kStart,
+         "'Standard' is a predefined profile. It cannot be deleted."},
+        {"closing keeps edits of an own one", "select Own; edit 35; close",
+         "Fine:20 Standard:50 Own:35< Part:40 35", ""},
+        {"closing asks for a predefined one", "edit 60; close ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Part:40 60", ""},
+        {"then it is the new one", "edit 60; close ? save New; edit 65; discard",
+         "Fine:20 Standard:50 New:60< Own:30 Part:40 60", ""},
+        {"closing discards", "edit 60; close ? discard", kStart, ""},
+        {"the scanner goes and comes", "unplug; plug", kStart, ""},
+        {"edits stay", "edit 60; unplug; plug", "Fine:20 *Standard:50< Own:30 Part:40 60", ""},
+        {"and can be discarded", "edit 60; unplug; plug; discard", kStart, ""},
+        {"edits without a scanner", "unplug; edit 60; plug", "Fine:20 *Standard:50< Own:30 Part:40 60", ""},
+        {"edits that came back stay of their profile", "select Own; edit 35; unplug; plug; select Part",
+         "Fine:20 Standard:50 Own:35 Part:40< 40", ""},
+        {"the host's next profile", "initialise Part; unplug; plug", "Fine:20 Standard:50 Own:30 Part:40< 40",
+         ""},
+        {"waits while another has edits", "edit 60; initialise Part; unplug; plug; discard; unplug; plug",
+         "Fine:20 Standard:50 Own:30 Part:40< 40", ""},
+        {"edits before it are of their profile", "initialise Part; edit 60; discard", kStart, ""},
+    };
+    for (const Case& row : kCases) {
+        Bench bench;
+        Check(row, bench);
+    }
+}
+
+TEST(ProfileEditor, TellsTheScannerAndTheHost) {
+    Bench bench;
+    const struct {
+        std::string steps;
+        std::string calls;  // of the handle
+    } kRows[] = {
+        // Where it is dragged to, and where it is let go.
+        {"edit 60", "ActivateDynamicSettings 60, ActivateDynamicSettings 60"},
+        {"select Own ? save New",
+         "CreateDynamicSettingsPreset, "
+         "SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Part, New] $DEFAULT, "
+         "ActivateDynamicSettings 30, SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Part, New] "
+         "Own, ActivateDynamicSettings 30"},
+        {"close",
+         "ActivateDynamicSettings 30, SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Part, New] "
+         "Own, ActivateDynamicSettings 30, SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Part, "
+         "New] Own"},
+        {"rename ? save Zoo", "SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Zoo, Part, New] Zoo"},
+        {"edit 31", "ActivateDynamicSettings 31, ActivateDynamicSettings 31"},
+        {"discard", "ActivateDynamicSettings 30"},
+    };
+    for (const auto& row : kRows) {
+        bench.script.calls.clear();
+        bench.Do(row.steps);
+        EXPECT_EQ(bench.script.Calls(), row.calls) << row.steps;
+    }
+    EXPECT_EQ(bench.page->reported, "Own");
+    EXPECT_TRUE(bench.committed);
+    bench.Do("select $FINE; edit 25; close ? cancel");
+    EXPECT_FALSE(bench.committed);
+    EXPECT_EQ(bench.page->reported, "$FINE") << "what is selected is told also to a host that stays";
+}
+
+// A call of the scanner API that fails once, in the middle of an operation; then what the operator does next.
+TEST(ProfileEditor, FailuresDamageNoProfile) {
+    const struct {
+        std::string what, steps, state_then, failing;
+        int32_t after;
+        std::string then, state;
+    } kRows[] = {
+        // The other profile cannot be shown: what is edited next is still the first one.
+        {"activation", "select Own", kStart, "ActivateDynamicSettings", 0, "edit 60",
+         "Fine:20 *Standard:50< Own:30 Part:40 60"},
+        {"own edits are stored before", "select Own; edit 35; !; select Part",
+         "Fine:20 Standard:50 Own:35< Part:40 35", "ActivateDynamicSettings", 0, "edit 36; discard",
+         "Fine:20 Standard:50 Own:35< Part:40 35"},
+        {"edits are saved before", "edit 60; !; select Own ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Part:40 60", "ActivateDynamicSettings", 0, "edit 61; discard",
+         "Fine:20 Standard:50 New:60< Own:30 Part:40 60"},
+        {"discarding does not come to its end", "edit 60; !; select Own ? discard",
+         "Fine:20 *Standard:50< Own:30 Part:40 60", "ActivateDynamicSettings", 0, "discard", kStart},
+        {"nor by the menu", "edit 60; !; discard", "Fine:20 *Standard:50< Own:30 Part:40 60",
+         "ActivateDynamicSettings", 0, "discard", kStart},
+        {"the new one cannot be made", "edit 60; !; saveas ? save New",
+         "Fine:20 *Standard:50< Own:30 Part:40 60", "CreateDynamicSettingsPreset", 0, "saveas ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Part:40 60"},
+        {"nor stored", "edit 60; !; saveas ? save New", "Fine:20 *Standard:50< Own:30 Part:40 60",
+         "SaveDynamicSettingsPresets", 0, "saveas ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Part:40 60"},
+        {"nor stored when asked", "edit 60; !; select Own ? save New",
+         "Fine:20 *Standard:50< Own:30 Part:40 60", "SaveDynamicSettingsPresets", 0, "select Own ? save New",
+         "Fine:20 Standard:50 New:60 Own:30< Part:40 30"},
+        // The selection itself is in effect.
+        {"the selection is not stored", "select Own", "Fine:20 Standard:50 Own:30< Part:40 30",
+         "SaveDynamicSettingsPresets", 0, "edit 35; select Part", "Fine:20 Standard:50 Own:35 Part:40< 40"},
+        {"a rename is not stored", "select Own; !; rename ? save Zoo",
+         "Fine:20 Standard:50 Part:40 Zoo:30< 30", "SaveDynamicSettingsPresets", 0, "edit 35; select Part",
+         "Fine:20 Standard:50 Part:40< Zoo:35 40"},
+        {"a deletion is not stored", "select Own; !; delete", "Fine:20 Standard:50 Part:40< 40",
+         "SaveDynamicSettingsPresets", 0, "edit 45; discard", "Fine:20 Standard:50 Part:40< 40"},
+        // Nothing can be edited while the page and the profile do not agree.
+        {"a read after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Part:40 disabled",
+         "GetMaxInclination", 1, "edit 60; select Part; select Own",
+         "Fine:20 Standard:50 Own:30< Part:40 30"},
+        {"a write after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Part:40 disabled",
+         "SetRFEnabled", 0, "saveas ? save New", "Fine:20 Standard:50 New:30< Own:30 Part:40 30"},
+        {"the edits are not read", "select Own; edit 35; !; select Part",
+         "Fine:20 Standard:50 *Own:30< Part:40 35", "GetLaserPower", 0, "select Part",
+         "Fine:20 Standard:50 Own:35 Part:40< 40"},
+        {"after a deletion nothing else is shown", "select Own; !; delete",
+         "Fine:20 Standard:50 Part:40< disabled", "ActivateDynamicSettings", 0, "select $FINE; select Part",
+         "Fine:20 Standard:50 Part:40< 40"},
+        {"closing without a store", "select Own; edit 35; !; close", "Fine:20 Standard:50 Own:35< Part:40 35",
+         "SaveDynamicSettingsPresets", 0, "edit 36; close", "Fine:20 Standard:50 Own:36< Part:40 36"},
+    };
+    for (const auto& row : kRows) {
+        Bench bench;
+        const std::string& steps = row.steps;
+        const size_t mark = steps.find("!;");
+        if (mark != std::string::npos) bench.Do(steps.substr(0, mark));
+        bench.script.failures = {{row.failing, {E_ABORT, row.after}}};
+        // Once: what is done about it succeeds.
+        bench.script.fails_once = true;
+        bench.Do(mark != std::string::npos ? steps.substr(mark + 2) : steps);
+        EXPECT_TRUE(bench.script.failures.empty()) << row.what;
+        EXPECT_EQ(bench.State(), row.state_then) << row.what;
+        EXPECT_NE(bench.Boxes(), "") << row.what;
+        EXPECT_EQ(bench.Wrong(), "") << row.what;
+        Check({row.what + ", then", row.then, row.state, ""}, bench);
+    }
+}
+
+TEST(ProfileEditor, ProfilesThatCannotBeShownLeaveTheListUsable) {
+    Bench bench;
+    bench.script.gains = {L"4"};
+    bench.Do("unplug; plug");
+    EXPECT_EQ(bench.Boxes(), "The scanner doesn't support the gain setting of this profile.");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50< Own:30 Part:40 disabled");
+    bench.Do("edit 60; saveas ? save Copy");
+    EXPECT_EQ(bench.Boxes(), "The scanner doesn't support the gain setting of this profile.");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50< Own:30 Part:40 disabled") << "as it is stored";
+    bench.Presets().FindPreset(L"Part")->SetAnalogImagerGain(4);
+    Check({"another one can", "select Part; edit 45", "Fine:20 Standard:50 Copy:50 Own:30 *Part:40< 45", ""},
+          bench);
+    // With edits, too.
+    bench.script.gains = {L"1"};
+    bench.Do("unplug; plug");
+    EXPECT_NE(bench.Boxes(), "");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50 Own:30 *Part:40< disabled");
+    bench.Do("select Own");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50 Own:30< Part:45 30");
+    EXPECT_EQ(bench.Wrong(), "");
+}
+
+// A set-up that fails before it comes to the profiles takes no edits along.
+TEST(ProfileEditor, EditsOutliveSetUpsThatFail) {
+    for (const char* const failing : {"CreateDynamicSettingsPreset", "GetMaxExposureTime", "AcquireHandle"}) {
+        Bench bench;
+        bench.Do("select Own; edit 35; unplug");
+        bench.script.failures = {{failing, {E_ABORT, 0}}};
+        bench.Do("plug");
+        EXPECT_NE(bench.Boxes(), "");
+        bench.script.failures.clear();
+        Check({failing, "unplug; plug; select Part", "Fine:20 Standard:50 Own:35 Part:40< 40", ""}, bench);
+    }
+}
+
+// What another page does to the list that both share.
+TEST(ProfileEditor, ProfilesMayBeGone) {
+    const struct {
+        const char* what;
+        const char* before;
+        const char* gone;
+        const char* then;
+        const char* state;
+    } kRows[] = {
+        {"the one that is left", "select Own; edit 35", "Own", "select Part",
+         "Fine:20 Standard:50 Part:40< 40"},
+        {"a predefined one that is saved", "edit 60", "$DEFAULT", "select Own ? save New",
+         "Fine:20 New:60 Own:30< Part:40 30"},
+        {"the one that is selected", "", "Own", "select Own", "Fine:20 Standard:50< Part:40 50"},
+        {"its edits while it is set up", "select Own; edit 35", "Own", "unplug; plug; saveas ? save New",
+         "Fine:20 Standard:50 New:35< Part:40 35"},
+        {"the one that is renamed", "select Own", "Own", "rename ? save New; select Part",
+         "Fine:20 Standard:50 Part:40< 40"},
+    };
+    for (const auto& row : kRows) {
+        Bench bench;
+        bench.Do(row.before);
+        bench.Presets().RemovePreset(editing::Wide(row.gone));
+        Check({row.what, row.then, row.state, ""}, bench);
+    }
+}
+
+// What comes in while the operator is asked.
+TEST(ProfileEditor, QuestionsMayBeOvertaken) {
+    const struct {
+        const char* what;
+        void (*comes)(Bench& bench);
+        bool goes_on;
+    } kRows[] = {
+        {"the scanner goes and comes", [](Bench& bench) { bench.Do("unplug; plug"); }, true},
+        {"another close", [](Bench& bench) { EXPECT_FALSE(bench.page->CommitOnClose()); }, true},
+        {"another page", [](Bench& bench) { bench.page->Session().OnDeselected(); }, false},
+    };
+    for (const auto& row : kRows) {
+        for (const std::string ask : {"select Own ? save New", "saveas ? save New", "close ? save New"}) {
+            Bench bench;
+            bench.Do("edit 60");
+            bench.while_asked = [&] { row.comes(bench); };
+            const std::string done = ask.starts_with("select")
+                                         ? "Fine:20 Standard:50 New:60 Own:30< Part:40 30"
+                                         : "Fine:20 Standard:50 New:60< Own:30 Part:40 60";
+            Check({ask + ": " + row.what, ask, row.goes_on ? done : "Fine:20 *Standard:50< Own:30 Part:40 60",
+                   ""},
+                  bench);
+            EXPECT_EQ(bench.committed, row.goes_on && ask.starts_with("close")) << ask << row.what;
+        }
+    }
+    Bench closed;
+    closed.Do("edit 60");
+    closed.while_asked = [&] { closed.page->Session().OnDestroy(); };
+    closed.Do("close ? save New");
+    EXPECT_FALSE(closed.committed);
+    EXPECT_TRUE(closed.page->IsModified());
+}
+
+}  // namespace
