@@ -131,6 +131,9 @@ TEST_F(ComponentControl, WhatCannotBeActivatedCostsTheDialogAndLeavesNothing) {
         EXPECT_EQ(error->reason, DialogError::Reason::component_failed);
         EXPECT_EQ(error->control_id, 106u);
         EXPECT_EQ(error->result, row.result);
+        if (row.component_class == std::wstring(L"Hx.Gauge")) {
+            EXPECT_EQ(script().steps.back(), "SetClientSite null") << "it is told that it is over";
+        }
         EXPECT_FALSE(m_dialog.IsCreated());
         EXPECT_EQ(Gauges::LivingWindows(), 0);
         EXPECT_TRUE(Gauges::NoneLeft());
