@@ -111,6 +111,12 @@ demo_scanner() {
     scanner track --exposure 150 --drop --calls
     say "The same at 1500 us: ten times the exposure is ten times the signal, and the strongest of it is too strong:"
     scanner track --exposure 1500
+    say "What the preview shows of a surface under the laser, at the right exposure, at too little and at too much:"
+    local exposure
+    for exposure in 800 200 4000; do
+        HX_REGISTRY=$folder/registry HX_DATA=$folder/data hxctl screenshot preview "build/preview_$exposure.png" \
+            --surface waves --exposure "$exposure" --scale 2
+    done
     say "A scanner that somebody else holds:"
     scanner track --fault AcquireHandle=E_ACCESSDENIED && exit 1
     rm -r "$folder"

@@ -6,8 +6,11 @@
 #include "hxapi/HXPreviewClasses.h"
 #include "platform/com/loader.h"
 #include "platform/com/ole_control.h"
+#include "platform/module/this_module.h"
 #include "platform/system/locale_data.h"
+#include "platform/system/utf8.h"
 #include "platform/ui/component_site.h"
+#include "preview/PreviewTexts.h"
 #include "tests/preview/preview_fixture.h"
 
 namespace {
@@ -117,6 +120,27 @@ TEST_F(ComponentTest, TheScannerMayBeTheLastToLetItGo) {
         EXPECT_EQ(scanners->OnTrackingCycle(&cycle), S_OK);
         scanners.reset();
     }).join();
+}
+
+// What is linked into this program finds the satellites of the library.
+[[maybe_unused]] const bool g_is_named = [] {
+    hx::SetThisModuleFileName(hx::FromUtf8(HX_BIN_DIR "/HXPreview.so").value());
+    return true;
+}();
+
+// What is missing in a language would be English.
+TEST(Texts, AreThereInEveryLanguage) {
+    using hx::preview::PreviewTexts;
+    const PreviewTexts english = hx::preview::LoadTexts("en-US");
+    for (const char* tag : {"de-DE", "es-ES", "fr-FR", "ja-JP"}) {
+        const PreviewTexts texts = hx::preview::LoadTexts(tag);
+        EXPECT_EQ(texts.scale.unit, L"mm");
+        for (const auto text : {&PreviewTexts::weak, &PreviewTexts::saturated, &PreviewTexts::too_bright,
+                                &PreviewTexts::too_dark, &PreviewTexts::nothing_seen}) {
+            EXPECT_FALSE((texts.*text).empty()) << tag;
+            EXPECT_NE(texts.*text, english.*text) << tag;
+        }
+    }
 }
 
 }  // namespace
