@@ -22,7 +22,7 @@ TEXT
 }
 
 TOOLS=(g++ cmake ninja-build)
-LIBRARIES=(libcli11-dev nlohmann-json3-dev libsqlite3-dev libicu-dev)
+LIBRARIES=(libcli11-dev nlohmann-json3-dev libsqlite3-dev libicu-dev qt6-base-dev fonts-dejavu-core)
 TESTING=(libgtest-dev librapidcheck-dev binutils)
 BENCHING=(libpugixml-dev libtinyxml2-dev libexpat1-dev libxml2-dev libcereal-dev libboost-dev
           libboost-serialization-dev)
@@ -172,6 +172,8 @@ configure_without_tests() {
 run_tests() {
     need "${TOOLS[@]}" "${LIBRARIES[@]}" "${TESTING[@]}"
     [ $# -gt 0 ] || set -- release
+    # Windows of tests are on no screen, whatever the desktop says.
+    export QT_QPA_PLATFORM=offscreen
     local preset
     for preset in "$@"; do
         cmake --preset "$preset" -DHX_TESTS=ON >&2
