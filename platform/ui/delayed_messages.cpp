@@ -41,7 +41,7 @@ void Run() {
             TheTimer().earlier.wait_until(lock, due);
             continue;
         }
-        // From here to there under one lock, so that a window that goes meets all that it has.
+        // It is always in one of the two places while the lock is free: a window that goes takes it along.
         PostResult result;
         try {
             result = PostLocked(windows, next->second);
