@@ -3,6 +3,7 @@
 #include "platform/ui/attachment.h"
 #include "platform/ui/codes.h"
 #include "platform/ui/dialog.h"
+#include "platform/ui/dialog_kinds.h"
 #include "platform/ui/renderer.h"
 #include "platform/ui/services.h"
 
@@ -73,10 +74,7 @@ void Control::ModifyStyle(uint32_t remove, uint32_t add) {
 
 std::wstring Control::AccessibleName() const {
     if (!m_accessible_name.empty()) return m_accessible_name;
-    // What is in an edit is no name of it.
-    const bool named_by_text = m_kind == ControlKind::static_text || m_kind == ControlKind::button ||
-                               m_kind == ControlKind::check_box;
-    if (named_by_text && !m_text.empty()) return WithoutMnemonic(m_text);
+    if (IsNamedByText(m_kind) && !m_text.empty()) return WithoutMnemonic(m_text);
     const StaticText* const label = m_parent ? m_parent->LabelOf(*this) : nullptr;
     return label ? WithoutMnemonic(label->Text()) : std::wstring();
 }

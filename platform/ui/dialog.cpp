@@ -75,6 +75,7 @@ std::optional<DialogError> Dialog::CreateAs(std::optional<WindowKind> kind, cons
     Destroy();
     m_result.reset();
     m_template_id = template_id;
+    const WindowHandle handle = Handle();
     std::optional<DialogError> error;
     try {
         error = Make(kind, module, template_id, parent);
@@ -83,12 +84,11 @@ std::optional<DialogError> Dialog::CreateAs(std::optional<WindowKind> kind, cons
         throw;
     }
     if (error) {
-        GiveUp();
+        if (FromHandle(handle) == this) GiveUp();
         error->module_file_name = module ? module->FileName() : std::wstring();
         error->dialog_id = template_id;
         return error;
     }
-    const WindowHandle handle = Handle();
     const bool focus_left = OnInitDialog();
     if (FromHandle(handle) != this || !IsCreated()) return std::nullopt;
     if (focus_left && Kind() == WindowKind::frame) SetFocus(NextTabStop(nullptr, false));
@@ -163,11 +163,15 @@ void Dialog::AttachControls(const DialogTemplate& dialog) {
     }
 }
 
+// A component may do anything, also away with the dialog.
 std::optional<DialogError> Dialog::ActivateComponents(const DialogTemplate& dialog) {
+    const WindowHandle handle = Handle();
     for (size_t i = 0; i < m_controls.size(); ++i) {
         auto* const control = dynamic_cast<ComponentControl*>(m_controls[i]);
         if (!control) continue;
-        const HRESULT result = control->Activate(dialog.controls[i].window_class);
+        HRESULT result = control->Activate(dialog.controls[i].window_class);
+        const bool gone = FromHandle(handle) != this || !IsCreated();
+        if (SUCCEEDED(result) && gone) result = E_ABORT;
         if (SUCCEEDED(result)) continue;
         DialogError error = ErrorOf(DialogError::Reason::component_failed, dialog.controls[i]);
         error.result = result;

@@ -5,6 +5,7 @@
 #include "platform/ui/attachment.h"
 #include "platform/ui/codes.h"
 #include "platform/ui/dialog.h"
+#include "platform/ui/dialog_kinds.h"
 #include "platform/ui/renderer.h"
 #include "platform/ui/services.h"
 
@@ -23,19 +24,16 @@ bool IsPressable(const Control& control) {
 }
 
 bool HasMnemonic(const Control& control, wchar_t letter) {
-    const ControlKind kind = control.Kind();
-    if (kind != ControlKind::static_text && kind != ControlKind::button && kind != ControlKind::check_box) {
-        return false;
-    }
-    return control.IsVisible() && MnemonicOf(control.Text()) == letter;
+    return IsNamedByText(control.Kind()) && control.IsVisible() && MnemonicOf(control.Text()) == letter;
 }
 
-// What a text or a frame at `label` names and can be entered; a text names nothing behind the next one.
+// Where the focus goes from the mnemonic of the text or frame at `label`: from a frame to the first that can
+// have it; a text names nothing behind the next one.
 Control* Labelled(const std::vector<Control*>& controls, size_t label) {
-    const auto* const text = dynamic_cast<const StaticText*>(controls[label]);
+    const bool frame = static_cast<const StaticText&>(*controls[label]).IsGroup();
     for (size_t i = label + 1; i < controls.size(); ++i) {
+        if (!frame && IsNamedByText(controls[i]->Kind())) return nullptr;
         if (TakesFocus(*controls[i])) return controls[i];
-        if (controls[i]->Kind() == ControlKind::static_text && !text->IsGroup()) return nullptr;
     }
     return nullptr;
 }

@@ -65,6 +65,10 @@ std::optional<ControlKind> KindOfLine(const DialogControl& line) {
     return found == std::end(kKinds) ? std::nullopt : std::optional(found->kind);
 }
 
+bool IsNamedByText(ControlKind kind) {
+    return kind == ControlKind::static_text || kind == ControlKind::button || kind == ControlKind::check_box;
+}
+
 std::unique_ptr<Control> MakeControlOf(ControlKind kind) {
     const auto* const found = std::find_if(std::begin(kMakers), std::end(kMakers),
                                            [&](const MakerRow& row) { return row.kind == kind; });

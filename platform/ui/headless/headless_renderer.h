@@ -35,6 +35,7 @@ public:
     virtual size_t Invalidations(const Control& control) const = 0;
     virtual size_t ImmediatePaints(const Control& control) const = 0;
 
+    // Shown and not hidden since: 1 or 0.
     virtual int32_t WaitCursors() const = 0;
     virtual size_t DiscardedMouseMessages() const = 0;
     // Of everything painted from now on.
