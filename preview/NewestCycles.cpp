@@ -48,6 +48,15 @@ void NewestCycles::Attach(WindowHandle window, uint32_t message_id) {
     m_window = window;
     m_message_id = message_id;
     m_listening = false;
+    m_areas_fresh = true;
+    m_changed = true;
+}
+
+void NewestCycles::Detach(WindowHandle window) {
+    const std::scoped_lock lock(m_mutex);
+    if (m_window != window) return;
+    m_window = 0;
+    m_listening = false;
 }
 
 void NewestCycles::Listen() {

@@ -2,7 +2,7 @@
 // takes the place of what nobody has taken, so that nothing queues up. The window is told by one message, and
 // by no other before it has asked for more.
 //
-// Put... and Clear on any thread, Take, Attach and Listen on the window's. A put holds the lock for as long
+// Put... and Clear on any thread, the others on the window's. A put holds the lock for as long
 // as copying the line takes.
 #pragma once
 
@@ -39,8 +39,10 @@ public:
     // Areas that are kept are shown again with the next line.
     void Clear();
 
-    // The window that is told from now on, 0 for none, by a message of that id.
+    // The window that is told from now on, by a message of that id, and that has taken nothing yet. Detach
+    // does nothing if another one has been attached since.
     void Attach(WindowHandle window, uint32_t message_id);
+    void Detach(WindowHandle window);
     // Tell of what comes next; at once if something waits already.
     void Listen();
     // False if nothing is new, and `taken` is then as it was. Memory goes to and fro between both sides.

@@ -19,6 +19,8 @@ public:
 
     const PreviewTexts& Texts() const { return m_texts; }
     void Paint(ui::IPainter& painter, ui::Size size, const PreviewScene& scene);
+    // Fonts may be others now: everything is drawn anew.
+    void Forget() { m_ground.reset(); }
 
 private:
     // What the part that does not move depends on.

@@ -34,7 +34,7 @@ std::vector<PlaneArea> CopyAreas(const TrackingArea* areas, uint32_t area_count)
         const TrackingArea& area = areas[i];
         if (area.corners_mm == nullptr || area.corner_count < 3 || area.corner_count > kMostCorners) continue;
         PlaneArea copy{area.plane_number, {}};
-        for (uint32_t corner = 0; corner < area.corner_count; ++corner) {
+        for (size_t corner = 0; corner < area.corner_count; ++corner) {
             copy.corners_mm.push_back({area.corners_mm[2 * corner], area.corners_mm[2 * corner + 1]});
         }
         if (std::ranges::all_of(copy.corners_mm, IsWithinReach)) copies.push_back(std::move(copy));

@@ -17,11 +17,16 @@ PreviewWindow::PreviewWindow(std::shared_ptr<NewestCycles> cycles, PreviewTexts 
 }
 
 PreviewWindow::~PreviewWindow() {
-    m_cycles->Attach(0, 0);
+    m_cycles->Detach(Handle());
 }
 
 void PreviewWindow::OnPaint(ui::IPainter& painter) {
     m_painter.Paint(painter, ClientSize(), m_scene);
+}
+
+void PreviewWindow::OnAppearanceChanged() {
+    m_painter.Forget();
+    Invalidate();
 }
 
 void PreviewWindow::OnMessage(const WindowMessage& message) {

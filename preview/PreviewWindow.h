@@ -23,6 +23,7 @@ public:
 
     const PreviewScene& Scene() const { return m_scene; }
     void OnPaint(ui::IPainter& painter) override;
+    void OnAppearanceChanged() override;
 
 protected:
     void OnMessage(const WindowMessage& message) override;

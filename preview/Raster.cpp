@@ -40,8 +40,10 @@ DotShape::DotShape(double radius) {
     m_reach = static_cast<int32_t>(std::ceil(radius + 0.5));
     m_side = 2 * m_reach + 1;
     for (int32_t part = 0; part < kParts * kParts; ++part) {
-        const double middle_x = m_reach + (part % kParts + 0.5) / kParts;
-        const double middle_y = m_reach + (part / kParts + 0.5) / kParts;
+        const int32_t column = part % kParts;
+        const int32_t row = part / kParts;
+        const double middle_x = m_reach + (column + 0.5) / kParts;
+        const double middle_y = m_reach + (row + 0.5) / kParts;
         std::vector<uint16_t>& cover = m_cover[static_cast<size_t>(part)];
         for (int32_t y = 0; y < m_side; ++y) {
             for (int32_t x = 0; x < m_side; ++x) {
@@ -126,7 +128,8 @@ void Raster::DrawDot(ui::FinePoint middle, const DotShape& shape, uint32_t pixel
     const double whole_y = std::floor(middle.y);
     const auto part_x = static_cast<int32_t>((middle.x - whole_x) * DotShape::kParts);
     const auto part_y = static_cast<int32_t>((middle.y - whole_y) * DotShape::kParts);
-    const auto& cover = shape.m_cover[static_cast<size_t>(part_y * DotShape::kParts + part_x)];
+    const int32_t part = part_y * DotShape::kParts + part_x;
+    const std::vector<uint16_t>& cover = shape.m_cover[static_cast<size_t>(part)];
     const int32_t left = static_cast<int32_t>(whole_x) - shape.m_reach;
     const int32_t top = static_cast<int32_t>(whole_y) - shape.m_reach;
     const int32_t first_x = std::max(-left, 0);

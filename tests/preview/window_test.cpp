@@ -115,6 +115,17 @@ TEST_F(WindowTest, ClearedItShowsNothingUntilMoreArrives) {
     EXPECT_EQ(m_window->Scene().Areas().size(), 1u);
 }
 
+TEST_F(WindowTest, AnotherWindowKnowsTheAreasToo) {
+    m_cycles->PutAreas(&kSquare, 1);
+    PutCycle({{0, 50, 500, 0}});
+    AwaitPoints(1);
+    auto before = std::move(m_window);
+    m_window = MakePreview(true);
+    before.reset();
+    PutCycle({{0, 50, 500, 0}, {0, 50, 500, 1}});
+    AwaitPoints(2);
+}
+
 TEST_F(WindowTest, LinesOfPlanesWithoutAnAreaAreLeftOut) {
     const TrackingArea both[] = {kSquare, {7, kSquare.corners_mm, 4}};
     m_cycles->PutAreas(both, 2);

@@ -1,0 +1,47 @@
+// hxctl screenshot: a picture comes out, in the size that was asked for.
+#include "tests/apps/hxctl_fixture.h"
+
+namespace {
+
+class Screenshot : public Hxctl {
+protected:
+    // Big-endian, where PNG files have their width (16) and height (20).
+    uint32_t NumberAt(const std::string& file, size_t place) const {
+        uint32_t number = 0;
+        const std::string bytes = Read(file);
+        for (size_t i = place; i < place + 4 && i < bytes.size(); ++i) {
+            number = number << 8 | static_cast<unsigned char>(bytes[i]);
+        }
+        return number;
+    }
+};
+
+TEST_F(Screenshot, ThePreviewHasAPicture) {
+    const Answer answer =
+        Run("screenshot preview out.png --width 300 --height 200 --scale 2 --dark --locale ja-JP");
+    EXPECT_EQ(answer.exit, 0) << answer.err;
+    EXPECT_EQ(answer.out, "out.png\n");
+    EXPECT_EQ(Read("out.png").substr(1, 3), "PNG");
+    EXPECT_EQ(NumberAt("out.png", 16), 600u);
+    EXPECT_EQ(NumberAt("out.png", 20), 400u);
+}
+
+TEST_F(Screenshot, WhatCannotBeDoneIsSaid) {
+    const struct {
+        const char* arguments;
+        int exit;
+        const char* reason;
+    } rows[] = {{"attic out.png", 2, "no page \"attic\""},
+                {"preview out.png --locale xx-nothing", 2, "no locale"},
+                {"preview out.png --surface velvet", 2, "no surface"},
+                {"preview out.png --scale 0", 2, "--scale"},
+                {"preview no/such/folder/out.png", 1, "cannot be written"}};
+    for (const auto& row : rows) {
+        const Answer answer = Run(std::string("screenshot ") + row.arguments);
+        EXPECT_EQ(answer.exit, row.exit) << row.arguments;
+        EXPECT_NE(answer.err.find(row.reason), std::string::npos) << answer.err;
+        EXPECT_EQ(Read("out.png"), "");
+    }
+}
+
+}  // namespace
