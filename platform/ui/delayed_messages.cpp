@@ -1,7 +1,7 @@
 #include <algorithm>
+#include <new>
 #include <system_error>
 #include <thread>
-#include <vector>
 
 #include "platform/system/never_destroyed.h"
 #include "platform/ui/message_queue.h"
@@ -26,32 +26,34 @@ Timer& TheTimer() {
     return *timer;
 }
 
-// What is due is in the queues when the lock is given back, so that a window that goes meets all that it has.
-std::vector<std::shared_ptr<MessageQueue>> PostDue(MessageWindows& windows) {
-    std::vector<std::shared_ptr<MessageQueue>> to_wake;
-    const auto now = Clock::now();
-    while (!windows.delayed.empty() && windows.delayed.begin()->first <= now) {
-        PostResult result = PostLocked(windows, windows.delayed.begin()->second);
-        windows.delayed.erase(windows.delayed.begin());
-        if (result.to_wake) to_wake.push_back(std::move(result.to_wake));
-    }
-    return to_wake;
-}
-
 void Run() {
+    constexpr std::chrono::milliseconds kUntilThereIsMemory(10);
     MessageWindows& windows = AllMessageWindows();
     std::unique_lock lock(windows.mutex);
     for (;;) {
         if (windows.delayed.empty()) {
             TheTimer().earlier.wait(lock);
-        } else {
-            const auto due = windows.delayed.begin()->first;
-            TheTimer().earlier.wait_until(lock, due);
+            continue;
         }
-        const std::vector<std::shared_ptr<MessageQueue>> to_wake = PostDue(windows);
-        if (to_wake.empty()) continue;
+        const auto next = windows.delayed.begin();
+        const Clock::time_point due = next->first;
+        if (due > Clock::now()) {
+            TheTimer().earlier.wait_until(lock, due);
+            continue;
+        }
+        // From here to there under one lock, so that a window that goes meets all that it has.
+        PostResult result;
+        try {
+            result = PostLocked(windows, next->second);
+        } catch (const std::bad_alloc&) {
+            TheTimer().earlier.wait_for(lock, kUntilThereIsMemory);
+            continue;
+        }
+        windows.delayed.erase(next);
+        if (!result.to_wake) continue;
         lock.unlock();
-        for (const std::shared_ptr<MessageQueue>& queue : to_wake) Wake(*queue);
+        Wake(*result.to_wake);
+        result.to_wake.reset();
         lock.lock();
     }
 }

@@ -16,31 +16,11 @@
 #include "platform/ui/anchors.h"
 #include "platform/ui/control.h"
 #include "platform/ui/controls.h"
+#include "platform/ui/dialog_error.h"
 #include "platform/ui/list_box.h"
 #include "platform/ui/window.h"
 
 namespace hx::ui {
-
-// Why a dialog could not be made of its template, in which module, and of which control.
-struct DialogError {
-    enum class Reason {
-        no_window,         // no renderer was set, or a child's parent is not created
-        no_template,       // the module has none of that id
-        unknown_kind,      // no kind of control is called so
-        missing_control,   // one is bound and not in the template
-        wrong_kind,        // one is bound and of another kind
-        repeated_control,  // two have the same id
-        component_failed,  // could not be created; `result` says why
-    };
-    Reason reason = Reason::no_template;
-    std::wstring module_file_name;
-    uint32_t dialog_id = 0;
-    uint32_t control_id = 0;
-    std::wstring kind;   // as the template has it
-    int32_t result = 0;  // HRESULT
-    // "no_template" and so on, for logs.
-    HX_PLATFORM_API static const wchar_t* NameOf(Reason reason);
-};
 
 class HX_PLATFORM_API Dialog : public Window {
 public:
@@ -108,6 +88,7 @@ public:
     bool UserMnemonic(wchar_t character);
     // Where Tab (or with Shift) goes; null if nowhere.
     Control* NextTabStop(const Control* from, bool backwards) const;
+    // As Escape.
     void OnClose() override;
 
 protected:
@@ -117,7 +98,7 @@ protected:
     virtual bool OnInitDialog() { return true; }
     // Of RunModal.
     virtual void OnCreateFailed(const DialogError& /*error*/) {}
-    // OK, Cancel, and closing: end the dialog with IDOK and IDCANCEL.
+    // OK, Cancel, and closing: end the dialog with IDOK and IDCANCEL. OnCommand is not told of these buttons.
     virtual void OnOk() { EndDialog(static_cast<int32_t>(IdOfOk())); }
     virtual void OnCancel();
     void OnSize(const Size& size) override;

@@ -34,8 +34,10 @@ void Dialog::OnSize(const Size& /*size*/) {
     LayOut();
 }
 
+// A component that is moved may do anything, also away with the dialog.
 void Dialog::LayOut() {
-    for (size_t i = 0; i < m_controls.size(); ++i) {
+    const WindowHandle handle = Handle();
+    for (size_t i = 0; FromHandle(handle) == this && i < m_controls.size(); ++i) {
         const auto rule = std::find_if(m_anchors.begin(), m_anchors.end(), [&](const AnchorRule& candidate) {
             return candidate.id == m_controls[i]->Id();
         });

@@ -12,9 +12,9 @@ void ShowRendererWaitCursor(bool shown) {
     if (IRenderer* const renderer = CurrentRenderer()) renderer->ShowWaitCursor(shown);
 }
 
-// The first "&" from there on that marks the next character; "&&" is a character. npos for none.
-size_t NextMark(std::wstring_view text, size_t from) {
-    for (size_t at = text.find(L'&', from); at != std::wstring_view::npos; at = text.find(L'&', at + 2)) {
+// Where the "&" is that marks the next character; "&&" is a character. npos for none.
+size_t MarkIn(std::wstring_view text) {
+    for (size_t at = text.find(L'&'); at != std::wstring_view::npos; at = text.find(L'&', at + 2)) {
         if (at + 1 < text.size() && text[at + 1] != L'&') return at;
     }
     return std::wstring_view::npos;
@@ -47,11 +47,10 @@ uint32_t RunMenu(Window& owner, Point where, const std::vector<MenuLine>& lines)
 }
 
 std::shared_ptr<void> ShowWaitCursor() {
-    std::shared_ptr<void> shown(nullptr, [](void*) {
-        if (--g_wait_cursors == 0) ShowRendererWaitCursor(false);
-    });
     if (g_wait_cursors++ == 0) ShowRendererWaitCursor(true);
-    return shown;
+    return {nullptr, [](void*) {
+                if (--g_wait_cursors == 0) ShowRendererWaitCursor(false);
+            }};
 }
 
 void DiscardMouseMessages() {
@@ -70,7 +69,7 @@ std::wstring WithoutMnemonic(std::wstring_view text) {
 }
 
 wchar_t MnemonicOf(std::wstring_view text) {
-    const size_t mark = NextMark(text, 0);
+    const size_t mark = MarkIn(text);
     return mark == std::wstring_view::npos ? L'\0' : FoldCase(text[mark + 1]);
 }
 

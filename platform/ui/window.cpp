@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "platform/system/never_destroyed.h"
+#include "platform/ui/dialog.h"
 #include "platform/ui/renderer.h"
 
 namespace hx::ui {
@@ -128,6 +129,10 @@ void Window::TellShown(bool shown) {
     for (const Window* const child : m_children) {
         if (child->m_kind == WindowKind::child && child->m_visible) children.push_back(child->Handle());
     }
+    // What is not to be seen cannot have the focus.
+    const WindowHandle own_handle = Handle();
+    if (Dialog* const dialog = shown ? nullptr : AsDialog()) dialog->UserFocus(nullptr);
+    if (FromHandle(own_handle) != this) return;
     OnShown(shown);
     for (const WindowHandle handle : children) {
         Window* const child = FromHandle(handle);

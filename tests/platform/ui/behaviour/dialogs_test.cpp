@@ -168,8 +168,10 @@ TEST_F(Behaviour, AMenuGivesTheEntryThatCanBeChosen) {
 
 TEST_F(Behaviour, AHiddenOrDestroyedFrameTakesItsPartsAlong) {
     page->shown.clear();
+    Get<Edit>(kPowerText).SetFocus();
     frame.Show(false);
     EXPECT_FALSE(page->IsShown());
+    EXPECT_EQ(Events(), (Texts{"13 EN_SETFOCUS", "13 EN_KILLFOCUS"})) << "nobody enters what is not seen";
     page->Show(false);
     page->Show(true);
     frame.Show(true);
