@@ -1,5 +1,6 @@
 #include "platform/ui/qt/list_box_view.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -141,11 +142,21 @@ void ListBoxView::ShowOwn(ControlChange change) {
 }
 
 void ListBoxView::ShowRows() {
-    const int top = verticalScrollBar()->value();
-    m_rows.Reset();
-    // Lays the rows out, without which it does not know how far it can be scrolled.
-    doItemsLayout();
-    verticalScrollBar()->setValue(top);
+    const QSize layout(List()->Count(), List()->RowHeight());
+    if (layout == m_layout) {
+        // Texts are asked for when they are painted; only who reads the screen has to be told.
+        QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::DataChanged);
+        event.setFirstRow(0);
+        event.setLastRow(layout.width() - 1);
+        QAccessible::updateAccessibility(&event);
+    } else {
+        m_layout = layout;
+        const int top = verticalScrollBar()->value();
+        m_rows.Reset();
+        // Without it, it does not know yet how far it can be scrolled.
+        doItemsLayout();
+        verticalScrollBar()->setValue(top);
+    }
     ShowSelection();
     TellScrolled();
 }

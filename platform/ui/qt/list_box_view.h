@@ -76,6 +76,7 @@ private:
 
     RowModel m_rows;
     RowSelection m_selection;
+    QSize m_layout;  // how many rows there are, how high they are
     bool m_in_event = false;
     bool m_pressed = false;  // the event is the mouse's: a click on the selected row is one, too
     bool m_asked = false;    // in this event
