@@ -181,6 +181,9 @@ void Bench::DoStep(const std::string& step) {
     operator_script.while_modal = [&](hx::ui::Dialog&) {
         if (while_asked) std::exchange(while_asked, nullptr)();
     };
+    operator_script.while_box = [&] {
+        if (while_box) std::exchange(while_box, nullptr)();
+    };
     Run(what, argument);
     unanswered += operator_script.Unanswered();
     for (const auto& box : operator_script.TakeBoxes()) m_boxes.push_back(hx::ToUtf8(box.text));

@@ -92,7 +92,8 @@ public:
     std::optional<Page> page;
     bool committed = false;  // the last close was not refused
     size_t unanswered = 0;
-    std::function<void()> while_asked;  // in every question
+    std::function<void()> while_asked;  // in the next question
+    std::function<void()> while_box;    // in the next box
 
 private:
     void DoStep(const std::string& step);

@@ -1,4 +1,5 @@
 // What the operations of the profile editor do: rows, stored values, boxes, and what the scanner is told.
+#include "core/messages/MErrorFormatter.h"
 #include "tests/controls/editor/editor_page.h"
 
 namespace {
@@ -99,6 +100,9 @@ TEST(ProfileEditor, FailuresDamageNoProfile) {
          "Fine:20 *Standard:50< Own:30 Part:40 60"},
         {"own edits are stored before", "select Own; edit 35; !; select Part",
          "Fine:20 Standard:50 Own:35< Part:40 35", "ActivateDynamicSettings", 0, "edit 36; discard",
+         "Fine:20 Standard:50 Own:35< Part:40 35"},
+        {"own edits, and then the name", "select Own; edit 35; !; select Part",
+         "Fine:20 Standard:50 Own:35< Part:40 35", "SetName", 0, "edit 36; discard",
          "Fine:20 Standard:50 Own:35< Part:40 35"},
         {"edits are saved before", "edit 60; !; select Own ? save New",
          "Fine:20 Standard:50 New:60< Own:30 Part:40 60", "ActivateDynamicSettings", 0, "edit 61; discard",
@@ -243,6 +247,17 @@ TEST(ProfileEditor, QuestionsMayBeOvertaken) {
             EXPECT_EQ(bench.committed, row.goes_on && ask.starts_with("close")) << ask << row.what;
         }
     }
+    // A box, in which the page is left: the profile before is still the current one.
+    Bench bench;
+    bench.script.failures = {{"ActivateDynamicSettings", {E_ABORT, 0}}};
+    bench.script.fails_once = true;
+    bench.while_box = [&] { bench.page->Session().OnDeselected(); };
+    Check({"left in a box", "select Own; edit 60", "Fine:20 *Standard:50< Own:30 Part:40 60",
+           hx::ToUtf8(hx::MErrorFormatter::kNoDescription)},
+          bench);
+}
+
+TEST(ProfileEditor, MayBeClosedInAQuestion) {
     Bench closed;
     closed.Do("edit 60");
     closed.while_asked = [&] { closed.page->Session().OnDestroy(); };
