@@ -141,7 +141,7 @@ Bench::Bench(const std::vector<std::string>& presets, const std::string& selecte
     script.selected = Wide(selected);
     m_host.Create(hx::ui::WindowKind::frame, nullptr, {0, 0, 1000, 600});
     m_host.Show(true);
-    page.emplace(script, m_host);
+    page = std::make_unique<Page>(script, m_host);
     m_api = hx::Make<scripted::Api>(script).as<IHXApi>();
     hx::SessionTarget& target = page->Session().Target();
     target = {true, L"driver", L"device", script.selected};

@@ -4,7 +4,7 @@
 #pragma once
 
 #include <list>
-#include <optional>
+#include <memory>
 #include <set>
 #include <sstream>
 
@@ -89,7 +89,7 @@ public:
     hx::MDynamicSettingsPresets& Presets() { return page->Session().Presets(); }
 
     scripted::Script script;
-    std::optional<Page> page;
+    std::unique_ptr<Page> page;
     bool committed = false;  // the last close was not refused
     size_t unanswered = 0;
     std::function<void()> while_asked;  // in the next question
