@@ -82,7 +82,7 @@ void ProfileEditor::Discard(const Scope& scope) {
     if (!m_ready) return;
     CopySettings(*m_baseline, *m_edited);
     const bool shown = SetProfile(m_edited);
-    if (!scope.MayGoOn()) return;
+    if (!scope.IsSessionOpen()) return;
     // The controls have the edits again: they are not dropped.
     if (!shown) return BaseDataToSettings(*m_edited);
     MarkCurrent(false);

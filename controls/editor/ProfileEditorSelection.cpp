@@ -99,16 +99,22 @@ ProfileEditor::Selection ProfileEditor::ShowSelected(const Scope& scope, Edits l
     }
     const std::wstring name = m_list.Row(row).name;
     const ComPtr<IDynamicSettingsPreset> preset = Stored(name);
-    if (preset) {
-        SetNameOf(*preset, name);
-        if (SetProfile(preset)) {
-            return scope.MayGoOn() ? Load(scope, name, preset) : Selection::kNotChanged;
+    bool shown = false;
+    try {
+        if (preset) {
+            SetNameOf(*preset, name);
+            shown = SetProfile(preset);
+        } else {
+            // Another page has deleted it.
+            m_list.Refill();
         }
-        if (!scope.MayGoOn()) return Selection::kNotChanged;
-    } else {
-        // Another page has deleted it.
-        m_list.Refill();
+    } catch (const MException&) {
+        StayWithCurrent(left);
+        throw;
     }
+    // Also if the page was left meanwhile: the controls and the profile have to agree.
+    if (!scope.IsSessionOpen()) return Selection::kNotChanged;
+    if (shown) return Load(scope, name, preset);
     StayWithCurrent(left);
     return Selection::kNotShown;
 }
@@ -137,6 +143,7 @@ ProfileEditor::Selection ProfileEditor::Load(const Scope& scope, const std::wstr
         throw;
     }
     if (not_saved) std::rethrow_exception(not_saved);
+    if (!scope.MayGoOn()) return Selection::kNotChanged;
     const bool shown = SetProfile(m_edited);
     if (!scope.MayGoOn()) return Selection::kNotChanged;
     if (!shown) {

@@ -8,6 +8,7 @@ namespace hx {
 namespace {
 
 constexpr int32_t kItemMargin = 1;
+constexpr int32_t kTextGap = 1;  // above and below, so that no letter touches the frame
 constexpr int32_t kTextInset = 3;
 constexpr int32_t kDotsPerInch = 96;
 constexpr ui::Colour kMarginColour{100, 100, 100};
@@ -55,8 +56,8 @@ std::wstring WithoutTabs(std::wstring_view text) {
 int32_t CProfileListBox::RowHeight() const {
     const ui::IRenderer* const renderer = ui::CurrentRenderer();
     if (renderer == nullptr) return ListBox::RowHeight();
-    const int32_t text_height = renderer->TextExtent(L"X").height;
-    return std::max(1, text_height * renderer->VerticalDotsPerInch() / kDotsPerInch);
+    const int32_t height = renderer->TextExtent(L"X").height + 2 * (kItemMargin + kTextGap);
+    return std::max(1, height * renderer->VerticalDotsPerInch() / kDotsPerInch);
 }
 
 void CProfileListBox::DrawRow(ui::IPainter& painter, const ui::RowDrawing& row) {

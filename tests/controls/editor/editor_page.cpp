@@ -141,7 +141,7 @@ Bench::Bench(const std::vector<std::string>& presets, const std::string& selecte
     script.selected = Wide(selected);
     m_host.Create(hx::ui::WindowKind::frame, nullptr, {0, 0, 1000, 600});
     m_host.Show(true);
-    page.emplace(script, m_host);
+    page = std::make_unique<Page>(script, m_host);
     m_api = hx::Make<scripted::Api>(script).as<IHXApi>();
     hx::SessionTarget& target = page->Session().Target();
     target = {true, L"driver", L"device", script.selected};
@@ -180,6 +180,9 @@ void Bench::DoStep(const std::string& step) {
     operator_script.AnswerModal(AnswerOf("cancel", prompt));
     operator_script.while_modal = [&](hx::ui::Dialog&) {
         if (while_asked) std::exchange(while_asked, nullptr)();
+    };
+    operator_script.while_box = [&] {
+        if (while_box) std::exchange(while_box, nullptr)();
     };
     Run(what, argument);
     unanswered += operator_script.Unanswered();

@@ -4,7 +4,7 @@
 #pragma once
 
 #include <list>
-#include <optional>
+#include <memory>
 #include <set>
 #include <sstream>
 
@@ -89,10 +89,11 @@ public:
     hx::MDynamicSettingsPresets& Presets() { return page->Session().Presets(); }
 
     scripted::Script script;
-    std::optional<Page> page;
+    std::unique_ptr<Page> page;
     bool committed = false;  // the last close was not refused
     size_t unanswered = 0;
-    std::function<void()> while_asked;  // in every question
+    std::function<void()> while_asked;  // in the next question
+    std::function<void()> while_box;    // in the next box
 
 private:
     void DoStep(const std::string& step);

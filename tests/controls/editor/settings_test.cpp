@@ -103,9 +103,11 @@ TEST_F(Settings, ValuesAreTakenWithinTheirBounds) {
     settings.BaseSettingsToData(*Preset("", values));
     EXPECT_EQ(settings.Data().signal_threshold, 100u);
     EXPECT_EQ(settings.Data().gain, 4000000000u) << "any is taken while none are known";
+    settings.BaseSettingsToData(*Preset(""));
     settings.SupportedGains() = {1, 4};
     EXPECT_EQ(Raised([&] { settings.BaseSettingsToData(*Preset("", values)); }),
               kClass + "BaseSettingsToData:GainNotSupported");
+    EXPECT_EQ(settings.Data().gain, 1u) << "it does not get into the record";
     values.gain = 4;
     settings.BaseSettingsToData(*Preset("", values));
     EXPECT_EQ(settings.Data().gain, 4u);
