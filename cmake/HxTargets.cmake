@@ -27,15 +27,10 @@ if(HX_FUZZ)
     target_compile_options(hx_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# What tests test is optimised; they themselves are compiled far more often than they run. (Code full of a sanitizer's
-# checks is costly to optimise.)
+# What tests test is optimised; they themselves are not: they are compiled far more often than they run.
 add_library(hx_test_flags INTERFACE)
 target_link_libraries(hx_test_flags INTERFACE hx_flags)
-if(HX_SANITIZE)
-    target_compile_options(hx_test_flags INTERFACE -O0)
-else()
-    target_compile_options(hx_test_flags INTERFACE $<$<CONFIG:Release>:-O1>)
-endif()
+target_compile_options(hx_test_flags INTERFACE -O0)
 
 # hx_objects(NAME SOURCES... LINK libraries): code of one folder, linked whole into whatever uses it, so that
 # objects that only register something at program start are never dropped by the linker.
