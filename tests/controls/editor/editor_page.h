@@ -68,7 +68,7 @@ class Bench {
 public:
     // "name=display name:laser power" of each.
     explicit Bench(const std::vector<std::string>& presets = {"$DEFAULT=Standard:50", "$FINE=Fine:20",
-                                                              "Own=Own:30", "Part=Part:40"},
+                                                              "Own=Own:30", "Pipe=Pipe:40"},
                    const std::string& selected = "$DEFAULT");
     ~Bench();
 

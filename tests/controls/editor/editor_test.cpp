@@ -6,7 +6,7 @@ namespace {
 
 using editing::Bench;
 
-const std::string kStart = "Fine:20 Standard:50< Own:30 Part:40 50";
+const std::string kStart = "Fine:20 Standard:50< Own:30 Pipe:40 50";
 
 struct Case {
     std::string what;
@@ -26,21 +26,21 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
     const Case kCases[] = {
         {"the host's profile is shown", "", kStart, ""},
         {"a name is refused, then another", "edit 60; select Own ? save own, save New",
-         "Fine:20 Standard:50 New:60 Own:30< Part:40 30", "The profile name 'own' already exists."},
+         "Fine:20 Standard:50 New:60 Own:30< Pipe:40 30", "The profile name 'own' already exists."},
         {"edits of an own one go with the new name", "select Own; edit 35; saveas ? save New",
-         "Fine:20 Standard:50 New:35< Own:30 Part:40 35", ""},
+         "Fine:20 Standard:50 New:35< Own:30 Pipe:40 35", ""},
         {"not to another case of its name", "select Own; rename ? save OWN",
-         "Fine:20 Standard:50 Own:30< Part:40 30", "The profile name 'OWN' already exists."},
-        {"a predefined one cannot be renamed", "edit 60; rename", "Fine:20 *Standard:50< Own:30 Part:40 60",
+         "Fine:20 Standard:50 Own:30< Pipe:40 30", "The profile name 'OWN' already exists."},
+        {"a predefined one cannot be renamed", "edit 60; rename", "Fine:20 *Standard:50< Own:30 Pipe:40 60",
          "'Standard' is a predefined profile. It cannot be renamed."},
         {"a predefined one cannot be deleted", "delete", kStart,
          "'Standard' is a predefined profile. It cannot be deleted."},
         {"saved when closed, it is the new one", "edit 60; close ? save New; edit 65; discard",
-         "Fine:20 Standard:50 New:60< Own:30 Part:40 60", ""},
-        {"edits without a scanner", "unplug; edit 60; plug", "Fine:20 *Standard:50< Own:30 Part:40 60", ""},
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60", ""},
+        {"edits without a scanner", "unplug; edit 60; plug", "Fine:20 *Standard:50< Own:30 Pipe:40 60", ""},
         {"the host's next profile waits for edits",
-         "initialise Part; edit 60; unplug; plug; discard; unplug; plug",
-         "Fine:20 Standard:50 Own:30 Part:40< 40", ""},
+         "initialise Pipe; edit 60; unplug; plug; discard; unplug; plug",
+         "Fine:20 Standard:50 Own:30 Pipe:40< 40", ""},
     };
     for (const Case& row : kCases) {
         Bench bench;
@@ -50,9 +50,9 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
     Bench bench;
     bench.page->Session().Target().initialised = false;
     bench.Do("edit 60");
-    bench.Presets().SetSelectedName(L"Part");
-    Check({"edits stay", "unplug; plug", "Fine:20 *Standard:50< Own:30 Part:40 60", ""}, bench);
-    Check({"without them", "discard; unplug; plug", "Fine:20 Standard:50 Own:30 Part:40< 40", ""}, bench);
+    bench.Presets().SetSelectedName(L"Pipe");
+    Check({"edits stay", "unplug; plug", "Fine:20 *Standard:50< Own:30 Pipe:40 60", ""}, bench);
+    Check({"without them", "discard; unplug; plug", "Fine:20 Standard:50 Own:30 Pipe:40< 40", ""}, bench);
 }
 
 TEST(ProfileEditor, TellsTheScannerAndTheHost) {
@@ -65,14 +65,14 @@ TEST(ProfileEditor, TellsTheScannerAndTheHost) {
         {"edit 60", "ActivateDynamicSettings 60, ActivateDynamicSettings 60"},
         {"select Own ? save New",
          "CreateDynamicSettingsPreset, "
-         "SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Part, New] $DEFAULT, "
-         "ActivateDynamicSettings 30, SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Part, New] "
+         "SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Pipe, New] $DEFAULT, "
+         "ActivateDynamicSettings 30, SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Pipe, New] "
          "Own, ActivateDynamicSettings 30"},
         {"close",
-         "ActivateDynamicSettings 30, SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Part, New] "
-         "Own, ActivateDynamicSettings 30, SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Part, "
+         "ActivateDynamicSettings 30, SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Pipe, New] "
+         "Own, ActivateDynamicSettings 30, SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own, Pipe, "
          "New] Own"},
-        {"rename ? save Zoo", "SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Zoo, Part, New] Zoo"},
+        {"rename ? save Zoo", "SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Zoo, Pipe, New] Zoo"},
         {"edit 31", "ActivateDynamicSettings 31, ActivateDynamicSettings 31"},
         {"discard", "ActivateDynamicSettings 30"},
     };
@@ -97,51 +97,51 @@ TEST(ProfileEditor, FailuresDamageNoProfile) {
     } kRows[] = {
         // The other profile cannot be shown: what is edited next is still the first one.
         {"activation", "select Own", kStart, "ActivateDynamicSettings", 0, "edit 60",
-         "Fine:20 *Standard:50< Own:30 Part:40 60"},
-        {"own edits are stored before", "select Own; edit 35; !; select Part",
-         "Fine:20 Standard:50 Own:35< Part:40 35", "ActivateDynamicSettings", 0, "edit 36; discard",
-         "Fine:20 Standard:50 Own:35< Part:40 35"},
-        {"own edits, and then the name", "select Own; edit 35; !; select Part",
-         "Fine:20 Standard:50 Own:35< Part:40 35", "SetName", 0, "edit 36; discard",
-         "Fine:20 Standard:50 Own:35< Part:40 35"},
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60"},
+        {"own edits are stored before", "select Own; edit 35; !; select Pipe",
+         "Fine:20 Standard:50 Own:35< Pipe:40 35", "ActivateDynamicSettings", 0, "edit 36; discard",
+         "Fine:20 Standard:50 Own:35< Pipe:40 35"},
+        {"own edits, and then the name", "select Own; edit 35; !; select Pipe",
+         "Fine:20 Standard:50 Own:35< Pipe:40 35", "SetName", 0, "edit 36; discard",
+         "Fine:20 Standard:50 Own:35< Pipe:40 35"},
         {"edits are saved before", "edit 60; !; select Own ? save New",
-         "Fine:20 Standard:50 New:60< Own:30 Part:40 60", "ActivateDynamicSettings", 0, "edit 61; discard",
-         "Fine:20 Standard:50 New:60< Own:30 Part:40 60"},
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60", "ActivateDynamicSettings", 0, "edit 61; discard",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60"},
         {"discarding does not come to its end", "edit 60; !; select Own ? discard",
-         "Fine:20 *Standard:50< Own:30 Part:40 60", "ActivateDynamicSettings", 0, "discard", kStart},
-        {"nor by the menu", "edit 60; !; discard", "Fine:20 *Standard:50< Own:30 Part:40 60",
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60", "ActivateDynamicSettings", 0, "discard", kStart},
+        {"nor by the menu", "edit 60; !; discard", "Fine:20 *Standard:50< Own:30 Pipe:40 60",
          "ActivateDynamicSettings", 0, "discard", kStart},
         {"the new one cannot be made", "edit 60; !; saveas ? save New",
-         "Fine:20 *Standard:50< Own:30 Part:40 60", "CreateDynamicSettingsPreset", 0, "saveas ? save New",
-         "Fine:20 Standard:50 New:60< Own:30 Part:40 60"},
-        {"nor stored", "edit 60; !; saveas ? save New", "Fine:20 *Standard:50< Own:30 Part:40 60",
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60", "CreateDynamicSettingsPreset", 0, "saveas ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60"},
+        {"nor stored", "edit 60; !; saveas ? save New", "Fine:20 *Standard:50< Own:30 Pipe:40 60",
          "SaveDynamicSettingsPresets", 0, "saveas ? save New",
-         "Fine:20 Standard:50 New:60< Own:30 Part:40 60"},
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60"},
         {"nor stored when asked", "edit 60; !; select Own ? save New",
-         "Fine:20 *Standard:50< Own:30 Part:40 60", "SaveDynamicSettingsPresets", 0, "select Own ? save New",
-         "Fine:20 Standard:50 New:60 Own:30< Part:40 30"},
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60", "SaveDynamicSettingsPresets", 0, "select Own ? save New",
+         "Fine:20 Standard:50 New:60 Own:30< Pipe:40 30"},
         // The selection itself is in effect.
-        {"the selection is not stored", "select Own", "Fine:20 Standard:50 Own:30< Part:40 30",
-         "SaveDynamicSettingsPresets", 0, "edit 35; select Part", "Fine:20 Standard:50 Own:35 Part:40< 40"},
+        {"the selection is not stored", "select Own", "Fine:20 Standard:50 Own:30< Pipe:40 30",
+         "SaveDynamicSettingsPresets", 0, "edit 35; select Pipe", "Fine:20 Standard:50 Own:35 Pipe:40< 40"},
         {"a rename is not stored", "select Own; !; rename ? save Zoo",
-         "Fine:20 Standard:50 Part:40 Zoo:30< 30", "SaveDynamicSettingsPresets", 0, "edit 35; select Part",
-         "Fine:20 Standard:50 Part:40< Zoo:35 40"},
-        {"a deletion is not stored", "select Own; !; delete", "Fine:20 Standard:50 Part:40< 40",
-         "SaveDynamicSettingsPresets", 0, "edit 45; discard", "Fine:20 Standard:50 Part:40< 40"},
+         "Fine:20 Standard:50 Pipe:40 Zoo:30< 30", "SaveDynamicSettingsPresets", 0, "edit 35; select Pipe",
+         "Fine:20 Standard:50 Pipe:40< Zoo:35 40"},
+        {"a deletion is not stored", "select Own; !; delete", "Fine:20 Standard:50 Pipe:40< 40",
+         "SaveDynamicSettingsPresets", 0, "edit 45; discard", "Fine:20 Standard:50 Pipe:40< 40"},
         // Nothing can be edited while the page and the profile do not agree.
-        {"a read after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Part:40 disabled",
-         "GetMaxInclination", 1, "edit 60; select Part; select Own",
-         "Fine:20 Standard:50 Own:30< Part:40 30"},
-        {"a write after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Part:40 disabled",
-         "SetRFEnabled", 0, "saveas ? save New", "Fine:20 Standard:50 New:30< Own:30 Part:40 30"},
-        {"the edits are not read", "select Own; edit 35; !; select Part",
-         "Fine:20 Standard:50 *Own:30< Part:40 35", "GetLaserPower", 0, "select Part",
-         "Fine:20 Standard:50 Own:35 Part:40< 40"},
+        {"a read after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Pipe:40 disabled",
+         "GetMaxInclination", 1, "edit 60; select Pipe; select Own",
+         "Fine:20 Standard:50 Own:30< Pipe:40 30"},
+        {"a write after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Pipe:40 disabled",
+         "SetRFEnabled", 0, "saveas ? save New", "Fine:20 Standard:50 New:30< Own:30 Pipe:40 30"},
+        {"the edits are not read", "select Own; edit 35; !; select Pipe",
+         "Fine:20 Standard:50 *Own:30< Pipe:40 35", "GetLaserPower", 0, "select Pipe",
+         "Fine:20 Standard:50 Own:35 Pipe:40< 40"},
         {"after a deletion nothing else is shown", "select Own; !; delete",
-         "Fine:20 Standard:50 Part:40< disabled", "ActivateDynamicSettings", 0, "select $FINE; select Part",
-         "Fine:20 Standard:50 Part:40< 40"},
-        {"closing without a store", "select Own; edit 35; !; close", "Fine:20 Standard:50 Own:35< Part:40 35",
-         "SaveDynamicSettingsPresets", 0, "edit 36; close", "Fine:20 Standard:50 Own:36< Part:40 36"},
+         "Fine:20 Standard:50 Pipe:40< disabled", "ActivateDynamicSettings", 0, "select $FINE; select Pipe",
+         "Fine:20 Standard:50 Pipe:40< 40"},
+        {"closing without a store", "select Own; edit 35; !; close", "Fine:20 Standard:50 Own:35< Pipe:40 35",
+         "SaveDynamicSettingsPresets", 0, "edit 36; close", "Fine:20 Standard:50 Own:36< Pipe:40 36"},
     };
     for (const auto& row : kRows) {
         Bench bench;
@@ -165,20 +165,20 @@ TEST(ProfileEditor, ProfilesThatCannotBeShownLeaveTheListUsable) {
     bench.script.gains = {L"4"};
     bench.Do("unplug; plug");
     EXPECT_EQ(bench.Boxes(), "The scanner doesn't support the gain setting of this profile.");
-    EXPECT_EQ(bench.State(), "Fine:20 Standard:50< Own:30 Part:40 disabled");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50< Own:30 Pipe:40 disabled");
     bench.Do("edit 60; saveas ? save Copy");
     EXPECT_EQ(bench.Boxes(), "The scanner doesn't support the gain setting of this profile.");
-    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50< Own:30 Part:40 disabled") << "as it is stored";
-    bench.Presets().FindPreset(L"Part")->SetAnalogImagerGain(4);
-    Check({"another one can", "select Part; edit 45", "Fine:20 Standard:50 Copy:50 Own:30 *Part:40< 45", ""},
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50< Own:30 Pipe:40 disabled") << "as it is stored";
+    bench.Presets().FindPreset(L"Pipe")->SetAnalogImagerGain(4);
+    Check({"another one can", "select Pipe; edit 45", "Fine:20 Standard:50 Copy:50 Own:30 *Pipe:40< 45", ""},
           bench);
     // With edits, too.
     bench.script.gains = {L"1"};
     bench.Do("unplug; plug");
     EXPECT_NE(bench.Boxes(), "");
-    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50 Own:30 *Part:40< disabled");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50 Own:30 *Pipe:40< disabled");
     bench.Do("select Own");
-    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50 Own:30< Part:45 30");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50 Own:30< Pipe:45 30");
     EXPECT_EQ(bench.Wrong(), "");
 }
 
@@ -191,7 +191,7 @@ TEST(ProfileEditor, EditsOutliveSetUpsThatFail) {
         bench.Do("plug");
         EXPECT_NE(bench.Boxes(), "");
         bench.script.failures.clear();
-        Check({failing, "unplug; plug; select Part", "Fine:20 Standard:50 Own:35 Part:40< 40", ""}, bench);
+        Check({failing, "unplug; plug; select Pipe", "Fine:20 Standard:50 Own:35 Pipe:40< 40", ""}, bench);
     }
 }
 
@@ -204,15 +204,15 @@ TEST(ProfileEditor, ProfilesMayBeGone) {
         const char* then;
         const char* state;
     } kRows[] = {
-        {"the one that is left", "select Own; edit 35", "Own", "select Part",
-         "Fine:20 Standard:50 Part:40< 40"},
+        {"the one that is left", "select Own; edit 35", "Own", "select Pipe",
+         "Fine:20 Standard:50 Pipe:40< 40"},
         {"a predefined one that is saved", "edit 60", "$DEFAULT", "select Own ? save New",
-         "Fine:20 New:60 Own:30< Part:40 30"},
-        {"the one that is selected", "", "Own", "select Own", "Fine:20 Standard:50< Part:40 50"},
+         "Fine:20 New:60 Own:30< Pipe:40 30"},
+        {"the one that is selected", "", "Own", "select Own", "Fine:20 Standard:50< Pipe:40 50"},
         {"its edits while it is set up", "select Own; edit 35", "Own", "unplug; plug; saveas ? save New",
-         "Fine:20 Standard:50 New:35< Part:40 35"},
-        {"the one that is renamed", "select Own", "Own", "rename ? save New; select Part",
-         "Fine:20 Standard:50 Part:40< 40"},
+         "Fine:20 Standard:50 New:35< Pipe:40 35"},
+        {"the one that is renamed", "select Own", "Own", "rename ? save New; select Pipe",
+         "Fine:20 Standard:50 Pipe:40< 40"},
     };
     for (const auto& row : kRows) {
         Bench bench;
@@ -239,9 +239,9 @@ TEST(ProfileEditor, QuestionsMayBeOvertaken) {
             bench.Do("edit 60");
             bench.while_asked = [&] { row.comes(bench); };
             const std::string done = ask.starts_with("select")
-                                         ? "Fine:20 Standard:50 New:60 Own:30< Part:40 30"
-                                         : "Fine:20 Standard:50 New:60< Own:30 Part:40 60";
-            Check({ask + ": " + row.what, ask, row.goes_on ? done : "Fine:20 *Standard:50< Own:30 Part:40 60",
+                                         ? "Fine:20 Standard:50 New:60 Own:30< Pipe:40 30"
+                                         : "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60";
+            Check({ask + ": " + row.what, ask, row.goes_on ? done : "Fine:20 *Standard:50< Own:30 Pipe:40 60",
                    ""},
                   bench);
             EXPECT_EQ(bench.committed, row.goes_on && ask.starts_with("close")) << ask << row.what;
@@ -252,7 +252,7 @@ TEST(ProfileEditor, QuestionsMayBeOvertaken) {
     bench.script.failures = {{"ActivateDynamicSettings", {E_ABORT, 0}}};
     bench.script.fails_once = true;
     bench.while_box = [&] { bench.page->Session().OnDeselected(); };
-    Check({"left in a box", "select Own; edit 60", "Fine:20 *Standard:50< Own:30 Part:40 60",
+    Check({"left in a box", "select Own; edit 60", "Fine:20 *Standard:50< Own:30 Pipe:40 60",
            hx::ToUtf8(hx::MErrorFormatter::kNoDescription)},
           bench);
 }
