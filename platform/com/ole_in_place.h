@@ -6,9 +6,11 @@
 #include "platform/com/unknown.h"
 #include "platform/com/window_types.h"
 
+// NOLINTBEGIN(bugprone-reserved-identifier): so named by the system
 struct HACCEL__;
 struct HMENU__;
 struct HOLEMENU__;
+// NOLINTEND(bugprone-reserved-identifier)
 struct IOleInPlaceActiveObject;
 struct OLEMENUGROUPWIDTHS;
 using HACCEL = HACCEL__*;

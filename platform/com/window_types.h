@@ -4,7 +4,7 @@
 #include "platform/com/types.h"
 
 // Names a window; what it points at is nobody's business. platform/ui/hwnd.h makes windows of it.
-struct HWND__;
+struct HWND__;  // NOLINT(bugprone-reserved-identifier): so named by the system
 using HWND = HWND__*;
 
 using WPARAM = uint64_t;

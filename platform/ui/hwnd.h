@@ -9,6 +9,7 @@
 namespace hx::ui {
 
 inline HWND ToHwnd(WindowHandle window) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): so a handle travels
     return reinterpret_cast<HWND>(static_cast<uintptr_t>(window));
 }
 inline WindowHandle ToHandle(HWND window) {

@@ -62,7 +62,8 @@ protected:
         const int height = fontMetrics().height();
         const QSize title_size = fontMetrics().size(Qt::TextShowMnemonic, title());
         const QRect place(QPoint(kBeforeTitle, 0), title_size);
-        const QRectF frame = QRectF(rect()).adjusted(0.5, height / 2 + 0.5, -0.5, -0.5);
+        const int middle = height / 2;
+        const QRectF frame = QRectF(rect()).adjusted(0.5, middle + 0.5, -0.5, -0.5);
         painter.save();
         if (!title().isEmpty()) {
             const QRect gap = place.adjusted(-kAroundTitle, 0, kAroundTitle, 0);
