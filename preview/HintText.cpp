@@ -10,6 +10,7 @@ namespace {
 constexpr int32_t kGap = 6;
 constexpr int32_t kSign = 22;  // its width
 constexpr int32_t kTextLeft = kGap + kSign + kGap;
+constexpr std::wstring_view kEllipsis = L"\u2026";
 
 // How many characters from the start fit; at least one.
 size_t Fitting(const ui::IPainter& painter, std::wstring_view text, int32_t width) {
@@ -53,8 +54,14 @@ std::vector<std::wstring> WarningLines(const ui::IPainter& painter, std::wstring
     std::vector<std::wstring> lines;
     while (!text.empty()) {
         const bool is_last = lines.size() + 1 == kMostHintLines;
-        const size_t length = is_last ? text.size() : Fitting(painter, text, width);
+        const bool is_cut = is_last && painter.TextExtent(text).width > width;
+        const size_t length =
+            Fitting(painter, text, is_cut ? width - painter.TextExtent(kEllipsis).width : width);
         lines.emplace_back(text.substr(0, length));
+        if (is_cut) {
+            lines.back() += kEllipsis;
+            break;
+        }
         text.remove_prefix(length);
         text.remove_prefix(std::min(text.find_first_not_of(L' '), text.size()));
     }

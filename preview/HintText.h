@@ -10,7 +10,7 @@
 namespace hx::preview {
 
 // The text as it stands in a band of that width: parted at blanks, or between characters where a word is too
-// long or has none; what is more than kMostHintLines ends the last line.
+// long or has none; the last of kMostHintLines ends with an ellipsis if there is more.
 std::vector<std::wstring> WarningLines(const ui::IPainter& painter, std::wstring_view text,
                                        int32_t band_width);
 

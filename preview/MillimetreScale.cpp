@@ -7,7 +7,7 @@
 namespace hx::preview {
 namespace {
 
-constexpr double kMostTicks = 200;
+constexpr int kMostTicks = 200;
 constexpr int kMostDecimals = 9;
 
 }  // namespace
@@ -26,8 +26,9 @@ std::vector<double> TicksBetween(double from_mm, double to_mm, double step_mm) {
     std::vector<double> ticks;
     if (!(step_mm > 0) || !((to_mm - from_mm) / step_mm < kMostTicks)) return ticks;
     const double first = std::ceil(from_mm / step_mm - 1e-9);
-    for (double tick = first; tick * step_mm <= to_mm + step_mm * 1e-9; tick += 1) {
-        ticks.push_back(tick * step_mm + 0.0);  // no negative zero
+    if (first + 1 == first) return ticks;  // finer than numbers of that size are
+    for (int i = 0; i < kMostTicks && (first + i) * step_mm <= to_mm + step_mm * 1e-9; ++i) {
+        ticks.push_back((first + i) * step_mm + 0.0);  // no negative zero
     }
     return ticks;
 }

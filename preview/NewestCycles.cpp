@@ -65,23 +65,32 @@ void NewestCycles::Listen() {
     if (m_changed) Tell(std::move(lock));
 }
 
+void NewestCycles::AwaitMore(WindowHandle window) {
+    const std::scoped_lock lock(m_mutex);
+    if (m_window == window) m_listening = true;
+}
+
 bool NewestCycles::Take(TakenCycles& taken) {
     const std::scoped_lock lock(m_mutex);
-    if (!std::exchange(m_changed, false)) return false;
-    taken.blank = m_blank;
-    if (std::exchange(m_areas_fresh, false)) {
+    if (!m_changed) return false;
+    // What memory is short for stays fresh, so that it is taken the next time.
+    if (m_areas_fresh) {
         taken.areas = m_areas;
+        m_areas_fresh = false;
         std::erase_if(taken.lines,
                       [&](const PlaneLine& line) { return !HasArea(m_areas, line.plane_number); });
     }
     if (std::exchange(m_cleared, false)) taken.lines.clear();
     for (Slot& slot : m_slots) {
-        if (!std::exchange(slot.fresh, false)) continue;
+        if (!slot.fresh) continue;
         const int32_t plane = slot.line.plane_number;
         auto line = std::ranges::find(taken.lines, plane, &PlaneLine::plane_number);
         if (line == taken.lines.end()) line = taken.lines.insert(line, {plane, 0, {}});
         std::swap(*line, slot.line);
+        slot.fresh = false;
     }
+    taken.blank = m_blank;
+    m_changed = false;
     return true;
 }
 
@@ -102,7 +111,13 @@ void NewestCycles::Tell(std::unique_lock<std::mutex> lock) {
     const WindowHandle window = m_window;
     const uint32_t id = m_message_id;
     lock.unlock();
-    PostWindowMessage(window, {id, 0, 0});
+    try {
+        PostWindowMessage(window, {id, 0, 0});
+    } catch (...) {
+        // The next change tells it instead.
+        AwaitMore(window);
+        throw;
+    }
 }
 
 }  // namespace hx::preview

@@ -43,9 +43,13 @@ public:
     // does nothing if another one has been attached since.
     void Attach(WindowHandle window, uint32_t message_id);
     void Detach(WindowHandle window);
-    // Tell of what comes next; at once if something waits already.
+    // Tell of what comes next; at once if something waits already. Throws std::bad_alloc, and then tells of
+    // what comes next.
     void Listen();
+    // Tell that window of what comes next, and not of what waits already: for this no memory is needed.
+    void AwaitMore(WindowHandle window);
     // False if nothing is new, and `taken` is then as it was. Memory goes to and fro between both sides.
+    // Throws std::bad_alloc; what was not taken is there the next time.
     bool Take(TakenCycles& taken);
 
 private:

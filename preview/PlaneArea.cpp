@@ -37,7 +37,10 @@ std::vector<PlaneArea> CopyAreas(const TrackingArea* areas, uint32_t area_count)
         for (size_t corner = 0; corner < area.corner_count; ++corner) {
             copy.corners_mm.push_back({area.corners_mm[2 * corner], area.corners_mm[2 * corner + 1]});
         }
-        if (std::ranges::all_of(copy.corners_mm, IsWithinReach)) copies.push_back(std::move(copy));
+        if (!std::ranges::all_of(copy.corners_mm, IsWithinReach)) continue;
+        std::erase_if(copies,
+                      [&](const PlaneArea& other) { return other.plane_number == copy.plane_number; });
+        copies.push_back(std::move(copy));
     }
     return copies;
 }

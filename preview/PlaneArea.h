@@ -31,7 +31,8 @@ struct PlaneArea {
     bool operator==(const PlaneArea&) const = default;
 };
 
-// Those of at least three corners, all of which are numbers within reach. Throws std::bad_alloc.
+// Those of at least three corners, all of which are numbers within reach; of several for one plane the last.
+// Throws std::bad_alloc.
 std::vector<PlaneArea> CopyAreas(const TrackingArea* areas, uint32_t area_count);
 
 }  // namespace hx::preview

@@ -5,12 +5,13 @@
 namespace hx::preview {
 
 bool PreviewScene::Update(NewestCycles& cycles) {
-    if (!cycles.Take(m_taken)) return false;
+    if (cycles.Take(m_taken)) m_behind = true;
+    if (!m_behind) return false;
     const std::vector<PlaneArea> nothing;
     const std::vector<PlaneArea>& areas = m_taken.blank ? nothing : m_taken.areas;
     if (areas != m_areas) {
-        m_areas = areas;
         ++m_areas_version;
+        m_areas = areas;
     }
     ++m_version;
     Clip();
@@ -19,6 +20,7 @@ bool PreviewScene::Update(NewestCycles& cycles) {
     } else {
         m_hint.Next(m_counts);
     }
+    m_behind = false;
     return true;
 }
 

@@ -18,7 +18,7 @@ struct VisiblePoint {
 
 class PreviewScene {
 public:
-    // Takes what is new; false if nothing is.
+    // Takes what is new; false if nothing is. Throws std::bad_alloc; the next call makes up for it.
     bool Update(NewestCycles& cycles);
 
     // Empty while there is nothing to be seen.
@@ -34,6 +34,7 @@ private:
     void Add(const PlaneLine& line);
 
     TakenCycles m_taken;
+    bool m_behind = false;  // what was taken is not shown yet
     std::vector<PlaneArea> m_areas;
     std::vector<VisiblePoint> m_points;
     SignalCounts m_counts;

@@ -1,5 +1,6 @@
 #include "preview/PreviewWindow.h"
 
+#include <exception>
 #include <utility>
 
 namespace hx::preview {
@@ -8,6 +9,8 @@ namespace {
 constexpr uint32_t kCyclesMessage = 1;
 constexpr uint32_t kRefreshMessage = 2;
 constexpr uint32_t kHintMessage = 3;
+
+using Clock = std::chrono::steady_clock;
 
 }  // namespace
 
@@ -40,7 +43,7 @@ void PreviewWindow::OnMessage(const WindowMessage& message) {
             break;
         case kHintMessage:
             m_telling_waits = false;
-            TellHint();
+            HintLasts();
             break;
         default:
             break;
@@ -57,34 +60,56 @@ void PreviewWindow::OnShown(bool) {
 
 void PreviewWindow::Refresh() {
     if (!IsShown() || m_refresh_waits) return;
-    const auto now = std::chrono::steady_clock::now();
+    const auto now = Clock::now();
     const auto since = std::chrono::duration_cast<std::chrono::milliseconds>(now - m_refreshed);
-    if (since < kShortestInterval) {
-        m_refresh_waits =
-            PostWindowMessageAfter(Handle(), {kRefreshMessage, 0, 0}, kShortestInterval - since);
-        return;
-    }
+    if (since < kShortestInterval && RefreshLater(kShortestInterval - since)) return;
     m_refreshed = now;
-    const Hint before = m_scene.CurrentHint();
-    if (m_scene.Update(*m_cycles)) Invalidate();
-    if (m_scene.CurrentHint() != before) HintChanged();
-    m_cycles->Listen();
+    try {
+        const Hint before = m_scene.CurrentHint();
+        if (m_scene.Update(*m_cycles)) Invalidate();
+        if (m_scene.CurrentHint() != before) m_hint_since = now;
+        HintLasts();
+        m_cycles->Listen();
+    } catch (const std::exception&) {
+        // Memory is short: another try a little later, or with the next line.
+        if (!RefreshLater(kShortestInterval)) m_cycles->AwaitMore(Handle());
+    }
 }
 
-void PreviewWindow::HintChanged() {
-    if (m_telling_waits) return;
-    m_telling_waits = PostWindowMessageAfter(Handle(), {kHintMessage, 0, 0}, kHintLasts);
+bool PreviewWindow::RefreshLater(std::chrono::milliseconds delay) {
+    try {
+        m_refresh_waits = PostWindowMessageAfter(Handle(), {kRefreshMessage, 0, 0}, delay);
+    } catch (const std::exception&) {
+        m_refresh_waits = false;
+    }
+    return m_refresh_waits;
+}
+
+void PreviewWindow::HintLasts() {
+    if (m_telling_waits || m_scene.CurrentHint() == m_told_hint) return;
+    const auto rest = std::chrono::ceil<std::chrono::milliseconds>(m_hint_since + kHintLasts - Clock::now());
+    try {
+        if (rest.count() > 0) {
+            m_telling_waits = PostWindowMessageAfter(Handle(), {kHintMessage, 0, 0}, rest);
+        } else {
+            TellHint();
+        }
+    } catch (const std::exception&) {
+        // Memory is short: the next picture asks again.
+        m_telling_waits = false;
+    }
 }
 
 void PreviewWindow::TellHint() {
-    if (std::exchange(m_told_hint, m_scene.CurrentHint()) == m_scene.CurrentHint()) return;
     // Somebody may have given it another name since.
     if (AccessibleName() != m_told_name) m_name = AccessibleName();
-    const std::wstring& hint = m_painter.Texts().Of(m_told_hint);
-    m_told_name = m_name;
-    if (!m_name.empty() && !hint.empty()) m_told_name += L": ";
-    m_told_name += hint;
-    SetAccessibleName(m_told_name);
+    const std::wstring& hint = m_painter.Texts().Of(m_scene.CurrentHint());
+    std::wstring told = m_name;
+    if (!m_name.empty() && !hint.empty()) told += L": ";
+    told += hint;
+    SetAccessibleName(told);
+    m_told_name = std::move(told);
+    m_told_hint = m_scene.CurrentHint();
 }
 
 }  // namespace hx::preview

@@ -31,15 +31,20 @@ protected:
     void OnShown(bool shown) override;
 
 private:
+    // These do not throw.
     void Refresh();
-    // Reads the hint out later, unless that is going to be done already.
-    void HintChanged();
+    // False if there is no memory for it.
+    bool RefreshLater(std::chrono::milliseconds delay);
+    // Reads out a hint that has not been, as soon as it has lasted.
+    void HintLasts();
+
     void TellHint();
 
     const std::shared_ptr<NewestCycles> m_cycles;
     PreviewScene m_scene;
     PicturePainter m_painter;
     std::chrono::steady_clock::time_point m_refreshed;
+    std::chrono::steady_clock::time_point m_hint_since;
     bool m_refresh_waits = false;
     bool m_telling_waits = false;
     Hint m_told_hint = Hint::none;

@@ -26,7 +26,8 @@ double SignalCounts::MedianPortion() const {
 Hint SignalHint::Next(const SignalCounts& counts) {
     const bool was_bright = m_hint == Hint::too_bright;
     const bool was_dark = m_hint == Hint::too_dark;
-    if (counts.Points() == 0) {
+    const bool was_nothing = m_hint == Hint::nothing_seen;
+    if (counts.Points() < (was_nothing ? kFewestSeenAgain_points : kFewestSeen_points)) {
         m_hint = Hint::nothing_seen;
     } else if (counts.SaturatedPortion() >= (was_bright ? kNotTooBright_portion : kTooBright_portion)) {
         m_hint = Hint::too_bright;

@@ -39,6 +39,9 @@ public:
     // do already.
     static constexpr double kTooDark_portion = 0.15;
     static constexpr double kNotTooDark_portion = 0.20;
+    // A point here and there is no line yet.
+    static constexpr uint32_t kFewestSeen_points = 1;
+    static constexpr uint32_t kFewestSeenAgain_points = 10;
 
     Hint Current() const { return m_hint; }
     // What is to be shown with the picture that has these signals.

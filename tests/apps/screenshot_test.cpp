@@ -35,6 +35,9 @@ TEST_F(Screenshot, WhatCannotBeDoneIsSaid) {
                 {"preview out.png --locale xx-nothing", 2, "no locale"},
                 {"preview out.png --surface velvet", 2, "no surface"},
                 {"preview out.png --scale 0", 2, "--scale"},
+                {"preview out.png --scale NaN", 2, "--scale"},
+                {"preview out.png --width 4096 --height 4096 --scale 4", 2, "too large"},
+                {"preview \"\"", 1, "cannot be written"},
                 {"preview no/such/folder/out.png", 1, "cannot be written"}};
     for (const auto& row : rows) {
         const Answer answer = Run(std::string("screenshot ") + row.arguments);

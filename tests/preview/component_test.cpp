@@ -97,6 +97,20 @@ TEST_F(ComponentTest, ResetIsCalledByNumberAndByName) {
     Close();
 }
 
+TEST_F(ComponentTest, ActivatedAgainItStillKnowsTheAreas) {
+    Open("en-US");
+    Deliver({{0, 50, 500, 0}});
+    ASSERT_TRUE(DispatchUntil([&] { return PaintedText().find(L"mm") != std::wstring::npos; }));
+    const RECT place{0, 0, 240, 280};
+    EXPECT_EQ(m_object.as<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+    ASSERT_TRUE(m_frame.Children().empty());
+    ASSERT_EQ(m_object.as<IOleObject>()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, m_site.get(), 0, nullptr,
+                                                &place),
+              S_OK);
+    EXPECT_TRUE(DispatchUntil([&] { return PaintedText().find(L"mm") != std::wstring::npos; }));
+    Close();
+}
+
 TEST_F(ComponentTest, NothingIsTakenOfNullPointers) {
     Open("en-US");
     EXPECT_EQ(m_observer->OnTrackingCycle(nullptr), E_POINTER);

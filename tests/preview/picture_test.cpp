@@ -53,7 +53,14 @@ TEST(PlaneArea, OnlySensibleAreasAreCopied) {
     ASSERT_EQ(copies.size(), 1u);
     EXPECT_EQ(copies[0].plane_number, 0);
     EXPECT_TRUE(CopyAreas(nullptr, 5).empty());
-    const std::vector<TrackingArea> many(1000, rows[0]);
+    const double another[] = {0, 0, 2, 0, 2, 2};
+    const TrackingArea twice[] = {{7, good, 3}, {8, good, 3}, {7, another, 3}, {7, huge, 3}};
+    const auto last = CopyAreas(twice, 4);
+    ASSERT_EQ(last.size(), 2u);
+    EXPECT_EQ(last[1].plane_number, 7);
+    EXPECT_EQ(last[1].corners_mm[1].x_mm, 2);
+    std::vector<TrackingArea> many(1000, rows[0]);
+    for (int32_t i = 0; i < 1000; ++i) many[static_cast<size_t>(i)].plane_number = i;
     EXPECT_EQ(CopyAreas(many.data(), 1000).size(), kMostPlanes);
 }
 
@@ -79,6 +86,8 @@ TEST(MillimetreScale, StepsAndNumbersAreRound) {
     EXPECT_EQ(TicksBetween(-0.25, 0.2, 0.1).size(), 5u);
     EXPECT_TRUE(TicksBetween(0, 1e9, 1).empty());
     EXPECT_TRUE(TicksBetween(0, 1, 0).empty());
+    EXPECT_TRUE(TicksBetween(1e9, 1e9 + 1.2e-7, 2e-8).empty());
+    EXPECT_EQ(TicksBetween(1e9, 1e9 + 1, 0.25).size(), 5u);
 }
 
 TEST(PictureLayout, AreasFitAtEqualScalesWithNumbersBesideThem) {
@@ -190,10 +199,12 @@ TEST(SignalHint, StaysUntilThePictureIsClearlyBetter) {
     const struct {
         int weak, good, saturated;
         Hint expected;
-    } steps[] = {{0, 100, 0, Hint::none},      {0, 97, 3, Hint::none},         {0, 95, 5, Hint::too_bright},
-                 {0, 97, 3, Hint::too_bright}, {0, 99, 1, Hint::none},         {40, 60, 0, Hint::none},
-                 {60, 40, 0, Hint::too_dark},  {60, 30, 10, Hint::too_bright}, {0, 0, 0, Hint::nothing_seen},
-                 {10, 90, 0, Hint::none},      {1, 0, 0, Hint::too_dark}};
+    } steps[] = {{0, 100, 0, Hint::none},       {0, 97, 3, Hint::none},         {0, 95, 5, Hint::too_bright},
+                 {0, 97, 3, Hint::too_bright},  {0, 99, 1, Hint::none},         {40, 60, 0, Hint::none},
+                 {60, 40, 0, Hint::too_dark},   {60, 30, 10, Hint::too_bright}, {0, 0, 0, Hint::nothing_seen},
+                 {10, 90, 0, Hint::none},       {1, 0, 0, Hint::too_dark},      {0, 0, 0, Hint::nothing_seen},
+                 {1, 0, 0, Hint::nothing_seen}, {0, 9, 0, Hint::nothing_seen},  {10, 0, 0, Hint::too_dark},
+                 {1, 0, 0, Hint::too_dark}};
     for (const auto& step : steps) {
         EXPECT_EQ(hint.Next(Counts(step.weak, step.good, step.saturated)), step.expected)
             << step.weak << ", " << step.good << ", " << step.saturated;

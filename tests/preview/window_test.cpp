@@ -85,6 +85,29 @@ TEST_F(WindowTest, AHintIsShownWithThePictureAndReadOutWhenItLasts) {
         DispatchUntil([&] { return m_window->AccessibleName().starts_with(L"View: No laser line"); }));
 }
 
+// Another one has been there for most of the time.
+TEST_F(WindowTest, AHintIsReadOutOnlyAfterItHasLastedItself) {
+    m_cycles->PutAreas(&kSquare, 1);
+    PutCycle(std::vector<TrackingPoint>(50, {0, 50, 1023, 0}));
+    AwaitPoints(50);
+    const auto first = std::chrono::steady_clock::now();
+    DispatchUntil([&] { return std::chrono::steady_clock::now() - first > PreviewWindow::kHintLasts / 2; });
+    PutCycle(std::vector<TrackingPoint>(60, {0, 50, 20, 0}));
+    const auto put = std::chrono::steady_clock::now();
+    ASSERT_TRUE(DispatchUntil([&] { return m_window->AccessibleName().starts_with(L"Too dark"); }));
+    EXPECT_GE(std::chrono::steady_clock::now() - put, PreviewWindow::kHintLasts);
+}
+
+TEST_F(WindowTest, AHintThatIsCutEndsWithAnEllipsis) {
+    m_window->Move({0, 0, 100, 280});
+    m_cycles->PutAreas(&kSquare, 1);
+    PutCycle(std::vector<TrackingPoint>(50, {0, 50, 1023, 0}));
+    AwaitPoints(50);
+    EXPECT_NE(Paint().text.find(L'\u2026'), std::wstring::npos);
+    m_window->Move({0, 0, 300, 280});
+    EXPECT_EQ(Paint().text.find(L'\u2026'), std::wstring::npos);
+}
+
 TEST_F(WindowTest, HiddenItTakesNothingAndShownAgainTheNewest) {
     m_cycles->PutAreas(&kSquare, 1);
     PutCycle({{0, 50, 500, 0}});

@@ -25,6 +25,30 @@ constexpr uint32_t kPause_ms = 5;
 
 class Frame final : public hx::ui::Window {};
 
+// Closes before the window goes, however the picture ends.
+class OpenSite {
+public:
+    OpenSite(const std::string& locale, Frame& frame, const hx::ui::Rectangle& inside)
+        : m_site(hx::Make<hx::ui::ComponentSite>(hx::LcidOf(locale).value())) {
+        CheckCall("ComponentSite.Open", m_site->Open(CLSID_HXPreview, frame, inside, true));
+    }
+    ~OpenSite() { m_site->Close(); }
+    OpenSite(const OpenSite&) = delete;
+    OpenSite& operator=(const OpenSite&) = delete;
+
+    hx::ComPtr<IUnknown> Component() const { return m_site->Component(); }
+
+private:
+    const hx::ComPtr<hx::ui::ComponentSite> m_site;
+};
+
+bool Save(Frame& frame, const std::string& file) {
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::absolute(file, error);
+    const auto name = hx::FromUtf8(path.string());
+    return !error && !path.empty() && name && hx::ui::CurrentRenderer()->SavePicture(frame, *name);
+}
+
 // What is posted and painted is dealt with, until that is so or the time is over.
 template <class Condition>
 bool PumpUntil(Condition condition, std::chrono::milliseconds patience) {
@@ -57,15 +81,12 @@ void SavePreviewPicture(const ScreenshotRequest& request, Desk& desk, DeskAnswer
     Frame frame;
     const hx::ui::Rectangle inside{0, 0, request.width, request.height};
     frame.Create(hx::ui::WindowKind::frame, nullptr, inside);
-    const auto site = hx::Make<hx::ui::ComponentSite>(hx::LcidOf(request.locale).value());
-    CheckCall("ComponentSite.Open", site->Open(CLSID_HXPreview, frame, inside, true));
+    const OpenSite site(request.locale, frame, inside);
     frame.Show(true);
-    Track(request, desk, site->Component());
-    const auto file = hx::FromUtf8(std::filesystem::absolute(request.file).string());
-    const bool saved = file && hx::ui::CurrentRenderer()->SavePicture(frame, *file);
-    site->Close();
-    frame.Destroy();
-    if (!saved) throw FailedCall("the picture cannot be written to " + request.file);
+    Track(request, desk, site.Component());
+    if (!Save(frame, request.file)) {
+        throw FailedCall("the picture cannot be written to \"" + request.file + "\"");
+    }
     answer.json["file"] = request.file;
     answer.text = request.file + "\n";
 }

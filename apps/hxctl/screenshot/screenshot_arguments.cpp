@@ -17,7 +17,7 @@ void ScreenshotArguments::Add(CLI::App& app) {
     command->add_option("--locale", m_request.locale, "the language, as de-DE")->capture_default_str();
     command->add_option("--scale", m_request.scale, "of the screen: 1.5 is 150 %")
         ->capture_default_str()
-        ->check(CLI::Range(0.5, 4.0));
+        ->check(CLI::Range(kSmallestScale, kLargestScale));
     command->add_flag("--dark", m_request.dark, "dark colours");
     command->add_option("--width", m_request.width, "of the window, at 100 %")
         ->capture_default_str()

@@ -18,6 +18,34 @@ constexpr PageRow kPages[] = {
     {"preview", &SavePreviewPicture},
 };
 
+// As many as an 8K screen has: more take minutes.
+constexpr double kMostPixels = 7680.0 * 4320.0;
+
+// Why there is no picture of that size; empty if there is one.
+std::string WrongSize(const ScreenshotRequest& request) {
+    if (!(request.scale >= kSmallestScale && request.scale <= kLargestScale)) {
+        return "--scale: no number between 0.5 and 4";
+    }
+    if (request.width * request.scale * request.height * request.scale > kMostPixels) {
+        return "the picture is too large: --width and --height times --scale make more than 33 million "
+               "pixels";
+    }
+    return {};
+}
+
+// The renderer is the current one until the end of this.
+class RendererInUse {
+public:
+    explicit RendererInUse(std::shared_ptr<hx::ui::IRenderer> renderer)
+        : m_before(hx::ui::SetRenderer(std::move(renderer))) {}
+    ~RendererInUse() { hx::ui::SetRenderer(m_before); }
+    RendererInUse(const RendererInUse&) = delete;
+    RendererInUse& operator=(const RendererInUse&) = delete;
+
+private:
+    const std::shared_ptr<hx::ui::IRenderer> m_before;
+};
+
 }  // namespace
 
 Outcome RunScreenshot(const ScreenshotRequest& request, bool json) {
@@ -29,14 +57,13 @@ Outcome RunScreenshot(const ScreenshotRequest& request, bool json) {
         return {kUsage, {}, reason};
     }
     if (!hx::LcidOf(request.locale)) return {kUsage, {}, "no locale \"" + request.locale + "\""};
+    if (std::string wrong = WrongSize(request); !wrong.empty()) return {kUsage, {}, std::move(wrong)};
     std::wstring reason;
     auto renderer = hx::ui::LoadScreenRenderer({true, request.scale, request.dark}, reason);
     if (!renderer) return Refused(hx::ToUtf8(reason));
-    const auto before = hx::ui::SetRenderer(std::move(renderer));
-    Outcome outcome = AtDesk(request.scanner, json,
-                             [&](Desk& desk, DeskAnswer& answer) { page->save(request, desk, answer); });
-    hx::ui::SetRenderer(before);
-    return outcome;
+    const RendererInUse in_use(std::move(renderer));
+    return AtDesk(request.scanner, json,
+                  [&](Desk& desk, DeskAnswer& answer) { page->save(request, desk, answer); });
 }
 
 }  // namespace hxctl

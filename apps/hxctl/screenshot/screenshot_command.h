@@ -7,6 +7,9 @@
 
 namespace hxctl {
 
+inline constexpr double kSmallestScale = 0.5;
+inline constexpr double kLargestScale = 4;
+
 struct ScreenshotRequest {
     std::string page;
     std::string file;  // PNG
