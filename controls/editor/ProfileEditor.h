@@ -34,6 +34,7 @@ public:
     void SetExposureRange(uint32_t longest_exposure_us) override {
         Data().exposure_range_max = longest_exposure_us;
     }
+    bool HasEditsOf(std::wstring_view name) const override { return m_modified && name == m_current_name; }
     bool FinishReopening() override;
     ComPtr<IDynamicSettingsPreset> WorkingPreset() override { return m_edited; }
 

@@ -195,6 +195,17 @@ TEST(ProfileEditor, EditsOutliveSetUpsThatFail) {
     }
 }
 
+// The custom preset is not stored: it is there as long as somebody has edits of it.
+TEST(ProfileEditor, EditsOfTheCustomProfileOutliveASetUp) {
+    Bench bench({"$DEFAULT=Standard:50", "$CUSTOM=Mine:10", "Own=Own:30", "Pipe=Pipe:40"}, "$CUSTOM");
+    Check({"they stay", "edit 15; initialise Pipe; unplug; plug", "*Mine:10< Standard:50 Own:30 Pipe:40 15",
+           ""},
+          bench);
+    Check({"and are asked for", "select Own ? save New", "Mine:10 Standard:50 New:15 Own:30< Pipe:40 30", ""},
+          bench);
+    Check({"until there are none", "unplug; plug", "Standard:50 New:15 Own:30< Pipe:40 30", ""}, bench);
+}
+
 // What another page does to the list that both share.
 TEST(ProfileEditor, ProfilesMayBeGone) {
     const struct {
