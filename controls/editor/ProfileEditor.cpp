@@ -93,6 +93,17 @@ void ProfileEditor::AddEdited(const std::wstring& name) {
     }
 }
 
+void ProfileEditor::TakeEditedAsStored() {
+    try {
+        CopySettings(*m_edited, *m_baseline);
+    } catch (...) {
+        // The baseline has values of the profile before: none of them may get into this one.
+        m_ready = false;
+        EnableControls(false);
+        throw;
+    }
+}
+
 void ProfileEditor::SetNameOf(IDynamicSettingsPreset& preset, const std::wstring& name) {
     static MErrorLocation location("BaseDynamicSettingsDlg", "OnPresetSelectionChanged");
     ApiOperation(location, this).Check(119, L"SetName", preset.SetName(Bstr(name).get()));

@@ -94,6 +94,8 @@ private:
     bool WriteBack(IDynamicSettingsPreset& source, const std::wstring& name);
     // The working preset becomes a new profile, or there is none.
     void AddEdited(const std::wstring& name);
+    // What was edited is now stored under the current name.
+    void TakeEditedAsStored();
     void SetNameOf(IDynamicSettingsPreset& preset, const std::wstring& name);
     void MarkCurrent(bool modified);
 
