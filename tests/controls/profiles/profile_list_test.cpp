@@ -141,7 +141,7 @@ TEST_F(ProfilesTest, RowsAreDrawnByTheirState) {
         std::wstring shown;
     };
     const Case cases[] = {
-        {L"$A", false, true, button_face, button_text, L"*$A"},
+        {L"$A", false, true, button_face, window_text, L"*$A"},
         {L"$A", true, true, highlight, highlight_text, L"*$A"},
         {L"$A", false, false, button_face, gray_text, L"*$A"},
         {odd, false, true, window, window_text, L"Two\xFFFD\xFFFD\xFFFD\xFFFD\tד&%s"},
