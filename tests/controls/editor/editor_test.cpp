@@ -7,6 +7,8 @@ namespace {
 using editing::Bench;
 
 const std::string kStart = "Fine:20 Standard:50< Own:30 Pipe:40 50";
+// The scripted scanner's errors have no texts.
+const std::string kNoWords = hx::ToUtf8(hx::MErrorFormatter::kNoDescription);
 
 struct Case {
     std::string what;
@@ -46,6 +48,10 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
         Bench bench;
         Check(row, bench);
     }
+    Bench alike({"$own=Alpha:50", "$OWN=Beta:20"}, "$own");
+    Check({"names that differ in their case alone", "select $OWN; rename", "Alpha:50 Beta:20< 20",
+           "'Beta' is a predefined profile. It cannot be renamed."},
+          alike);
     // A page that no host has told anything takes the selection that all pages share: not with edits.
     Bench bench;
     bench.page->Session().Target().initialised = false;
@@ -83,9 +89,33 @@ TEST(ProfileEditor, TellsTheScannerAndTheHost) {
     }
     EXPECT_EQ(bench.page->reported, "Own");
     EXPECT_TRUE(bench.committed);
-    bench.Do("select $FINE; edit 25; close ? cancel");
+    bench.Do("select $FINE; edit 25");
+    bench.page->reported.clear();
+    bench.script.calls.clear();
+    bench.Do("close ? cancel");
     EXPECT_FALSE(bench.committed);
+    EXPECT_EQ(bench.script.Calls(),
+              "SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Zoo, Pipe, New] $FINE");
     EXPECT_EQ(bench.page->reported, "$FINE") << "what is selected is told also to a host that stays";
+}
+
+TEST(ProfileEditor, ClosesWithoutAStoreIfNothingIsLost) {
+    Bench bench;
+    bench.Do("select Own; edit 35");
+    bench.script.failures = {{"SaveDynamicSettingsPresets", {E_ABORT, 0}}};
+    bench.Do("close");
+    EXPECT_FALSE(bench.committed);
+    EXPECT_EQ(bench.Boxes(), kNoWords);
+    bench.Do("close");
+    EXPECT_TRUE(bench.committed) << "nobody is locked in";
+    bench.Do("edit 36");
+    bench.page->reported.clear();
+    bench.script.failures["SaveDynamicSettingsPresets"].after = 0;
+    bench.script.fails_once = true;
+    bench.Do("close");
+    EXPECT_TRUE(bench.committed) << "the second store of the same close succeeds";
+    EXPECT_EQ(bench.script.values[L"Own"].laser_power, 36);
+    EXPECT_EQ(bench.page->reported, "Own");
 }
 
 // A call of the scanner API that fails once, in the middle of an operation; then what the operator does next.
@@ -275,8 +305,7 @@ TEST(ProfileEditor, QuestionsMayBeOvertaken) {
     bench.script.failures = {{"ActivateDynamicSettings", {E_ABORT, 0}}};
     bench.script.fails_once = true;
     bench.while_box = [&] { bench.page->Session().OnDeselected(); };
-    Check({"left in a box", "select Own; edit 60", "Fine:20 *Standard:50< Own:30 Pipe:40 60",
-           hx::ToUtf8(hx::MErrorFormatter::kNoDescription)},
+    Check({"left in a box", "select Own; edit 60", "Fine:20 *Standard:50< Own:30 Pipe:40 60", kNoWords},
           bench);
 }
 
