@@ -60,7 +60,7 @@ private:
     enum class Selection { kShown, kNotShown, kNotChanged, kCancelled };
 
     template <class Operation>
-    bool Operate(Operation operation) noexcept;
+    void Operate(Operation operation) noexcept;
 
     // `name` is that of the profile; when saved, the new one.
     PromptAnswer PromptSaveChanges(std::wstring& name);
