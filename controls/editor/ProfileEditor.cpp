@@ -9,6 +9,7 @@ namespace hx {
 ProfileEditor::ProfileEditor(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder)
     : SettingsPage(rules, std::move(recorder)) {
     m_list.SetHandler(this);
+    m_list.SetHoldMenu([this] { return std::make_shared<Scope>(Operations()); });
 }
 
 ProfileEditor::~ProfileEditor() {

@@ -48,10 +48,12 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
         Bench bench;
         Check(row, bench);
     }
-    Bench alike({"$own=Alpha:50", "$OWN=Beta:20"}, "$own");
-    Check({"names that differ in their case alone", "select $OWN; rename", "Alpha:50 Beta:20< 20",
-           "'Beta' is a predefined profile. It cannot be renamed."},
-          alike);
+    {
+        Bench alike({"$own=Alpha:50", "$OWN=Beta:20"}, "$own");
+        Check({"names that differ in their case alone", "select $OWN; rename", "Alpha:50 Beta:20< 20",
+               "'Beta' is a predefined profile. It cannot be renamed."},
+              alike);
+    }
     // A page that no host has told anything takes the selection that all pages share: not with edits.
     Bench bench;
     bench.page->Session().Target().initialised = false;
@@ -307,6 +309,34 @@ TEST(ProfileEditor, QuestionsMayBeOvertaken) {
     bench.while_box = [&] { bench.page->Session().OnDeselected(); };
     Check({"left in a box", "select Own; edit 60", "Fine:20 *Standard:50< Own:30 Pipe:40 60", kNoWords},
           bench);
+}
+
+TEST(ProfileEditor, MenusMayBeOvertaken) {
+    constexpr uint32_t kDelete = 32771;
+    Bench bench;
+    hx::ui::Script script;
+    const auto delete_by_menu = [&](std::function<void()> meanwhile) {
+        script.AnswerMenu(kDelete);
+        script.while_menu = std::move(meanwhile);
+        bench.page->ProfileList().OnContextMenu({-1, -1});
+    };
+    bench.Do("select Own; edit 35");
+    delete_by_menu([&] {
+        const auto working = bench.page->WorkingPreset();
+        bench.script.longest_exposure_us = 20000;
+        bench.Do("unplug; plug");
+        EXPECT_EQ(bench.page->WorkingPreset(), working) << "set up when the menu is closed";
+    });
+    EXPECT_EQ(bench.page->Data().exposure_range_max, 20000u);
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Pipe:40< 40");
+    delete_by_menu([&] {
+        bench.page->ProfileList().SelectByName(L"$FINE");
+        bench.page->OnPresetSelectionChanged();
+    });
+    EXPECT_EQ(bench.State(), "Fine:20< Standard:50 Pipe:40 20") << "not what was selected meanwhile";
+    EXPECT_TRUE(script.TakeBoxes().empty());
+    delete_by_menu([&] { bench.page.reset(); });
+    EXPECT_FALSE(bench.page);
 }
 
 // The page is gone when the operator has answered.
