@@ -262,6 +262,7 @@ TEST(ProfileEditorModel, ProfilesAreWhatTheOperatorMadeOfThem) {
             const auto stored = bench.Stored();
             RC_ASSERT(std::lround(stored.at("$DEFAULT")) == 50);
             if (step.what != "close" || !bench.committed) continue;
+            RC_ASSERT(bench.Presets().SelectedName() == bench.page->GetCurrentPresetName());
             // What is kept is what the page shows to be stored.
             for (const auto& [name, power] : stored) {
                 RC_ASSERT(bench.script.values.at(editing::Wide(name)).laser_power == power);

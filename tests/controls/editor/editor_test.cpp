@@ -24,6 +24,10 @@ void Check(const Case& row, Bench& bench) {
     EXPECT_EQ(bench.Wrong(), "") << row.what;
 }
 
+const scripted::Values& WorkingValues(Bench& bench) {
+    return static_cast<const scripted::Preset&>(*bench.page->WorkingPreset()).values;
+}
+
 TEST(ProfileEditor, DoesWhatTheOperatorWants) {
     const Case kCases[] = {
         {"the host's profile is shown", "", kStart, ""},
@@ -40,6 +44,10 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
         {"saved when closed, it is the new one", "edit 60; close ? save New; edit 65; discard",
          "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60", ""},
         {"edits without a scanner", "unplug; edit 60; plug", "Fine:20 *Standard:50< Own:30 Pipe:40 60", ""},
+        {"the host's profile is renamed", "select Own; rename ? save Zoo; unplug; plug",
+         "Fine:20 Standard:50 Pipe:40 Zoo:30< 30", ""},
+        {"another one than the host's", "select Own; initialise Pipe; rename ? save Zoo; unplug; plug",
+         "Fine:20 Standard:50 Pipe:40< Zoo:30 40", ""},
         {"the host's next profile waits for edits",
          "initialise Pipe; edit 60; unplug; plug; discard; unplug; plug",
          "Fine:20 Standard:50 Own:30 Pipe:40< 40", ""},
@@ -53,6 +61,17 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
         Check({"names that differ in their case alone", "select $OWN; rename", "Alpha:50 Beta:20< 20",
                "'Beta' is a predefined profile. It cannot be renamed."},
               alike);
+    }
+    {
+        Bench bench({"Own=Own:30"}, "Own");
+        Check({"the last one", "edit 35; delete", "disabled", ""}, bench);
+    }
+    {
+        Bench bench;
+        bench.Do("select Own; edit 35; unplug; plug");
+        EXPECT_EQ(WorkingValues(bench).name, L"Own");
+        bench.Do("select Pipe");
+        EXPECT_EQ(WorkingValues(bench).name, L"Pipe");
     }
     // A page that no host has told anything takes the selection that all pages share: not with edits.
     Bench bench;
@@ -202,6 +221,11 @@ TEST(ProfileEditor, FailuresDamageNoProfile) {
         EXPECT_EQ(bench.Wrong(), "") << row.what;
         Check({row.what + ", then", row.then, row.state, ""}, bench);
     }
+    // Shown, and then not activated with its edits.
+    Bench bench;
+    bench.script.failures = {{"ActivateDynamicSettings", {E_ABORT, 1}}};
+    bench.Do("select Own");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50< Own:30 Pipe:40 30");
 }
 
 TEST(ProfileEditor, ProfilesThatCannotBeShownLeaveTheListUsable) {
@@ -216,6 +240,10 @@ TEST(ProfileEditor, ProfilesThatCannotBeShownLeaveTheListUsable) {
     bench.Presets().FindPreset(L"Pipe")->SetAnalogImagerGain(4);
     Check({"another one can", "select Pipe; edit 45", "Fine:20 Standard:50 Copy:50 Own:30 *Pipe:40< 45", ""},
           bench);
+    bench.Do("initialise Own; discard; unplug; plug");
+    EXPECT_NE(bench.Boxes(), "");
+    EXPECT_EQ(WorkingValues(bench).laser_power, 30);
+    bench.Do("select Pipe; edit 45");
     // With edits, too.
     bench.script.gains = {L"1"};
     bench.Do("unplug; plug");
@@ -266,6 +294,8 @@ TEST(ProfileEditor, ProfilesMayBeGone) {
         {"the one that is selected", "", "Own", "select Own", "Fine:20 Standard:50< Pipe:40 50"},
         {"its edits while it is set up", "select Own; edit 35", "Own", "unplug; plug; saveas ? save New",
          "Fine:20 Standard:50 New:35< Pipe:40 35"},
+        {"its edits when it is left after that", "select Own; edit 35", "Own", "unplug; plug; select Pipe",
+         "Fine:20 Standard:50 Pipe:40< 40"},
         {"the one that is renamed", "select Own", "Own", "rename ? save New; select Pipe",
          "Fine:20 Standard:50 Pipe:40< 40"},
     };
@@ -275,6 +305,12 @@ TEST(ProfileEditor, ProfilesMayBeGone) {
         bench.Presets().RemovePreset(editing::Wide(row.gone));
         Check({row.what, row.then, row.state, ""}, bench);
     }
+    Bench bench;
+    bench.Do("select Own");
+    bench.Presets().RemovePreset(L"Own");
+    bench.script.calls.clear();
+    bench.Do("rename ? save New");
+    EXPECT_EQ(bench.script.Calls(), "") << "nothing is renamed";
 }
 
 // What comes in while the operator is asked.
@@ -301,6 +337,16 @@ TEST(ProfileEditor, QuestionsMayBeOvertaken) {
                   bench);
             EXPECT_EQ(bench.committed, row.goes_on && ask.starts_with("close")) << ask << row.what;
         }
+    }
+    for (const std::string ask : {"select Own ? discard", "select Own ? cancel"}) {
+        Bench bench;
+        bench.Do("edit 60");
+        const bool is_left = ask.ends_with("discard");
+        bench.while_asked = [&] {
+            bench.page->ProfileList().SelectByName(is_left ? L"$DEFAULT" : L"Pipe");
+            if (is_left) bench.page->Session().OnDeselected();
+        };
+        Check({ask, ask, "Fine:20 *Standard:50< Own:30 Pipe:40 60", ""}, bench);
     }
     // A box, in which the page is left: the profile before is still the current one.
     Bench bench;
@@ -341,9 +387,10 @@ TEST(ProfileEditor, MenusMayBeOvertaken) {
 
 // The page is gone when the operator has answered.
 TEST(ProfileEditor, MayBeClosedInAQuestion) {
-    for (const char* const ask : {"select Own ? save New", "saveas ? save New", "close ? save New"}) {
+    for (const std::string ask : {"select Own ? save New", "select Own ? discard", "saveas ? save New",
+                                  "close ? save New", "rename ? save New"}) {
         Bench bench;
-        bench.Do("edit 60");
+        bench.Do(ask.starts_with("rename") ? "select Own" : "edit 60");
         bench.while_asked = [&] { bench.page.reset(); };
         bench.Do(ask);
         EXPECT_FALSE(bench.page);

@@ -26,6 +26,7 @@ TEST_F(ProfilesTest, RowsAreSortedAndThePagesOneIsSelectedAndMarked) {
         {{L"B", L"A"}, L"b", false, L"A, B<"},
         {{L"scan", L"SCAN", L"Scan"}, L"SCAN", true, L"scan, *SCAN<, Scan"},
         {{L"B", L"A"}, L"gone", true, L"A<, B"},
+        {{L"B", L"$CUSTOM", L"$A"}, L"B", false, L"$A, $CUSTOM, B<"},
         {{L"B", L"$CUSTOM", L"$A"}, L"gone", true, L"$A, $CUSTOM<, B"},
     };
     for (const Case& row : cases) {
