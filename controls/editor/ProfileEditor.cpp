@@ -9,6 +9,7 @@ namespace hx {
 ProfileEditor::ProfileEditor(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder)
     : SettingsPage(rules, std::move(recorder)) {
     m_list.SetHandler(this);
+    m_list.SetHoldMenu([this] { return std::make_shared<Scope>(Operations()); });
 }
 
 ProfileEditor::~ProfileEditor() {
@@ -41,21 +42,32 @@ bool ProfileEditor::OnPresetSelectionChanged() {
 bool ProfileEditor::CommitOnClose() {
     bool may_close = false;
     Operate([&](const Scope& scope) {
-        try {
+        const bool had_edits = m_modified;
+        std::exception_ptr failure;
+        // Whatever of it fails, the rest is done; the operator is told of the first.
+        const auto done = [&](auto step) {
+            try {
+                step();
+                return true;
+            } catch (...) {
+                if (!failure) failure = std::current_exception();
+                return false;
+            }
+        };
+        bool cancelled = false;
+        const bool settled = done([&] {
             const FlagGuard forced(m_force_prompt, true, Operations());
-            may_close = ChangeSelection(scope) != Selection::kCancelled;
-        } catch (...) {
-            // An operator who cannot save must be able to leave, and edits must not go with the page.
-            may_close = scope.IsSessionOpen() && !m_modified;
-            throw;
+            cancelled = ChangeSelection(scope) == Selection::kCancelled;
+        });
+        if (scope.MayGoOn()) {
+            const bool stored = done([&] {
+                if (m_session.Presets().Count() > 0) m_session.Presets().Save();
+            });
+            // Edits must not go with the page. Without any, an operator who cannot save is able to leave.
+            may_close = !cancelled && (settled || !m_modified) && (stored || !had_edits);
+            if (stored && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
         }
-        if (!scope.MayGoOn()) {
-            may_close = false;
-            return;
-        }
-        if (m_session.Presets().Count() == 0) return;
-        m_session.Presets().Save();
-        ReportSelectedPreset();
+        if (failure) std::rethrow_exception(failure);
     });
     return may_close;
 }
@@ -89,6 +101,17 @@ void ProfileEditor::AddEdited(const std::wstring& name) {
     } catch (...) {
         // Else the name would be taken when the operator tries again.
         presets.RemovePreset(name);
+        throw;
+    }
+}
+
+void ProfileEditor::TakeEditedAsStored() {
+    try {
+        CopySettings(*m_edited, *m_baseline);
+    } catch (...) {
+        // The baseline has values of the profile before: none of them may get into this one.
+        m_ready = false;
+        EnableControls(false);
         throw;
     }
 }

@@ -34,6 +34,7 @@ public:
     void SetExposureRange(uint32_t longest_exposure_us) override {
         Data().exposure_range_max = longest_exposure_us;
     }
+    bool HasEditsOf(std::wstring_view name) const override { return m_modified && name == m_current_name; }
     bool FinishReopening() override;
     ComPtr<IDynamicSettingsPreset> WorkingPreset() override { return m_edited; }
 
@@ -59,7 +60,7 @@ private:
     enum class Selection { kShown, kNotShown, kNotChanged, kCancelled };
 
     template <class Operation>
-    bool Operate(Operation operation) noexcept;
+    void Operate(Operation operation) noexcept;
 
     // `name` is that of the profile; when saved, the new one.
     PromptAnswer PromptSaveChanges(std::wstring& name);
@@ -93,6 +94,8 @@ private:
     bool WriteBack(IDynamicSettingsPreset& source, const std::wstring& name);
     // The working preset becomes a new profile, or there is none.
     void AddEdited(const std::wstring& name);
+    // What was edited is now stored under the current name.
+    void TakeEditedAsStored();
     void SetNameOf(IDynamicSettingsPreset& preset, const std::wstring& name);
     void MarkCurrent(bool modified);
 

@@ -50,7 +50,7 @@ void ProfileEditor::SaveAs(const Scope& scope) {
     MoveTo(new_name);
     m_session.Presets().SetSelectedName(new_name);
     m_list.Refill();
-    CopySettings(*m_edited, *m_baseline);
+    TakeEditedAsStored();
     ChangeSelection(scope);
 }
 

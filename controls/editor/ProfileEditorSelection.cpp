@@ -65,8 +65,8 @@ ProfileEditor::Edits ProfileEditor::SaveEditsAs(const Scope& scope, const std::w
                                                 const std::wstring& selected) {
     UpdateSettingsFromUI(false);
     if (!scope.MayGoOn()) return Edits::kCancelled;
-    AddEdited(new_name);
     WriteBack(*m_baseline, m_current_name);
+    AddEdited(new_name);
     MarkCurrent(false);
     m_modified = false;
     const bool stays = selected == m_current_name;
@@ -78,7 +78,7 @@ ProfileEditor::Edits ProfileEditor::SaveEditsAs(const Scope& scope, const std::w
     }
     m_list.Refill();
     m_session.Presets().SetSelectedName(new_name);
-    CopySettings(*m_edited, *m_baseline);
+    TakeEditedAsStored();
     return Edits::kNotLeft;
 }
 
@@ -108,8 +108,8 @@ ProfileEditor::Selection ProfileEditor::ShowSelected(const Scope& scope, Edits l
             // Another page has deleted it.
             m_list.Refill();
         }
-    } catch (const MException&) {
-        StayWithCurrent(left);
+    } catch (...) {
+        if (scope.IsSessionOpen()) StayWithCurrent(left);
         throw;
     }
     // Also if the page was left meanwhile: the controls and the profile have to agree.
@@ -160,7 +160,7 @@ void ProfileEditor::StayWithCurrent(Edits left) {
     if (left == Edits::kStoredAsNew) m_list.Refill();
     const bool listed = m_list.SelectByName(m_current_name) >= 0;
     if (!m_ready || !listed) return HoldSelectedUnshown();
-    if (left == Edits::kStored || left == Edits::kStoredAsNew) CopySettings(*m_edited, *m_baseline);
+    if (left == Edits::kStored || left == Edits::kStoredAsNew) TakeEditedAsStored();
     if (left == Edits::kDiscarded) {
         // They are still in the controls, and so not dropped.
         m_modified = true;

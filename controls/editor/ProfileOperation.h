@@ -5,12 +5,12 @@
 
 namespace hx {
 
-// As Attempt. An operation that comes while another one asks or tells something does nothing: what that one
-// works with must stay.
+// Shows what `operation` throws. An operation that comes while another one asks or tells something does
+// nothing: what that one works with must stay.
 template <class Operation>
-bool ProfileEditor::Operate(Operation operation) noexcept {
-    if (m_operating) return false;
-    return Attempt([&](const Scope& scope) {
+void ProfileEditor::Operate(Operation operation) noexcept {
+    if (m_operating) return;
+    Attempt([&](const Scope& scope) {
         const FlagGuard operating(m_operating, true, Operations());
         try {
             operation(scope);

@@ -58,7 +58,8 @@ ComPtr<IDynamicSettingsPreset> MDynamicSettingsPresets::FindPresetExactly(std::w
 }
 
 std::wstring MDynamicSettingsPresets::DisplayName(std::wstring_view name) const {
-    const PresetEntry* const entry = m_entries.FindWithoutCase(name);
+    const PresetEntry* entry = m_entries.FindExact(name);
+    if (entry == nullptr) entry = m_entries.FindWithoutCase(name);
     return entry != nullptr ? entry->display_name : std::wstring();
 }
 

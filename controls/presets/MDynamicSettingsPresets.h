@@ -64,7 +64,7 @@ public:
     ComPtr<IDynamicSettingsPreset> FindPresetExactly(std::wstring_view name) const;
     // Without regard to case.
     bool Contains(std::wstring_view name) const { return m_entries.FindWithoutCase(name) != nullptr; }
-    // Without regard to case; "" for an unknown name.
+    // Without regard to case, unless there is one of exactly that name; "" for an unknown one.
     std::wstring DisplayName(std::wstring_view name) const;
     // That of a preset that is not the operator's own.
     bool IsReserved(std::wstring_view name) const;

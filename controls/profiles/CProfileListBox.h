@@ -5,8 +5,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "controls/editor/ICurrentPresetHandler.h"
@@ -25,6 +28,11 @@ class CProfileListBox : public ui::ListBox {
 public:
     // Outlives the list's rows; null for none.
     void SetHandler(ICurrentPresetHandler* handler) { m_handler = handler; }
+
+    // Makes what is held as long as the menu is open and its command runs: the page's mark that connection
+    // states are to wait. May outlive the list.
+    using HoldMenu = std::function<std::shared_ptr<void>()>;
+    void SetHoldMenu(HoldMenu hold_menu) { m_hold_menu = std::move(hold_menu); }
 
     // The rows anew from the presets manager; the handler's profile is selected, else the custom one, else
     // the first.
@@ -66,6 +74,7 @@ private:
     void ShowMenu(ui::Point where);
 
     ICurrentPresetHandler* m_handler = nullptr;
+    HoldMenu m_hold_menu;
     std::vector<Entry> m_entries;  // one for each row
     int32_t m_widest_text = 0;
 };

@@ -23,8 +23,7 @@ struct RowColours {
 RowColours ColoursOf(const ui::RowDrawing& row, bool predefined) {
     using enum ui::SystemColour;
     if (row.selected) return {highlight, highlight_text};
-    if (!row.enabled) return {predefined ? button_face : window, gray_text};
-    return predefined ? RowColours{button_face, button_text} : RowColours{window, window_text};
+    return {predefined ? button_face : window, row.enabled ? window_text : gray_text};
 }
 
 // Neither breaks the line nor changes how what is behind it is shown.

@@ -64,6 +64,8 @@ void CProfileListBox::ShowMenu(ui::Point where) {
         ProfileMenuLines({entry->row.user_defined != 0, m_handler->IsModified()});
     if (lines.empty()) return;
     const ui::Point place{Bounds().left + where.x, Bounds().top + where.y};
+    // The last to go: what waited for it may destroy the list.
+    const std::shared_ptr<void> held = m_hold_menu ? m_hold_menu() : nullptr;
     const ui::Attachment attachment(*this);
     const uint32_t command = ui::RunMenu(*Parent(), place, lines);
     // The handler works on the selected row: on none that somebody selected meanwhile.

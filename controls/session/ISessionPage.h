@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "core/errors/MException.h"
 #include "hxapi/IDynamicSettingsPreset.h"
@@ -32,6 +33,9 @@ public:
     // The preview, as it observes tracking cycles; and it is to show nothing.
     virtual ComPtr<IUnknown> TrackingObserver() = 0;
     virtual void ResetPreview() = 0;
+
+    // Whether the page holds edits of that profile, which then has to stay. May be asked at any time.
+    virtual bool HasEditsOf(std::wstring_view) const { return false; }
 
     // The rest of a set-up, in this order: fresh presets to work with and to compare with; the gains; the
     // longest exposure of the device; then the profile list, its selection and everything that shows it, with

@@ -75,7 +75,9 @@ void ScannerSession::SettleTarget() {
         return;
     }
     if (m_target.profile_name.empty()) m_target.profile_name = kDefaultProfileName;
-    if (!EqualsWithoutCase(m_target.profile_name, kCustomProfileName)) m_presets->DiscardCustomPreset();
+    // Edits of it would go with it: then a later set-up sees to that.
+    if (EqualsWithoutCase(m_target.profile_name, kCustomProfileName)) return;
+    if (!m_page.HasEditsOf(kCustomProfileName)) m_presets->DiscardCustomPreset();
 }
 
 }  // namespace hx

@@ -211,6 +211,13 @@ void Bench::Run(const std::string& what, const std::string& argument) {
         committed = page->CommitOnClose();
     } else if (what == "initialise") {
         page->SetProfileToSelect(Wide(argument));
+    } else if (what == "change") {
+        const size_t equals = argument.find('=');
+        const auto preset = Presets().FindPresetExactly(Wide(argument.substr(0, equals)));
+        if (preset) {
+            static_cast<scripted::Preset&>(*preset).values.laser_power =
+                std::stod(argument.substr(equals + 1));
+        }
     } else if (what == "unplug" || what == "plug") {
         script.state = what == "plug" ? HXConnected : HXNotConnected;
         page->Session().OnConnectionStateChange(script.state);
@@ -219,12 +226,17 @@ void Bench::Run(const std::string& what, const std::string& argument) {
     }
 }
 
-std::map<std::string, int32_t> Bench::Stored() {
-    std::map<std::string, int32_t> stored;
+std::string PowerText(double power) {
+    std::ostringstream text;
+    text << power;
+    return text.str();
+}
+
+std::map<std::string, double> Bench::Stored() {
+    std::map<std::string, double> stored;
     for (size_t i = 0; i < Presets().Count(); ++i) {
         const auto& preset = static_cast<const scripted::Preset&>(*Presets().At(i).preset);
-        stored[hx::ToUtf8(Presets().At(i).name)] =
-            static_cast<int32_t>(std::lround(preset.values.laser_power));
+        stored[hx::ToUtf8(Presets().At(i).name)] = preset.values.laser_power;
     }
     return stored;
 }
@@ -236,7 +248,7 @@ std::string Bench::State() {
     for (int32_t i = 0; i < list.Count(); ++i) {
         const auto found = stored.find(hx::ToUtf8(list.Row(i).name));
         text += hx::ToUtf8(list.RowText(i)) + ":" +
-                (found != stored.end() ? std::to_string(found->second) : "gone") +
+                (found != stored.end() ? PowerText(found->second) : "gone") +
                 (i == list.Selected() ? "< " : " ");
     }
     return text + (page->laser_power.IsEnabled() ? std::to_string(page->Shown()) : "disabled");

@@ -28,6 +28,9 @@ inline std::wstring Wide(const std::string& text) {
     return *hx::FromUtf8(text);
 }
 
+// "30", "30.4".
+std::string PowerText(double power);
+
 class Page final : public hx::ui::Dialog,
                    public hx::cHXApiEventsSinkSimple<Page>,
                    public hx::BaseDynamicSettingsDlg<Page> {
@@ -73,8 +76,8 @@ public:
     ~Bench();
 
     // "what argument; ...": edit POWER, select NAME, saveas, rename, discard, delete, close, unplug, plug,
-    // initialise NAME. Behind "?" the operator's answers: save NAME, discard, cancel, separated by ",";
-    // when they are used up, cancel.
+    // initialise NAME, change NAME=POWER (of what is stored, by another page). Behind "?" the operator's
+    // answers: save NAME, discard, cancel, separated by ","; when they are used up, cancel.
     void Do(const std::string& steps);
 
     // "Standard:50 *Own:30< 35": each row with what is stored of it, the selected one with "<", and what the
@@ -85,7 +88,7 @@ public:
     std::string Wrong(bool current_is_selected = true);
     // The texts of boxes since the last time.
     std::string Boxes();
-    std::map<std::string, int32_t> Stored();
+    std::map<std::string, double> Stored();
     hx::MDynamicSettingsPresets& Presets() { return page->Session().Presets(); }
 
     scripted::Script script;

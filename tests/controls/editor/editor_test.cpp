@@ -7,6 +7,8 @@ namespace {
 using editing::Bench;
 
 const std::string kStart = "Fine:20 Standard:50< Own:30 Pipe:40 50";
+// The scripted scanner's errors have no texts.
+const std::string kNoWords = hx::ToUtf8(hx::MErrorFormatter::kNoDescription);
 
 struct Case {
     std::string what;
@@ -20,6 +22,10 @@ void Check(const Case& row, Bench& bench) {
     EXPECT_EQ(bench.State(), row.state) << row.what;
     EXPECT_EQ(bench.Boxes(), row.boxes) << row.what;
     EXPECT_EQ(bench.Wrong(), "") << row.what;
+}
+
+const scripted::Values& WorkingValues(Bench& bench) {
+    return static_cast<const scripted::Preset&>(*bench.page->WorkingPreset()).values;
 }
 
 TEST(ProfileEditor, DoesWhatTheOperatorWants) {
@@ -38,6 +44,10 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
         {"saved when closed, it is the new one", "edit 60; close ? save New; edit 65; discard",
          "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60", ""},
         {"edits without a scanner", "unplug; edit 60; plug", "Fine:20 *Standard:50< Own:30 Pipe:40 60", ""},
+        {"the host's profile is renamed", "select Own; rename ? save Zoo; unplug; plug",
+         "Fine:20 Standard:50 Pipe:40 Zoo:30< 30", ""},
+        {"another one than the host's", "select Own; initialise Pipe; rename ? save Zoo; unplug; plug",
+         "Fine:20 Standard:50 Pipe:40< Zoo:30 40", ""},
         {"the host's next profile waits for edits",
          "initialise Pipe; edit 60; unplug; plug; discard; unplug; plug",
          "Fine:20 Standard:50 Own:30 Pipe:40< 40", ""},
@@ -45,6 +55,23 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
     for (const Case& row : kCases) {
         Bench bench;
         Check(row, bench);
+    }
+    {
+        Bench alike({"$own=Alpha:50", "$OWN=Beta:20"}, "$own");
+        Check({"names that differ in their case alone", "select $OWN; rename", "Alpha:50 Beta:20< 20",
+               "'Beta' is a predefined profile. It cannot be renamed."},
+              alike);
+    }
+    {
+        Bench bench({"Own=Own:30"}, "Own");
+        Check({"the last one", "edit 35; delete", "disabled", ""}, bench);
+    }
+    {
+        Bench bench;
+        bench.Do("select Own; edit 35; unplug; plug");
+        EXPECT_EQ(WorkingValues(bench).name, L"Own");
+        bench.Do("select Pipe");
+        EXPECT_EQ(WorkingValues(bench).name, L"Pipe");
     }
     // A page that no host has told anything takes the selection that all pages share: not with edits.
     Bench bench;
@@ -83,9 +110,33 @@ TEST(ProfileEditor, TellsTheScannerAndTheHost) {
     }
     EXPECT_EQ(bench.page->reported, "Own");
     EXPECT_TRUE(bench.committed);
-    bench.Do("select $FINE; edit 25; close ? cancel");
+    bench.Do("select $FINE; edit 25");
+    bench.page->reported.clear();
+    bench.script.calls.clear();
+    bench.Do("close ? cancel");
     EXPECT_FALSE(bench.committed);
+    EXPECT_EQ(bench.script.Calls(),
+              "SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Zoo, Pipe, New] $FINE");
     EXPECT_EQ(bench.page->reported, "$FINE") << "what is selected is told also to a host that stays";
+}
+
+TEST(ProfileEditor, ClosesWithoutAStoreIfNothingIsLost) {
+    Bench bench;
+    bench.Do("select Own; edit 35");
+    bench.script.failures = {{"SaveDynamicSettingsPresets", {E_ABORT, 0}}};
+    bench.Do("close");
+    EXPECT_FALSE(bench.committed);
+    EXPECT_EQ(bench.Boxes(), kNoWords);
+    bench.Do("close");
+    EXPECT_TRUE(bench.committed) << "nobody is locked in";
+    bench.Do("edit 36");
+    bench.page->reported.clear();
+    bench.script.failures["SaveDynamicSettingsPresets"].after = 0;
+    bench.script.fails_once = true;
+    bench.Do("close");
+    EXPECT_TRUE(bench.committed) << "the second store of the same close succeeds";
+    EXPECT_EQ(bench.script.values[L"Own"].laser_power, 36);
+    EXPECT_EQ(bench.page->reported, "Own");
 }
 
 // A call of the scanner API that fails once, in the middle of an operation; then what the operator does next.
@@ -107,6 +158,9 @@ TEST(ProfileEditor, FailuresDamageNoProfile) {
         {"edits are saved before", "edit 60; !; select Own ? save New",
          "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60", "ActivateDynamicSettings", 0, "edit 61; discard",
          "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60"},
+        {"edits are saved before, and then the name", "edit 60; !; select Own ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60", "SetName", 0,
+         "edit 70; select Pipe; edit 45; discard", "Fine:20 Standard:50 New:70 Own:30 Pipe:40< 40"},
         {"discarding does not come to its end", "edit 60; !; select Own ? discard",
          "Fine:20 *Standard:50< Own:30 Pipe:40 60", "ActivateDynamicSettings", 0, "discard", kStart},
         {"nor by the menu", "edit 60; !; discard", "Fine:20 *Standard:50< Own:30 Pipe:40 60",
@@ -134,6 +188,15 @@ TEST(ProfileEditor, FailuresDamageNoProfile) {
          "Fine:20 Standard:50 Own:30< Pipe:40 30"},
         {"a write after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Pipe:40 disabled",
          "SetRFEnabled", 0, "saveas ? save New", "Fine:20 Standard:50 New:30< Own:30 Pipe:40 30"},
+        {"what is edited goes on as before", "edit 60; !; saveas ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 disabled", "SetLaserPower", 3,
+         "edit 61; saveas ? save X", "Fine:20 Standard:50 New:60 Own:30 Pipe:40 X:60< 60"},
+        {"nor when it is closed", "edit 60; !; close ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 disabled", "SetLaserPower", 3, "edit 61; select Pipe",
+         "Fine:20 Standard:50 New:60 Own:30 Pipe:40< 40"},
+        {"the new one gets half of them", "edit 60; !; select Own ? save New",
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60", "SetLaserPower", 2, "select Own ? save New",
+         "Fine:20 Standard:50 New:60 Own:30< Pipe:40 30"},
         {"the edits are not read", "select Own; edit 35; !; select Pipe",
          "Fine:20 Standard:50 *Own:30< Pipe:40 35", "GetLaserPower", 0, "select Pipe",
          "Fine:20 Standard:50 Own:35 Pipe:40< 40"},
@@ -158,6 +221,11 @@ TEST(ProfileEditor, FailuresDamageNoProfile) {
         EXPECT_EQ(bench.Wrong(), "") << row.what;
         Check({row.what + ", then", row.then, row.state, ""}, bench);
     }
+    // Shown, and then not activated with its edits.
+    Bench bench;
+    bench.script.failures = {{"ActivateDynamicSettings", {E_ABORT, 1}}};
+    bench.Do("select Own");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50< Own:30 Pipe:40 30");
 }
 
 TEST(ProfileEditor, ProfilesThatCannotBeShownLeaveTheListUsable) {
@@ -172,6 +240,10 @@ TEST(ProfileEditor, ProfilesThatCannotBeShownLeaveTheListUsable) {
     bench.Presets().FindPreset(L"Pipe")->SetAnalogImagerGain(4);
     Check({"another one can", "select Pipe; edit 45", "Fine:20 Standard:50 Copy:50 Own:30 *Pipe:40< 45", ""},
           bench);
+    bench.Do("initialise Own; discard; unplug; plug");
+    EXPECT_NE(bench.Boxes(), "");
+    EXPECT_EQ(WorkingValues(bench).laser_power, 30);
+    bench.Do("select Pipe; edit 45");
     // With edits, too.
     bench.script.gains = {L"1"};
     bench.Do("unplug; plug");
@@ -195,6 +267,17 @@ TEST(ProfileEditor, EditsOutliveSetUpsThatFail) {
     }
 }
 
+// The custom preset is not stored: it is there as long as somebody has edits of it.
+TEST(ProfileEditor, EditsOfTheCustomProfileOutliveASetUp) {
+    Bench bench({"$DEFAULT=Standard:50", "$CUSTOM=Mine:10", "Own=Own:30", "Pipe=Pipe:40"}, "$CUSTOM");
+    Check({"they stay", "edit 15; initialise Pipe; unplug; plug", "*Mine:10< Standard:50 Own:30 Pipe:40 15",
+           ""},
+          bench);
+    Check({"and are asked for", "select Own ? save New", "Mine:10 Standard:50 New:15 Own:30< Pipe:40 30", ""},
+          bench);
+    Check({"until there are none", "unplug; plug", "Standard:50 New:15 Own:30< Pipe:40 30", ""}, bench);
+}
+
 // What another page does to the list that both share.
 TEST(ProfileEditor, ProfilesMayBeGone) {
     const struct {
@@ -211,6 +294,8 @@ TEST(ProfileEditor, ProfilesMayBeGone) {
         {"the one that is selected", "", "Own", "select Own", "Fine:20 Standard:50< Pipe:40 50"},
         {"its edits while it is set up", "select Own; edit 35", "Own", "unplug; plug; saveas ? save New",
          "Fine:20 Standard:50 New:35< Pipe:40 35"},
+        {"its edits when it is left after that", "select Own; edit 35", "Own", "unplug; plug; select Pipe",
+         "Fine:20 Standard:50 Pipe:40< 40"},
         {"the one that is renamed", "select Own", "Own", "rename ? save New; select Pipe",
          "Fine:20 Standard:50 Pipe:40< 40"},
     };
@@ -220,6 +305,12 @@ TEST(ProfileEditor, ProfilesMayBeGone) {
         bench.Presets().RemovePreset(editing::Wide(row.gone));
         Check({row.what, row.then, row.state, ""}, bench);
     }
+    Bench bench;
+    bench.Do("select Own");
+    bench.Presets().RemovePreset(L"Own");
+    bench.script.calls.clear();
+    bench.Do("rename ? save New");
+    EXPECT_EQ(bench.script.Calls(), "") << "nothing is renamed";
 }
 
 // What comes in while the operator is asked.
@@ -247,21 +338,59 @@ TEST(ProfileEditor, QuestionsMayBeOvertaken) {
             EXPECT_EQ(bench.committed, row.goes_on && ask.starts_with("close")) << ask << row.what;
         }
     }
+    for (const std::string ask : {"select Own ? discard", "select Own ? cancel"}) {
+        Bench bench;
+        bench.Do("edit 60");
+        const bool is_left = ask.ends_with("discard");
+        bench.while_asked = [&] {
+            bench.page->ProfileList().SelectByName(is_left ? L"$DEFAULT" : L"Pipe");
+            if (is_left) bench.page->Session().OnDeselected();
+        };
+        Check({ask, ask, "Fine:20 *Standard:50< Own:30 Pipe:40 60", ""}, bench);
+    }
     // A box, in which the page is left: the profile before is still the current one.
     Bench bench;
     bench.script.failures = {{"ActivateDynamicSettings", {E_ABORT, 0}}};
     bench.script.fails_once = true;
     bench.while_box = [&] { bench.page->Session().OnDeselected(); };
-    Check({"left in a box", "select Own; edit 60", "Fine:20 *Standard:50< Own:30 Pipe:40 60",
-           hx::ToUtf8(hx::MErrorFormatter::kNoDescription)},
+    Check({"left in a box", "select Own; edit 60", "Fine:20 *Standard:50< Own:30 Pipe:40 60", kNoWords},
           bench);
+}
+
+TEST(ProfileEditor, MenusMayBeOvertaken) {
+    constexpr uint32_t kDelete = 32771;
+    Bench bench;
+    hx::ui::Script script;
+    const auto delete_by_menu = [&](std::function<void()> meanwhile) {
+        script.AnswerMenu(kDelete);
+        script.while_menu = std::move(meanwhile);
+        bench.page->ProfileList().OnContextMenu({-1, -1});
+    };
+    bench.Do("select Own; edit 35");
+    delete_by_menu([&] {
+        const auto working = bench.page->WorkingPreset();
+        bench.script.longest_exposure_us = 20000;
+        bench.Do("unplug; plug");
+        EXPECT_EQ(bench.page->WorkingPreset(), working) << "set up when the menu is closed";
+    });
+    EXPECT_EQ(bench.page->Data().exposure_range_max, 20000u);
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Pipe:40< 40");
+    delete_by_menu([&] {
+        bench.page->ProfileList().SelectByName(L"$FINE");
+        bench.page->OnPresetSelectionChanged();
+    });
+    EXPECT_EQ(bench.State(), "Fine:20< Standard:50 Pipe:40 20") << "not what was selected meanwhile";
+    EXPECT_TRUE(script.TakeBoxes().empty());
+    delete_by_menu([&] { bench.page.reset(); });
+    EXPECT_FALSE(bench.page);
 }
 
 // The page is gone when the operator has answered.
 TEST(ProfileEditor, MayBeClosedInAQuestion) {
-    for (const char* const ask : {"select Own ? save New", "saveas ? save New", "close ? save New"}) {
+    for (const std::string ask : {"select Own ? save New", "select Own ? discard", "saveas ? save New",
+                                  "close ? save New", "rename ? save New"}) {
         Bench bench;
-        bench.Do("edit 60");
+        bench.Do(ask.starts_with("rename") ? "select Own" : "edit 60");
         bench.while_asked = [&] { bench.page.reset(); };
         bench.Do(ask);
         EXPECT_FALSE(bench.page);

@@ -26,6 +26,7 @@ TEST_F(ProfilesTest, RowsAreSortedAndThePagesOneIsSelectedAndMarked) {
         {{L"B", L"A"}, L"b", false, L"A, B<"},
         {{L"scan", L"SCAN", L"Scan"}, L"SCAN", true, L"scan, *SCAN<, Scan"},
         {{L"B", L"A"}, L"gone", true, L"A<, B"},
+        {{L"B", L"$CUSTOM", L"$A"}, L"B", false, L"$A, $CUSTOM, B<"},
         {{L"B", L"$CUSTOM", L"$A"}, L"gone", true, L"$A, $CUSTOM<, B"},
     };
     for (const Case& row : cases) {
@@ -141,7 +142,7 @@ TEST_F(ProfilesTest, RowsAreDrawnByTheirState) {
         std::wstring shown;
     };
     const Case cases[] = {
-        {L"$A", false, true, button_face, button_text, L"*$A"},
+        {L"$A", false, true, button_face, window_text, L"*$A"},
         {L"$A", true, true, highlight, highlight_text, L"*$A"},
         {L"$A", false, false, button_face, gray_text, L"*$A"},
         {odd, false, true, window, window_text, L"Two\xFFFD\xFFFD\xFFFD\xFFFD\tד&%s"},
