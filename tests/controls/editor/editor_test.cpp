@@ -48,6 +48,8 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
          "Fine:20 Standard:50 Pipe:40 Zoo:30< 30", ""},
         {"another one than the host's", "select Own; initialise Pipe; rename ? save Zoo; unplug; plug",
          "Fine:20 Standard:50 Pipe:40< Zoo:30 40", ""},
+        {"edits that another page has stored", "edit 60; change $DEFAULT=60; unplug; plug",
+         "Fine:20 Standard:60< Own:30 Pipe:40 60", ""},
         {"the host's next profile waits for edits",
          "initialise Pipe; edit 60; unplug; plug; discard; unplug; plug",
          "Fine:20 Standard:50 Own:30 Pipe:40< 40", ""},
