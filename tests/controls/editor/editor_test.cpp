@@ -350,6 +350,13 @@ TEST(ProfileEditor, QuestionsMayBeOvertaken) {
         };
         Check({ask, ask, "Fine:20 *Standard:50< Own:30 Pipe:40 60", ""}, bench);
     }
+    {
+        Bench bench;
+        bench.Do("select Own");
+        bench.while_asked = [&] { bench.page->Session().OnDeselected(); };
+        Check({"left with a new name", "rename ? save New", "Fine:20 Standard:50 Own:30< Pipe:40 30", ""},
+              bench);
+    }
     // A box, in which the page is left: the profile before is still the current one.
     Bench bench;
     bench.script.failures = {{"ActivateDynamicSettings", {E_ABORT, 0}}};
