@@ -2,43 +2,17 @@
 
 #include <string>
 
+#include "controls/messages/MessageLog.h"
+#include "controls/messages/OperatorWords.h"
 #include "core/locale/CFormattedText.h"
 #include "core/locale/MResourceLocale.h"
-#include "core/log/ModuleLogger.h"
-#include "core/messages/MErrorFormatter.h"
-#include "core/messages/MErrorFormatterResource.h"
 #include "platform/com/boundary.h"
 #include "platform/ui/services.h"
 
 namespace hx {
 namespace {
 
-constexpr char kFile[] = "BaseDynamicSettingsDlg";
-
-void Log(int32_t line, const char* method, std::wstring_view text) {
-    ModuleLogger().Log({MLogSeverity::kError, kFile, line, method, text});
-}
-
-// The messages of this program's own errors are among the formatter's rules from the first box on.
-const MErrorFormatter& Formatter() {
-    static MErrorFormatter& formatter = []() -> MErrorFormatter& {
-        MErrorFormatter::Get().AddRule(MErrorFormatterResource::Get());
-        return MErrorFormatter::Get();
-    }();
-    return formatter;
-}
-
-// The operator is told that something failed even where the words for it are missing.
-MErrorFormatter::Formatted InWords(const MException& exception) {
-    try {
-        return Formatter().Format(exception);
-    } catch (const MException&) {
-        MErrorFormatter::Formatted formatted;
-        formatted.message = MErrorFormatter::kNoDescription;
-        formatted.error_codes = ErrorCodesText(exception);
-        return formatted;
-    }
-}
+constexpr char kClass[] = "BaseDynamicSettingsDlg";
 
 std::wstring StringResource(uint32_t id) {
     try {
@@ -52,9 +26,10 @@ std::wstring StringResource(uint32_t id) {
 
 void ShowErrorBox(ui::Window* owner, const MException& exception) noexcept {
     AtBoundary([&] {
-        const MErrorFormatter::Formatted formatted = InWords(exception);
-        Log(58, "BaseDynamicSettingsDlg::ErrorBox",
-            formatted.message + L"\nError codes:\n" + formatted.error_codes);
+        static MErrorLocation location(kClass, "ErrorBox");
+        location.Set(nullptr, 58);
+        const MErrorFormatter::Formatted formatted = InOperatorsWords(exception);
+        LogText(location, formatted.message + L"\nError codes:\n" + formatted.error_codes);
         ui::ShowMessageBox(owner, {}, formatted.message, ui::BoxIcon::error);
         return S_OK;
     });
@@ -62,8 +37,10 @@ void ShowErrorBox(ui::Window* owner, const MException& exception) noexcept {
 
 void ShowTextBox(ui::Window* owner, uint32_t string_id, std::wstring_view argument) noexcept {
     AtBoundary([&] {
+        static MErrorLocation location(kClass, "ShowMessage");
+        location.Set(nullptr, 68);
         const std::wstring text = FormatText(L'.', StringResource(string_id), {argument});
-        Log(68, "BaseDynamicSettingsDlg::ShowMessage", text);
+        LogText(location, text);
         ui::ShowMessageBox(owner, {}, text, ui::BoxIcon::error);
         return S_OK;
     });

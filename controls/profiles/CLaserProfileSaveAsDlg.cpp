@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "controls/messages/MessageLog.h"
 #include "controls/presets/MDynamicSettingsPresets.h"
-#include "controls/profiles/ProfileLog.h"
 #include "controls/profiles/ProfileNameCheck.h"
 #include "controls/profiles/ProfileResources.h"
 #include "controls/profiles/SuggestedName.h"

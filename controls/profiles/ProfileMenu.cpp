@@ -1,6 +1,6 @@
 #include "controls/profiles/ProfileMenu.h"
 
-#include "controls/profiles/ProfileLog.h"
+#include "controls/messages/MessageLog.h"
 #include "controls/profiles/ProfileResources.h"
 #include "core/errors/MErrorLocation.h"
 #include "core/locale/MResourceLocale.h"

@@ -48,6 +48,8 @@ TEST(ProfileEditor, DoesWhatTheOperatorWants) {
          "Fine:20 Standard:50 Pipe:40 Zoo:30< 30", ""},
         {"another one than the host's", "select Own; initialise Pipe; rename ? save Zoo; unplug; plug",
          "Fine:20 Standard:50 Pipe:40< Zoo:30 40", ""},
+        {"edits that another page has stored", "edit 60; change $DEFAULT=60; unplug; plug",
+         "Fine:20 Standard:60< Own:30 Pipe:40 60", ""},
         {"the host's next profile waits for edits",
          "initialise Pipe; edit 60; unplug; plug; discard; unplug; plug",
          "Fine:20 Standard:50 Own:30 Pipe:40< 40", ""},
@@ -347,6 +349,13 @@ TEST(ProfileEditor, QuestionsMayBeOvertaken) {
             if (is_left) bench.page->Session().OnDeselected();
         };
         Check({ask, ask, "Fine:20 *Standard:50< Own:30 Pipe:40 60", ""}, bench);
+    }
+    {
+        Bench bench;
+        bench.Do("select Own");
+        bench.while_asked = [&] { bench.page->Session().OnDeselected(); };
+        Check({"left with a new name", "rename ? save New", "Fine:20 Standard:50 Own:30< Pipe:40 30", ""},
+              bench);
     }
     // A box, in which the page is left: the profile before is still the current one.
     Bench bench;

@@ -1,4 +1,5 @@
-// What the list of profiles and the dialog that asks for names leave in the log. Never throws.
+// What pages, the list of profiles and the dialog that asks for names leave in the log. On any thread; never
+// throws.
 #pragma once
 
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "controls/profiles/ProfileLog.h"
+#include "controls/messages/MessageLog.h"
 
 #include <string>
 

@@ -1,0 +1,29 @@
+#include "controls/messages/OperatorWords.h"
+
+#include "core/messages/MErrorFormatterResource.h"
+
+namespace hx {
+namespace {
+
+const MErrorFormatter& Formatter() {
+    static MErrorFormatter& formatter = []() -> MErrorFormatter& {
+        MErrorFormatter::Get().AddRule(MErrorFormatterResource::Get());
+        return MErrorFormatter::Get();
+    }();
+    return formatter;
+}
+
+}  // namespace
+
+MErrorFormatter::Formatted InOperatorsWords(const MException& exception) {
+    try {
+        return Formatter().Format(exception);
+    } catch (const MException&) {
+        MErrorFormatter::Formatted formatted;
+        formatted.message = MErrorFormatter::kNoDescription;
+        formatted.error_codes = ErrorCodesText(exception);
+        return formatted;
+    }
+}
+
+}  // namespace hx

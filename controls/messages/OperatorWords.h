@@ -1,0 +1,13 @@
+// Exceptions in the operator's words, for boxes of the pages and their dialogs. On any thread.
+#pragma once
+
+#include "core/errors/MException.h"
+#include "core/messages/MErrorFormatter.h"
+
+namespace hx {
+
+// The messages of this program's own errors are among the formatter's rules from the first call on. Where the
+// words are missing the message says that there are none.
+MErrorFormatter::Formatted InOperatorsWords(const MException& exception);
+
+}  // namespace hx
