@@ -1,9 +1,12 @@
 // The preview's window on the thread of the user interface, while lines arrive on others.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <cstdlib>
 #include <limits>
+#include <new>
 #include <thread>
 
 #include "platform/registry/registry.h"
@@ -16,6 +19,26 @@ namespace {
 using namespace hx::preview;
 using namespace hx_test;
 namespace ui = hx::ui;
+
+// How many more allocations of this thread succeed; all if it is negative.
+thread_local int t_allocations_left = -1;
+
+}  // namespace
+
+void* operator new(size_t size) {
+    void* const memory = t_allocations_left == 0 ? nullptr : std::malloc(std::max<size_t>(size, 1));
+    if (memory == nullptr) throw std::bad_alloc();
+    if (t_allocations_left > 0) --t_allocations_left;
+    return memory;
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, size_t) noexcept {
+    std::free(memory);
+}
+
+namespace {
 
 class WindowTest : public PreviewTest {
 protected:
@@ -122,6 +145,24 @@ TEST_F(WindowTest, HiddenItTakesNothingAndShownAgainTheNewest) {
     EXPECT_EQ(m_renderer->Invalidations(*m_window), painted);
     m_frame.Show(true);
     AwaitPoints(3);
+}
+
+TEST_F(WindowTest, AMomentWithoutMemoryIsMadeUpFor) {
+    for (int left = 0; left < 12; ++left) {
+        SCOPED_TRACE(left);
+        auto window = std::move(m_window);
+        window.reset();
+        m_window = MakePreview(true);
+        m_cycles->PutAreas(&kSquare, 1);
+        PutCycle(std::vector<TrackingPoint>(static_cast<size_t>(100 + left), {0, 50, 500, 0}));
+        hx::WaitForMessage(PreviewWindow::kShortestInterval);
+        t_allocations_left = left;
+        EXPECT_NO_THROW(hx::DispatchMessages());
+        t_allocations_left = -1;
+        PutCycle(std::vector<TrackingPoint>(static_cast<size_t>(200 + left), {0, 50, 500, 0}));
+        AwaitPoints(static_cast<size_t>(200 + left));
+        EXPECT_EQ(m_window->Scene().Areas().size(), 1u);
+    }
 }
 
 TEST_F(WindowTest, ClearedItShowsNothingUntilMoreArrives) {
