@@ -1,0 +1,275 @@
+// What becomes of profiles and edits when calls fail, other pages work on the same list, or something comes
+// in while the operator is asked.
+#include "tests/controls/editor/editor_cases.h"
+
+namespace editing {
+namespace {
+
+// A call of the scanner API that fails once, in the middle of an operation; then what the operator does next.
+TEST(ProfileEditor, FailuresDamageNoProfile) {
+    const struct {
+        std::string what, steps, state_then, failing;
+        int32_t after;
+        std::string then, state;
+    } kRows[] = {
+        // The other profile cannot be shown: what is edited next is still the first one.
+        {"activation", "select Own", kStart, "ActivateDynamicSettings", 0, "edit 60",
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60"},
+        {"own edits are stored before", "select Own; edit 35; !; select Pipe",
+         "Fine:20 Standard:50 Own:35< Pipe:40 35", "ActivateDynamicSettings", 0, "edit 36; discard",
+         "Fine:20 Standard:50 Own:35< Pipe:40 35"},
+        {"own edits, and then the name", "select Own; edit 35; !; select Pipe",
+         "Fine:20 Standard:50 Own:35< Pipe:40 35", "SetName", 0, "edit 36; discard",
+         "Fine:20 Standard:50 Own:35< Pipe:40 35"},
+        {"edits are saved before", "edit 60; !; select Own ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60", "ActivateDynamicSettings", 0, "edit 61; discard",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60"},
+        {"edits are saved before, and then the name", "edit 60; !; select Own ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60", "SetName", 0,
+         "edit 70; select Pipe; edit 45; discard", "Fine:20 Standard:50 New:70 Own:30 Pipe:40< 40"},
+        {"discarding does not come to its end", "edit 60; !; select Own ? discard",
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60", "ActivateDynamicSettings", 0, "discard", kStart},
+        {"nor by the menu", "edit 60; !; discard", "Fine:20 *Standard:50< Own:30 Pipe:40 60",
+         "ActivateDynamicSettings", 0, "discard", kStart},
+        {"the new one cannot be made", "edit 60; !; saveas ? save New",
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60", "CreateDynamicSettingsPreset", 0, "saveas ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60"},
+        {"nor stored", "edit 60; !; saveas ? save New", "Fine:20 *Standard:50< Own:30 Pipe:40 60",
+         "SaveDynamicSettingsPresets", 0, "saveas ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60"},
+        {"nor stored when asked", "edit 60; !; select Own ? save New",
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60", "SaveDynamicSettingsPresets", 0, "select Own ? save New",
+         "Fine:20 Standard:50 New:60 Own:30< Pipe:40 30"},
+        // The selection itself is in effect.
+        {"the selection is not stored", "select Own", "Fine:20 Standard:50 Own:30< Pipe:40 30",
+         "SaveDynamicSettingsPresets", 0, "edit 35; select Pipe", "Fine:20 Standard:50 Own:35 Pipe:40< 40"},
+        {"a rename is not stored", "select Own; !; rename ? save Zoo",
+         "Fine:20 Standard:50 Pipe:40 Zoo:30< 30", "SaveDynamicSettingsPresets", 0, "edit 35; select Pipe",
+         "Fine:20 Standard:50 Pipe:40< Zoo:35 40"},
+        {"a deletion is not stored", "select Own; !; delete", "Fine:20 Standard:50 Pipe:40< 40",
+         "SaveDynamicSettingsPresets", 0, "edit 45; discard", "Fine:20 Standard:50 Pipe:40< 40"},
+        // Nothing can be edited while the page and the profile do not agree.
+        {"a read after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Pipe:40 disabled",
+         "GetMaxInclination", 1, "edit 60; select Pipe; select Own",
+         "Fine:20 Standard:50 Own:30< Pipe:40 30"},
+        {"a write after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Pipe:40 disabled",
+         "SetRFEnabled", 0, "saveas ? save New", "Fine:20 Standard:50 New:30< Own:30 Pipe:40 30"},
+        {"what is edited goes on as before", "edit 60; !; saveas ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 disabled", "SetLaserPower", 3,
+         "edit 61; saveas ? save X", "Fine:20 Standard:50 New:60 Own:30 Pipe:40 X:60< 60"},
+        {"nor when it is closed", "edit 60; !; close ? save New",
+         "Fine:20 Standard:50 New:60< Own:30 Pipe:40 disabled", "SetLaserPower", 3, "edit 61; select Pipe",
+         "Fine:20 Standard:50 New:60 Own:30 Pipe:40< 40"},
+        {"the new one gets half of them", "edit 60; !; select Own ? save New",
+         "Fine:20 *Standard:50< Own:30 Pipe:40 60", "SetLaserPower", 2, "select Own ? save New",
+         "Fine:20 Standard:50 New:60 Own:30< Pipe:40 30"},
+        {"the edits are not read", "select Own; edit 35; !; select Pipe",
+         "Fine:20 Standard:50 *Own:30< Pipe:40 35", "GetLaserPower", 0, "select Pipe",
+         "Fine:20 Standard:50 Own:35 Pipe:40< 40"},
+        {"after a deletion nothing else is shown", "select Own; !; delete",
+         "Fine:20 Standard:50 Pipe:40< disabled", "ActivateDynamicSettings", 0, "select $FINE; select Pipe",
+         "Fine:20 Standard:50 Pipe:40< 40"},
+        {"closing without a store", "select Own; edit 35; !; close", "Fine:20 Standard:50 Own:35< Pipe:40 35",
+         "SaveDynamicSettingsPresets", 0, "edit 36; close", "Fine:20 Standard:50 Own:36< Pipe:40 36"},
+    };
+    for (const auto& row : kRows) {
+        Bench bench;
+        const std::string& steps = row.steps;
+        const size_t mark = steps.find("!;");
+        if (mark != std::string::npos) bench.Do(steps.substr(0, mark));
+        bench.script.failures = {{row.failing, {E_ABORT, row.after}}};
+        // Once: what is done about it succeeds.
+        bench.script.fails_once = true;
+        bench.Do(mark != std::string::npos ? steps.substr(mark + 2) : steps);
+        EXPECT_TRUE(bench.script.failures.empty()) << row.what;
+        EXPECT_EQ(bench.State(), row.state_then) << row.what;
+        EXPECT_NE(bench.Boxes(), "") << row.what;
+        EXPECT_EQ(bench.Wrong(), "") << row.what;
+        Check({row.what + ", then", row.then, row.state, ""}, bench);
+    }
+    // Shown, and then not activated with its edits.
+    Bench bench;
+    bench.script.failures = {{"ActivateDynamicSettings", {E_ABORT, 1}}};
+    bench.Do("select Own");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50< Own:30 Pipe:40 30");
+}
+
+TEST(ProfileEditor, ProfilesThatCannotBeShownLeaveTheListUsable) {
+    Bench bench;
+    bench.script.gains = {L"4"};
+    bench.Do("unplug; plug");
+    EXPECT_EQ(bench.Boxes(), "The scanner doesn't support the gain setting of this profile.");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50< Own:30 Pipe:40 disabled");
+    bench.Do("edit 60; saveas ? save Copy");
+    EXPECT_EQ(bench.Boxes(), "The scanner doesn't support the gain setting of this profile.");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50< Own:30 Pipe:40 disabled") << "as it is stored";
+    bench.Presets().FindPreset(L"Pipe")->SetAnalogImagerGain(4);
+    Check({"another one can", "select Pipe; edit 45", "Fine:20 Standard:50 Copy:50 Own:30 *Pipe:40< 45", ""},
+          bench);
+    bench.Do("initialise Own; discard; unplug; plug");
+    EXPECT_NE(bench.Boxes(), "");
+    EXPECT_EQ(WorkingValues(bench).laser_power, 30);
+    bench.Do("select Pipe; edit 45");
+    // With edits, too.
+    bench.script.gains = {L"1"};
+    bench.Do("unplug; plug");
+    EXPECT_NE(bench.Boxes(), "");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50 Own:30 *Pipe:40< disabled");
+    bench.Do("select Own");
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Copy:50 Own:30< Pipe:45 30");
+    EXPECT_EQ(bench.Wrong(), "");
+}
+
+// A set-up that fails before it comes to the profiles takes no edits along.
+TEST(ProfileEditor, EditsOutliveSetUpsThatFail) {
+    for (const char* const failing : {"CreateDynamicSettingsPreset", "GetMaxExposureTime", "AcquireHandle"}) {
+        Bench bench;
+        bench.Do("select Own; edit 35; unplug");
+        bench.script.failures = {{failing, {E_ABORT, 0}}};
+        bench.Do("plug");
+        EXPECT_NE(bench.Boxes(), "");
+        bench.script.failures.clear();
+        Check({failing, "unplug; plug; select Pipe", "Fine:20 Standard:50 Own:35 Pipe:40< 40", ""}, bench);
+    }
+}
+
+// The custom preset is not stored: it is there as long as somebody has edits of it.
+TEST(ProfileEditor, EditsOfTheCustomProfileOutliveASetUp) {
+    Bench bench({"$DEFAULT=Standard:50", "$CUSTOM=Mine:10", "Own=Own:30", "Pipe=Pipe:40"}, "$CUSTOM");
+    Check({"they stay", "edit 15; initialise Pipe; unplug; plug", "*Mine:10< Standard:50 Own:30 Pipe:40 15",
+           ""},
+          bench);
+    Check({"and are asked for", "select Own ? save New", "Mine:10 Standard:50 New:15 Own:30< Pipe:40 30", ""},
+          bench);
+    Check({"until there are none", "unplug; plug", "Standard:50 New:15 Own:30< Pipe:40 30", ""}, bench);
+}
+
+// What another page does to the list that both share.
+TEST(ProfileEditor, ProfilesMayBeGone) {
+    const struct {
+        const char* what;
+        const char* before;
+        const char* gone;
+        const char* then;
+        const char* state;
+    } kRows[] = {
+        {"the one that is left", "select Own; edit 35", "Own", "select Pipe",
+         "Fine:20 Standard:50 Pipe:40< 40"},
+        {"a predefined one that is saved", "edit 60", "$DEFAULT", "select Own ? save New",
+         "Fine:20 New:60 Own:30< Pipe:40 30"},
+        {"the one that is selected", "", "Own", "select Own", "Fine:20 Standard:50< Pipe:40 50"},
+        {"its edits while it is set up", "select Own; edit 35", "Own", "unplug; plug; saveas ? save New",
+         "Fine:20 Standard:50 New:35< Pipe:40 35"},
+        {"its edits when it is left after that", "select Own; edit 35", "Own", "unplug; plug; select Pipe",
+         "Fine:20 Standard:50 Pipe:40< 40"},
+        {"the one that is renamed", "select Own", "Own", "rename ? save New; select Pipe",
+         "Fine:20 Standard:50 Pipe:40< 40"},
+    };
+    for (const auto& row : kRows) {
+        Bench bench;
+        bench.Do(row.before);
+        bench.Presets().RemovePreset(Wide(row.gone));
+        Check({row.what, row.then, row.state, ""}, bench);
+    }
+    Bench bench;
+    bench.Do("select Own");
+    bench.Presets().RemovePreset(L"Own");
+    bench.script.calls.clear();
+    bench.Do("rename ? save New");
+    EXPECT_EQ(bench.script.Calls(), "") << "nothing is renamed";
+}
+
+// What comes in while the operator is asked.
+TEST(ProfileEditor, QuestionsMayBeOvertaken) {
+    const struct {
+        const char* what;
+        void (*comes)(Bench& bench);
+        bool goes_on;
+    } kRows[] = {
+        {"the scanner goes and comes", [](Bench& bench) { bench.Do("unplug; plug"); }, true},
+        {"another close", [](Bench& bench) { EXPECT_FALSE(bench.page->CommitOnClose()); }, true},
+        {"another page", [](Bench& bench) { bench.page->Session().OnDeselected(); }, false},
+    };
+    for (const auto& row : kRows) {
+        for (const std::string ask : {"select Own ? save New", "saveas ? save New", "close ? save New"}) {
+            Bench bench;
+            bench.Do("edit 60");
+            bench.while_asked = [&] { row.comes(bench); };
+            const std::string done = ask.starts_with("select")
+                                         ? "Fine:20 Standard:50 New:60 Own:30< Pipe:40 30"
+                                         : "Fine:20 Standard:50 New:60< Own:30 Pipe:40 60";
+            Check({ask + ": " + row.what, ask, row.goes_on ? done : "Fine:20 *Standard:50< Own:30 Pipe:40 60",
+                   ""},
+                  bench);
+            EXPECT_EQ(bench.committed, row.goes_on && ask.starts_with("close")) << ask << row.what;
+        }
+    }
+    for (const std::string ask : {"select Own ? discard", "select Own ? cancel"}) {
+        Bench bench;
+        bench.Do("edit 60");
+        const bool is_left = ask.ends_with("discard");
+        bench.while_asked = [&] {
+            bench.page->ProfileList().SelectByName(is_left ? L"$DEFAULT" : L"Pipe");
+            if (is_left) bench.page->Session().OnDeselected();
+        };
+        Check({ask, ask, "Fine:20 *Standard:50< Own:30 Pipe:40 60", ""}, bench);
+    }
+    {
+        Bench bench;
+        bench.Do("select Own");
+        bench.while_asked = [&] { bench.page->Session().OnDeselected(); };
+        Check({"left with a new name", "rename ? save New", "Fine:20 Standard:50 Own:30< Pipe:40 30", ""},
+              bench);
+    }
+    // A box, in which the page is left: the profile before is still the current one.
+    Bench bench;
+    bench.script.failures = {{"ActivateDynamicSettings", {E_ABORT, 0}}};
+    bench.script.fails_once = true;
+    bench.while_box = [&] { bench.page->Session().OnDeselected(); };
+    Check({"left in a box", "select Own; edit 60", "Fine:20 *Standard:50< Own:30 Pipe:40 60", kNoWords},
+          bench);
+}
+
+TEST(ProfileEditor, MenusMayBeOvertaken) {
+    constexpr uint32_t kDelete = 32771;
+    Bench bench;
+    hx::ui::Script script;
+    const auto delete_by_menu = [&](std::function<void()> meanwhile) {
+        script.AnswerMenu(kDelete);
+        script.while_menu = std::move(meanwhile);
+        bench.page->ProfileList().OnContextMenu({-1, -1});
+    };
+    bench.Do("select Own; edit 35");
+    delete_by_menu([&] {
+        const auto working = bench.page->WorkingPreset();
+        bench.script.longest_exposure_us = 20000;
+        bench.Do("unplug; plug");
+        EXPECT_EQ(bench.page->WorkingPreset(), working) << "set up when the menu is closed";
+    });
+    EXPECT_EQ(bench.page->Data().exposure_range_max, 20000u);
+    EXPECT_EQ(bench.State(), "Fine:20 Standard:50 Pipe:40< 40");
+    delete_by_menu([&] {
+        bench.page->ProfileList().SelectByName(L"$FINE");
+        bench.page->OnPresetSelectionChanged();
+    });
+    EXPECT_EQ(bench.State(), "Fine:20< Standard:50 Pipe:40 20") << "not what was selected meanwhile";
+    EXPECT_TRUE(script.TakeBoxes().empty());
+    delete_by_menu([&] { bench.page.reset(); });
+    EXPECT_FALSE(bench.page);
+}
+
+// The page is gone when the operator has answered.
+TEST(ProfileEditor, MayBeClosedInAQuestion) {
+    for (const std::string ask : {"select Own ? save New", "select Own ? discard", "saveas ? save New",
+                                  "close ? save New", "rename ? save New"}) {
+        Bench bench;
+        bench.Do(ask.starts_with("rename") ? "select Own" : "edit 60");
+        bench.while_asked = [&] { bench.page.reset(); };
+        bench.Do(ask);
+        EXPECT_FALSE(bench.page);
+        EXPECT_FALSE(bench.committed);
+    }
+}
+
+}  // namespace
+}  // namespace editing
