@@ -66,8 +66,10 @@ void PreviewWindow::Refresh() {
     m_refreshed = now;
     try {
         const Hint before = m_scene.CurrentHint();
-        if (m_scene.Update(*m_cycles)) Invalidate();
+        if (m_scene.Update(*m_cycles)) m_unpainted = true;
         if (m_scene.CurrentHint() != before) m_hint_since = now;
+        if (m_unpainted) Invalidate();
+        m_unpainted = false;
         HintLasts();
         m_cycles->Listen();
     } catch (const std::exception&) {

@@ -45,6 +45,7 @@ private:
     PicturePainter m_painter;
     std::chrono::steady_clock::time_point m_refreshed;
     std::chrono::steady_clock::time_point m_hint_since;
+    bool m_unpainted = false;  // the scene has changed, and nobody asked for a picture of it
     bool m_refresh_waits = false;
     bool m_telling_waits = false;
     Hint m_told_hint = Hint::none;

@@ -39,7 +39,7 @@ public:
     // do already.
     static constexpr double kTooDark_portion = 0.15;
     static constexpr double kNotTooDark_portion = 0.20;
-    // A point here and there is no line yet.
+    // A point here and there does not make a line.
     static constexpr uint32_t kFewestSeen_points = 1;
     static constexpr uint32_t kFewestSeenAgain_points = 10;
 
