@@ -57,7 +57,8 @@ TEST_F(PresetsManager, LoadsInOrderWithoutHiddenNames) {
     EXPECT_EQ(m_presets.DisplayName(L"@hidden"), L"");
     m_presets.RemovePreset(L"Own");
     EXPECT_EQ(List(), "$DEFAULT=Standard, own=other, Own=third");
-    EXPECT_EQ(m_presets.DisplayName(L"Own"), L"other");
+    EXPECT_EQ(m_presets.DisplayName(L"Own"), L"third") << "the exact one before others";
+    EXPECT_EQ(m_presets.DisplayName(L"OWN"), L"other");
     m_presets.Rename(L"OWN", L"x");
     m_presets.Rename(L"own", L"New");
     m_presets.SetDisplayName(L"Own", L"Last");
