@@ -6,6 +6,7 @@
 #include "platform/ui/codes.h"
 #include "platform/ui/qt/control_input.h"
 #include "platform/ui/qt/conversions.h"
+#include "platform/ui/qt/released.h"
 
 namespace hx::ui {
 
@@ -38,8 +39,7 @@ ControlView* ControlView::Make(Control& control, QWidget& parent) {
 
 void ControlView::Release() {
     m_control = nullptr;
-    m_widget->hide();
-    m_widget->deleteLater();
+    ReleaseWidget(*m_widget);
 }
 
 void ControlView::ShowAll() {

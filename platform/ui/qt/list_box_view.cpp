@@ -75,7 +75,7 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModel
 }
 
 ListBoxView::ListBoxView(Control& control, QWidget& parent)
-    : QListView(&parent), ControlView(control, *this), m_rows(*this), m_selection(m_rows, *this) {
+    : CallingWidget(&parent), ControlView(control, *this), m_rows(*this), m_selection(m_rows, *this) {
     setFocusPolicy(Qt::StrongFocus);
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
@@ -95,6 +95,7 @@ int ListBoxView::RowWidth() const {
 
 void ListBoxView::Ask(int row) {
     if (!List() || m_asked || (!m_pressed && row == List()->Selected())) return;
+    const InCall call;
     m_asked = m_in_event;
     List()->UserSelect(row);
 }
@@ -123,6 +124,11 @@ void ListBoxView::keyPressEvent(QKeyEvent* event) {
 void ListBoxView::resizeEvent(QResizeEvent* event) {
     QListView::resizeEvent(event);
     TellScrolled();
+}
+
+bool ListBoxView::viewportEvent(QEvent* event) {
+    const InCall call;
+    return CallingWidget::viewportEvent(event);
 }
 
 void ListBoxView::ShowOwn(ControlChange change) {
@@ -176,6 +182,7 @@ void ListBoxView::ShowSelection() {
 
 void ListBoxView::TellScrolled() {
     if (!List()) return;
+    const InCall call;
     // It is scrolled by whole rows.
     const Point offset = {horizontalScrollBar()->value(), verticalScrollBar()->value() * List()->RowHeight()};
     if (offset != List()->ScrollOffset()) List()->UserScrolled(offset);

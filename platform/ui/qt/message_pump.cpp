@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ui/qt/released.h"
+
 namespace hx::ui {
 
 namespace {
@@ -77,18 +79,21 @@ void MessagePump::Wake() {
 }
 
 void MessagePump::Dispatch() {
+    const InCall call;
     if (!m_held) DispatchMessages();
 }
 
-void MessagePump::Run(bool no_event_above) {
+void MessagePump::Run() {
     constexpr int kRounds = 100;  // whoever posts to himself for ever does not hold up the caller
     for (int round = 0; round < kRounds; ++round) {
         const size_t dispatched = DispatchMessages();
         QCoreApplication::processEvents();
         if (dispatched == 0 && round > 0) break;
     }
-    // What was released outside any event is deleted by no loop of events.
-    if (no_event_above && QThread::currentThread()->loopLevel() == 0) {
+    if (InCall::Any()) return;
+    DeleteReleasedWidgets();
+    // Boxes that were closed outside any event are deleted by no loop of events.
+    if (QThread::currentThread()->loopLevel() == 0) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }

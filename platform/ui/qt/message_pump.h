@@ -18,9 +18,8 @@ public:
     // Messages that wait are dispatched by the event loop that runs next. To be called before a loop inside
     // another one: nobody is told of messages that waited before it.
     void Wake();
-    // Until nothing is left to be done. Released widgets go if no event is being handled further up the
-    // stack.
-    void Run(bool no_event_above);
+    // Until nothing is left to be done, or somebody always leaves something.
+    void Run();
     void DiscardMouse();
 
 private:

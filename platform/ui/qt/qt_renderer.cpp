@@ -89,7 +89,7 @@ void QtRenderer::DiscardMouseMessages() {
 
 void QtRenderer::Pump() {
     do {
-        m_pump.Run(!m_user.IsActing());
+        m_pump.Run();
     } while (m_user.DoQueuedClicks() > 0);
 }
 

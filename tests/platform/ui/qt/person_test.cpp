@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QSlider>
 #include <QTimer>
@@ -34,6 +35,7 @@ constexpr uint32_t kBar = 11;
 constexpr uint32_t kChoice = 12;
 constexpr uint32_t kList = 13;
 constexpr uint32_t kPush = 14;
+constexpr uint32_t kCheck = 15;
 constexpr wchar_t kScript[] =
     LR"(
 1 DIALOGEX 0, 0, 200, 120
@@ -49,6 +51,7 @@ BEGIN
     GROUPBOX "&List", 20, 110, 0, 80, 100
     LISTBOX 13, 114, 10, 70, 80, LBS_OWNERDRAWFIXED | WS_TABSTOP
     PUSHBUTTON "&Push", 14, 4, 100, 50, 14
+    AUTOCHECKBOX "Check", 15, 60, 100, 40, 10, WS_TABSTOP
 END
 2 DIALOGEX 0, 0, 100, 40
 STYLE WS_POPUP | WS_CAPTION
@@ -80,13 +83,16 @@ public:
     std::vector<Told> told;
     std::vector<uint32_t> messages;
     std::function<void(uint32_t)> on_message;
+    std::function<void()> on_command;  // may destroy this page
 
 private:
     void OnCommand(hx::ui::Control& control, uint32_t code) override {
         if (code < EN_SETFOCUS) told.push_back({control.Id(), code, 0});
+        if (const auto handler = on_command) handler();
     }
     void OnScroll(hx::ui::TrackBar& track_bar, uint32_t code, int32_t position) override {
         told.push_back({track_bar.Id(), code, position});
+        if (const auto handler = on_command) handler();
     }
     void OnMessage(const hx::WindowMessage& message) override {
         messages.push_back(message.id);
@@ -273,6 +279,48 @@ TEST_F(QtPerson, BoxesShowTheirTextAsItIsAndCutWhatNoScreenHolds) {
         });
         hx::ui::ShowMessageBox(&m_page, L"", text, hx::ui::BoxIcon::warning);
         EXPECT_TRUE(shown);
+    }
+}
+
+// By a box that the page shows when it is told of something: the widget's own event is under the box's loop.
+TEST_F(QtPerson, PageGoesWhileABoxIsOpenInItsHandler) {
+    const std::pair<uint32_t, std::function<void()>> kRows[] = {
+        {kList, [&] { User().ClickRow(*m_page.FindAs<hx::ui::ListBox>(kList), 1); }},
+        {kList, [&] { Press(Widget(kList), Qt::Key_Down); }},
+        {kBar, [&] { Press(Widget(kBar), Qt::Key_Right); }},
+        {kPush, [&] { User().Click(*m_page.Find(kPush)); }},
+        {kCheck, [&] { User().Click(*m_page.Find(kCheck)); }},
+        {kName, [&] { Press(Widget(kName), Qt::Key_A); }},
+        {kChoice, [&] { Press(Widget(kChoice), Qt::Key_Down); }},
+        {kName, [&] { Widget(kName).clearFocus(); }},
+    };
+    for (size_t row = 0; row < std::size(kRows); ++row) {
+        const auto& [id, act] = kRows[row];
+        if (row > 0) Show(m_page, m_module, kPage);
+        m_page.FindAs<hx::ui::ComboBox>(kChoice)->Add(L"one");
+        m_page.FindAs<hx::ui::ListBox>(kList)->Insert(-1, L"one");
+        m_page.FindAs<hx::ui::ListBox>(kList)->Insert(-1, L"two");
+        User().Focus(*m_page.Find(id));
+        const QPointer<QWidget> widget = &Widget(id);
+        bool there = false;
+        m_page.on_command = [&] {
+            m_page.on_command = nullptr;
+            hx::PostWindowMessage(m_page.Handle(), {1});
+            Later([&] {
+                // By now the message has been dispatched, and what is to be deleted may be.
+                Later([&] {
+                    there = widget && !widget->isVisible();
+                    QApplication::activeModalWidget()->close();
+                });
+            });
+            hx::ui::ShowMessageBox(&m_frame, L"", L"text", hx::ui::BoxIcon::none);
+        };
+        m_page.on_message = [&](uint32_t) { m_page.Destroy(); };
+        act();
+        EXPECT_FALSE(m_page.IsCreated()) << row;
+        EXPECT_TRUE(there) << row;
+        m_renderer->Pump();
+        EXPECT_FALSE(widget) << row;
     }
 }
 
