@@ -338,15 +338,18 @@ TEST_F(QtPerson, MenuGivesWhatWasChosen) {
 
 TEST(QtWithoutAScreen, IsRefusedWithAReason) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const auto load = [](const char* display) {
+    const auto load = [](const char* variable, const char* value) {
         for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) unsetenv(name);
-        if (display) setenv("DISPLAY", display, 1);
+        if (variable) setenv(variable, value, 1);
         std::wstring reason;
         const auto renderer = hx::ui::LoadScreenRenderer({}, reason);
         std::exit(!renderer && !reason.empty() ? 0 : 1);
     };
-    EXPECT_EXIT(load(nullptr), testing::ExitedWithCode(0), "");
-    EXPECT_EXIT(load(":987654"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load(nullptr, nullptr), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load("DISPLAY", ":987654"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load("DISPLAY", "localhost:998.0"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load("QT_QPA_PLATFORM", "linuxfb"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load("QT_QPA_PLATFORM", "xcb"), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace
