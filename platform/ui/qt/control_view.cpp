@@ -1,7 +1,7 @@
 #include "platform/ui/qt/control_view.h"
 
+#include <QScopedValueRollback>
 #include <QTextDocument>
-#include <utility>
 
 #include "platform/ui/codes.h"
 #include "platform/ui/qt/control_input.h"
@@ -52,10 +52,9 @@ void ControlView::ShowAll() {
 
 void ControlView::Show(ControlChange change) {
     if (!m_control) return;
-    const bool was_showing = std::exchange(m_showing, true);
+    const QScopedValueRollback showing(m_showing, true);
     ShowCommon(change);
     ShowOwn(change);
-    m_showing = was_showing;
 }
 
 void ControlView::Repaint(bool now) {

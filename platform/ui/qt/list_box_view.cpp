@@ -104,10 +104,22 @@ void ListBoxView::Repaint(bool now) {
     if (List() && List()->IsRedrawing()) ControlView::Repaint(now);
 }
 
+// However the event ends, the next one may ask again.
+class ListBoxView::InputEvent {
+public:
+    explicit InputEvent(ListBoxView& view) : m_view(view) { m_view.m_in_event = true; }
+    InputEvent(const InputEvent&) = delete;
+    InputEvent& operator=(const InputEvent&) = delete;
+    ~InputEvent() { m_view.m_in_event = m_view.m_pressed = m_view.m_asked = false; }
+
+private:
+    ListBoxView& m_view;
+};
+
 void ListBoxView::mousePressEvent(QMouseEvent* event) {
-    m_in_event = m_pressed = true;
+    const InputEvent input(*this);
+    m_pressed = true;
     QListView::mousePressEvent(event);
-    m_in_event = m_pressed = m_asked = false;
 }
 
 // A row is not selected by passing over it.
@@ -116,9 +128,8 @@ void ListBoxView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ListBoxView::keyPressEvent(QKeyEvent* event) {
-    m_in_event = true;
+    const InputEvent input(*this);
     QListView::keyPressEvent(event);
-    m_in_event = m_asked = false;
 }
 
 void ListBoxView::resizeEvent(QResizeEvent* event) {

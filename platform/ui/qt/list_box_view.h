@@ -72,6 +72,7 @@ protected:
     void ShowOwn(ControlChange change) override;
 
 private:
+    class InputEvent;
     void ShowRows();
     void ShowSelection();
     void TellScrolled();
