@@ -43,7 +43,11 @@ public:
             case QEvent::TabletMove:
             case QEvent::TabletRelease:
                 return true;
+            case QEvent::Shortcut:
+                return true;
             case QEvent::ShortcutOverride:
+                // It comes as a key that is typed then.
+                event->accept();
                 return true;
             case QEvent::KeyPress:
             case QEvent::KeyRelease:
@@ -74,19 +78,26 @@ MessagePump::~MessagePump() {
 }
 
 void MessagePump::Wake() {
-    QMetaObject::invokeMethod(
-        &m_receiver, [this] { Dispatch(); }, Qt::QueuedConnection);
+    if (m_woken.exchange(true)) return;
+    try {
+        QMetaObject::invokeMethod(
+            &m_receiver, [this] { Dispatch(); }, Qt::QueuedConnection);
+    } catch (...) {
+        m_woken = false;
+        throw;
+    }
 }
 
 void MessagePump::Dispatch() {
+    m_woken = false;
     const InCall call;
-    if (!m_held) DispatchMessages();
+    if (!m_held) DispatchWaitingMessages();
 }
 
 void MessagePump::Run() {
     constexpr int kRounds = 100;  // whoever posts to himself for ever does not hold up the caller
     for (int round = 0; round < kRounds; ++round) {
-        const size_t dispatched = DispatchMessages();
+        const size_t dispatched = DispatchWaitingMessages();
         QCoreApplication::processEvents();
         if (dispatched == 0 && round > 0) break;
     }

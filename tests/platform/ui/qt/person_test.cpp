@@ -1,5 +1,6 @@
 // What a person does at the machine, by the toolkit's own events and loops.
 #include <QApplication>
+#include <QEventLoop>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -260,6 +261,28 @@ TEST_F(QtPerson, ModalDialogRunsTheLoopForEverybody) {
 
     Later([] { QApplication::activeModalWidget()->close(); });
     EXPECT_EQ(prompt.RunModal(m_module, kPrompt, &m_page), static_cast<int32_t>(IDCANCEL));
+}
+
+TEST_F(QtPerson, LoopOfTheHostsInsideAMessageGetsTheOthers) {
+    QEventLoop loop;
+    m_page.on_message = [&](uint32_t id) {
+        if (id == 1) loop.exec();
+        if (id == 3) loop.quit();
+    };
+    for (const uint32_t id : {1U, 2U, 3U}) hx::PostWindowMessage(m_page.Handle(), {id});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_page.messages, (std::vector<uint32_t>{1, 2, 3}));
+}
+
+TEST_F(QtPerson, WhoeverPostsToHimselfHoldsUpNobody) {
+    m_page.on_message = [&](uint32_t id) { hx::PostWindowMessage(m_page.Handle(), {id + 1}); };
+    hx::PostWindowMessage(m_page.Handle(), {1});
+    QCoreApplication::processEvents();
+    m_renderer->Pump();
+    const size_t before = m_page.messages.size();
+    EXPECT_GT(before, 0U);
+    QCoreApplication::processEvents();
+    EXPECT_GT(m_page.messages.size(), before) << "forgotten";
 }
 
 TEST_F(QtPerson, BoxesShowTheirTextAsItIsAndCutWhatNoScreenHolds) {
