@@ -81,6 +81,8 @@ ListBoxView::ListBoxView(Control& control, QWidget& parent)
     setEditTriggers(NoEditTriggers);
     setTextElideMode(Qt::ElideNone);
     setContextMenuPolicy(Qt::PreventContextMenu);
+    // Where a pixel is none of the screen's, rows that reach the frame would be painted over its line.
+    setViewportMargins(0, 0, 1, 1);
     setItemDelegate(new RowDelegate(*this));
     setModel(&m_rows);
     setSelectionModel(&m_selection);
@@ -135,6 +137,13 @@ void ListBoxView::keyPressEvent(QKeyEvent* event) {
 void ListBoxView::resizeEvent(QResizeEvent* event) {
     QListView::resizeEvent(event);
     TellScrolled();
+}
+
+bool ListBoxView::event(QEvent* event) {
+    if (event->type() == QEvent::Paint) {
+        QPainter(this).fillRect(rect().adjusted(1, 1, -1, -1), palette().base());
+    }
+    return CallingWidget::event(event);
 }
 
 bool ListBoxView::viewportEvent(QEvent* event) {
