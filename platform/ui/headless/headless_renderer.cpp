@@ -22,12 +22,16 @@ public:
 
     // There is nobody to wait for.
     void RunModal(Dialog& dialog) override {
+        ++m_unscripted;
         dialog.OnClose();
         if (!dialog.HasEnded()) dialog.EndDialog(static_cast<int32_t>(IDCANCEL));
     }
     void ShowMessageBox(Window* /*owner*/, const std::wstring& /*caption*/, const std::wstring& /*text*/,
-                        BoxIcon /*icon*/) override {}
+                        BoxIcon /*icon*/) override {
+        ++m_unscripted;
+    }
     uint32_t RunMenu(Window& /*owner*/, Point /*where*/, const std::vector<MenuLine>& /*lines*/) override {
+        ++m_unscripted;
         return 0;
     }
 
@@ -72,6 +76,7 @@ public:
     size_t Invalidations(const Control& control) const override { return CountsOf(control).invalidations; }
     size_t ImmediatePaints(const Control& control) const override { return CountsOf(control).immediate; }
 
+    size_t Unscripted() const override { return m_unscripted; }
     int32_t WaitCursors() const override { return m_wait_cursors; }
     size_t DiscardedMouseMessages() const override { return m_discarded; }
     void SetDark(bool dark) override {
@@ -106,6 +111,7 @@ private:
     double m_scale = 1;
     int32_t m_wait_cursors = 0;
     size_t m_discarded = 0;
+    size_t m_unscripted = 0;
 };
 
 }  // namespace
