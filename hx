@@ -174,6 +174,7 @@ run_tests() {
     [ $# -gt 0 ] || set -- release
     # Windows of tests are on no screen, whatever the desktop says.
     export QT_QPA_PLATFORM=offscreen
+    export LSAN_OPTIONS=${LSAN_OPTIONS:-suppressions=$PWD/tests/leaks.supp:print_suppressions=0}
     local preset
     for preset in "$@"; do
         cmake --preset "$preset" -DHX_TESTS=ON >&2

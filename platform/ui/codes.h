@@ -13,7 +13,6 @@
 inline constexpr uint32_t BN_CLICKED = 0;
 inline constexpr uint32_t CBN_SELCHANGE = 1;
 inline constexpr uint32_t LBN_SELCHANGE = 1;
-inline constexpr uint32_t LBN_DBLCLK = 2;
 inline constexpr uint32_t EN_SETFOCUS = 0x0100;
 inline constexpr uint32_t EN_KILLFOCUS = 0x0200;
 inline constexpr uint32_t EN_CHANGE = 0x0300;  // the text was changed, and shows it

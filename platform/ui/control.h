@@ -75,7 +75,8 @@ public:
     void Attach(Dialog& parent, const DialogControl& line, const Rectangle& bounds);
     virtual void Detach();
 
-    // Called by a renderer. A key that is not handled does what it usually does.
+    // Called by a renderer; must not throw, since a toolkit may be its caller. A key that is not handled does
+    // what it usually does.
     virtual bool OnKeyDown(uint32_t /*key*/) { return false; }
     // The right button went down there, in the control, or at (-1, -1) the key for menus.
     virtual void OnContextMenu(Point /*where*/) {}

@@ -50,8 +50,8 @@ private:
 // One line of text.
 class HX_PLATFORM_API Edit : public Control {
 public:
-    // As many characters as a person can enter; what is too much of a pasted text is left out, and what is
-    // behind its first line.
+    // As many characters as it holds: what is behind them in a text that is set is left out, and of a pasted
+    // one what there is no room for, and what is behind its first line.
     static constexpr size_t kTextLimit = 32767;
 
     Edit() : Control(ControlKind::edit) {}

@@ -73,7 +73,8 @@ public:
 
     Dialog* AsDialog() override { return this; }
 
-    // Called by controls. `code` is BN_..., EN_..., CBN_... or LBN_...
+    // Called by controls; must not throw, since a toolkit may be the caller. `code` is BN_..., EN_...,
+    // CBN_... or LBN_...
     virtual void OnCommand(Control& /*control*/, uint32_t /*code*/) {}
     // `code` is TB_...; the position is where the track bar stands now.
     virtual void OnScroll(TrackBar& /*track_bar*/, uint32_t /*code*/, int32_t /*position*/) {}

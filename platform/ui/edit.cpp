@@ -11,6 +11,7 @@ void Edit::OnAttached(const DialogControl& /*line*/) {
 }
 
 void Edit::SetText(std::wstring text) {
+    if (text.size() > kTextLimit) text.resize(kTextLimit);
     Take(std::move(text), {});
 }
 

@@ -17,7 +17,10 @@ struct ScreenOptions {
     std::optional<bool> dark;  // light or dark colours; nothing leaves it to the desktop
 };
 
-// Null, and `reason` says why in English, if the library is missing or there is no screen. Once per process.
+// Null, and `reason` says why in English, if the library is missing or there is no screen: nothing ends the
+// process. A server that accepts the connection and says nothing is waited for. Once per process.
+//
+// A frame that stays open when its OnClose is told keeps a host's quit() from ending the loop.
 HX_PLATFORM_API std::shared_ptr<IRenderer> LoadScreenRenderer(const ScreenOptions& options,
                                                               std::wstring& reason);
 

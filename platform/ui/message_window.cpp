@@ -54,14 +54,15 @@ WindowHandle Enter(MessageWindow& window) {
     return handle;
 }
 
-// The next message of `queue`, and to whom it goes; null for none.
-MessageWindow* Take(MessageQueue& queue, WindowMessage& message) {
+// The next message of `queue`, to whom it goes, and whether others wait; null for none.
+MessageWindow* Take(MessageQueue& queue, WindowMessage& message, bool& more) {
     MessageWindows& windows = AllMessageWindows();
     const std::lock_guard lock(windows.mutex);
     if (queue.messages.empty()) return nullptr;
     const Posted posted = queue.messages.front();
     queue.messages.pop_front();
     message = posted.message;
+    more = !queue.messages.empty();
     return windows.entries.at(posted.window).window;
 }
 
@@ -128,11 +129,31 @@ size_t DispatchMessages() {
     if (!queue) return 0;
     size_t count = 0;
     WindowMessage message;
-    while (MessageWindow* const window = Take(*queue, message)) {
+    bool more = false;
+    while (MessageWindow* const window = Take(*queue, message, more)) {
         MessageDispatch::Deliver(*window, message);
         ++count;
     }
     return count;
+}
+
+size_t DispatchWaitingMessages() {
+    const std::shared_ptr<MessageQueue> queue = ThreadQueue::Get();
+    if (!queue) return 0;
+    size_t waiting = 0;
+    {
+        const std::lock_guard lock(AllMessageWindows().mutex);
+        waiting = queue->messages.size();
+    }
+    WindowMessage message;
+    bool more = false;
+    for (size_t count = 0; count < waiting; ++count) {
+        MessageWindow* const window = Take(*queue, message, more);
+        if (!window) return count;
+        if (more) Wake(*queue);
+        MessageDispatch::Deliver(*window, message);
+    }
+    return waiting;
 }
 
 bool WaitForMessage(std::chrono::milliseconds patience) {

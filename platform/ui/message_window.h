@@ -59,12 +59,17 @@ HX_PLATFORM_API void DropWindowMessages(WindowHandle window, uint32_t id);
 // Delivers this thread's messages, those posted meanwhile included, until there is none; says how many.
 HX_PLATFORM_API size_t DispatchMessages();
 
+// Delivers as many as wait now, for callers who have other things to do, too; says how many. Before one
+// behind which others wait, the hook is called: a loop that runs inside OnMessage, or after it has failed, is
+// told of them.
+HX_PLATFORM_API size_t DispatchWaitingMessages();
+
 // Waits until this thread has a message; false if none came in time.
 HX_PLATFORM_API bool WaitForMessage(std::chrono::milliseconds patience);
 
-// Called on the posting thread whenever a message comes to this thread's queue, which was empty; it must
-// neither dispatch nor wait for this thread. Null for none, which is so when the thread ends. Gives the one
-// before, null likewise, which is not running on any other thread any more.
+// Called on the posting thread whenever a message comes to this thread's queue, which was empty, and by
+// DispatchWaitingMessages; it must neither dispatch nor wait for this thread. Null for none, which is so when
+// the thread ends. Gives the one before, null likewise, which is not running on any other thread any more.
 using MessageHook = void (*)(void* context);
 struct MessageHookEntry {
     MessageHook hook = nullptr;

@@ -54,7 +54,8 @@ public:
 
     virtual Dialog* AsDialog() { return nullptr; }
 
-    // Called by a renderer.
+    // Called by a renderer. What derived classes do in these, and in those below, must not throw: a toolkit
+    // may be the caller.
     virtual void OnPaint(IPainter& /*painter*/) {}
     // A person has resized or moved it.
     void UserMoved(const Rectangle& bounds);

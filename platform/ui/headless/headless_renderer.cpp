@@ -22,12 +22,16 @@ public:
 
     // There is nobody to wait for.
     void RunModal(Dialog& dialog) override {
+        ++m_unscripted;
         dialog.OnClose();
         if (!dialog.HasEnded()) dialog.EndDialog(static_cast<int32_t>(IDCANCEL));
     }
     void ShowMessageBox(Window* /*owner*/, const std::wstring& /*caption*/, const std::wstring& /*text*/,
-                        BoxIcon /*icon*/) override {}
+                        BoxIcon /*icon*/) override {
+        ++m_unscripted;
+    }
     uint32_t RunMenu(Window& /*owner*/, Point /*where*/, const std::vector<MenuLine>& /*lines*/) override {
+        ++m_unscripted;
         return 0;
     }
 
@@ -39,7 +43,9 @@ public:
     void ShowWaitCursor(bool shown) override { m_wait_cursors += shown ? 1 : -1; }
     void DiscardMouseMessages() override { m_discarded += m_user.DropQueuedClicks(); }
     void Pump() override {
-        while (m_user.DoQueuedClicks() + DispatchMessages() > 0) {
+        constexpr int kRounds = 100;  // whoever posts to himself for ever does not hold up the caller
+        for (int round = 0; round < kRounds; ++round) {
+            if (m_user.DoQueuedClicks() + DispatchWaitingMessages() == 0) break;
         }
     }
     IUser& User() override { return m_user; }
@@ -70,6 +76,7 @@ public:
     size_t Invalidations(const Control& control) const override { return CountsOf(control).invalidations; }
     size_t ImmediatePaints(const Control& control) const override { return CountsOf(control).immediate; }
 
+    size_t Unscripted() const override { return m_unscripted; }
     int32_t WaitCursors() const override { return m_wait_cursors; }
     size_t DiscardedMouseMessages() const override { return m_discarded; }
     void SetDark(bool dark) override {
@@ -104,6 +111,7 @@ private:
     double m_scale = 1;
     int32_t m_wait_cursors = 0;
     size_t m_discarded = 0;
+    size_t m_unscripted = 0;
 };
 
 }  // namespace

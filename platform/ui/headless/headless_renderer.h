@@ -35,6 +35,9 @@ public:
     virtual size_t Invalidations(const Control& control) const = 0;
     virtual size_t ImmediatePaints(const Control& control) const = 0;
 
+    // Boxes, menus and modal dialogs that came up while no Script was in use: they went at once, with nobody
+    // to see them.
+    virtual size_t Unscripted() const = 0;
     // Shown and not hidden since: 1 or 0.
     virtual int32_t WaitCursors() const = 0;
     virtual size_t DiscardedMouseMessages() const = 0;

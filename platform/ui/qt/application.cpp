@@ -1,13 +1,19 @@
 #include "platform/ui/qt/application.h"
 
+#include <dlfcn.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QPluginLoader>
 #include <QStyleFactory>
-#include <cstddef>
+#include <algorithm>
 #include <cstring>
+#include <string>
 
 #include "platform/ui/qt/appearance.h"
 
@@ -16,43 +22,115 @@ namespace hx::ui {
 namespace {
 
 constexpr wchar_t kNoDisplay[] = L"There is no screen: neither DISPLAY nor WAYLAND_DISPLAY is set.";
-constexpr wchar_t kNoServer[] = L"There is no screen: nothing answers at DISPLAY or WAYLAND_DISPLAY.";
+constexpr wchar_t kNoServer[] =
+    L"There is no screen: nothing that could be used answers at DISPLAY or WAYLAND_DISPLAY.";
+constexpr wchar_t kUnknownPlatform[] =
+    L"QT_QPA_PLATFORM must name platforms among xcb, wayland, wayland-egl, offscreen, minimal and vnc.";
+constexpr wchar_t kNoPlatform[] = L"Nothing that QT_QPA_PLATFORM names is installed and answers.";
 
-// Whether somebody listens at a socket; of an abstract one, the name begins with a zero.
-bool Answers(const std::string& name) {
+// Connects as the toolkit's own plugin does, with the same library: refusals are found, too.
+bool AnswersX() {
+    struct Connection;
+    void* const library = dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
+    if (!library) return false;
+    const auto function = [library]<class F>(F*& pointer, const char* name) {
+        pointer = reinterpret_cast<F*>(dlsym(library, name));
+        return pointer != nullptr;
+    };
+    Connection* (*connect)(const char*, int*) = nullptr;
+    int (*has_error)(Connection*) = nullptr;
+    void (*disconnect)(Connection*) = nullptr;
+    if (!function(connect, "xcb_connect") || !function(has_error, "xcb_connection_has_error") ||
+        !function(disconnect, "xcb_disconnect")) {
+        return false;
+    }
+    Connection* const connection = connect(nullptr, nullptr);
+    const bool answers = connection && has_error(connection) == 0;
+    if (connection) disconnect(connection);
+    return answers;
+}
+
+bool AnswersWayland() {
+    const std::string display = qgetenv("WAYLAND_DISPLAY").toStdString();
+    if (display.empty()) return false;
+    const std::string name =
+        display.front() == '/' ? display : qgetenv("XDG_RUNTIME_DIR").toStdString() + "/" + display;
     sockaddr_un address = {};
     if (name.size() >= sizeof address.sun_path) return false;
     address.sun_family = AF_UNIX;
     std::memcpy(address.sun_path, name.data(), name.size());
     const int file = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (file < 0) return false;
-    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size());
-    const bool answers = connect(file, reinterpret_cast<const sockaddr*>(&address), length) == 0;
+    const bool answers = connect(file, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     close(file);
     return answers;
 }
 
-bool AnswersX(const std::string& display) {
-    // One on another machine may be there.
-    if (display.empty() || display.front() != ':') return !display.empty();
-    const std::string path = "/tmp/.X11-unix/X" + display.substr(1, display.find('.') - 1);
-    return Answers(path) || Answers(std::string(1, '\0') + path);
+bool IsThere() {
+    return true;
 }
 
-bool AnswersWayland(const std::string& display) {
-    if (display.empty()) return false;
-    return Answers(display.front() == '/' ? display
-                                          : qgetenv("XDG_RUNTIME_DIR").toStdString() + "/" + display);
+// Those of which can be told beforehand whether they work.
+struct Platform {
+    const char* name;
+    const char* plugins;
+    bool (*answers)();
+};
+constexpr Platform kPlatforms[] = {
+    {"xcb", "libqxcb.so", AnswersX},
+    {"wayland", "libqwayland-*.so", AnswersWayland},
+    {"wayland-egl", "libqwayland-egl.so", AnswersWayland},
+    {"offscreen", "libqoffscreen.so", IsThere},
+    {"minimal", "libqminimal.so", IsThere},
+    {"vnc", "libqvnc.so", IsThere},
+};
+
+bool IsInstalled(const Platform& platform) {
+    QStringList folders = QString::fromLocal8Bit(qgetenv("QT_QPA_PLATFORM_PLUGIN_PATH")).split(u':');
+    for (const QString& path : QCoreApplication::libraryPaths())
+        folders << path + QStringLiteral("/platforms");
+    for (const QString& folder : folders) {
+        if (folder.isEmpty()) continue;
+        for (const QFileInfo& file : QDir(folder).entryInfoList({QString::fromLatin1(platform.plugins)})) {
+            if (QPluginLoader(file.filePath()).load()) return true;
+        }
+    }
+    return false;
 }
 
 // The toolkit ends the process if it finds no screen, so it is asked only if there is one. Null if so.
 const wchar_t* WhyNoScreen() {
-    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    if (!platform.isEmpty() && !platform.startsWith("xcb") && !platform.startsWith("wayland")) return nullptr;
-    const std::string x = qgetenv("DISPLAY").toStdString();
-    const std::string wayland = qgetenv("WAYLAND_DISPLAY").toStdString();
-    if (x.empty() && wayland.empty()) return kNoDisplay;
-    return AnswersX(x) || AnswersWayland(wayland) ? nullptr : kNoServer;
+    const QByteArray wanted = qgetenv("QT_QPA_PLATFORM");
+    if (wanted.isEmpty() && qgetenv("DISPLAY").isEmpty() && qgetenv("WAYLAND_DISPLAY").isEmpty()) {
+        return kNoDisplay;
+    }
+    // Each is tried, and may have options.
+    bool works = false;
+    for (const QByteArray& entry : (wanted.isEmpty() ? QByteArray("xcb;wayland") : wanted).split(';')) {
+        const QByteArray name = entry.split(':').first();
+        const auto* const platform =
+            std::find_if(std::begin(kPlatforms), std::end(kPlatforms),
+                         [&name](const Platform& known) { return name == known.name; });
+        if (platform == std::end(kPlatforms)) return kUnknownPlatform;
+        works = works || (platform->answers() && IsInstalled(*platform));
+    }
+    if (works) return nullptr;
+    return wanted.isEmpty() ? kNoServer : kNoPlatform;
+}
+
+// The toolkit writes to standard error if nobody has said where its run-time files go, though it has none
+// without a screen.
+void SetRuntimeFolder() {
+    constexpr const char* kVariable = "XDG_RUNTIME_DIR";
+    if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen") || qEnvironmentVariableIsSet(kVariable)) return;
+    constexpr mode_t kOwnerOnly = 0700;
+    const QByteArray folder =
+        QFile::encodeName(QDir::tempPath()) + "/runtime-" + QByteArray::number(getuid());
+    struct stat status = {};
+    mkdir(folder.constData(), kOwnerOnly);
+    const bool ours = lstat(folder.constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
+                      status.st_uid == getuid() && (status.st_mode & 0777) == kOwnerOnly;
+    if (ours) qputenv(kVariable, folder);
 }
 
 void MakeApplication() {
@@ -78,6 +156,7 @@ bool StartApplication(const ScreenOptions& options, std::wstring& reason) {
         if (options.scale > 0) {
             qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale, 'g', 6));
         }
+        SetRuntimeFolder();
         MakeApplication();
     } else if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
         reason = L"The host's application object is one without widgets.";

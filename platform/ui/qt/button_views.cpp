@@ -5,17 +5,19 @@
 #include "platform/ui/controls.h"
 #include "platform/ui/qt/control_view.h"
 #include "platform/ui/qt/conversions.h"
+#include "platform/ui/qt/released.h"
 
 namespace hx::ui {
 
 namespace {
 
-class ButtonView final : public QPushButton, public ControlView {
+class ButtonView final : public CallingWidget<QPushButton>, public ControlView {
 public:
-    ButtonView(Control& control, QWidget& parent) : QPushButton(&parent), ControlView(control, *this) {
+    ButtonView(Control& control, QWidget& parent) : CallingWidget(&parent), ControlView(control, *this) {
         setFocusPolicy(Qt::StrongFocus);
         setAutoDefault(false);
         connect(this, &QPushButton::clicked, this, [this] {
+            const InCall call;
             if (Model()) static_cast<Button*>(Model())->UserClick();
         });
     }
@@ -30,12 +32,13 @@ protected:
     }
 };
 
-class CheckBoxView final : public QCheckBox, public ControlView {
+class CheckBoxView final : public CallingWidget<QCheckBox>, public ControlView {
 public:
-    CheckBoxView(Control& control, QWidget& parent) : QCheckBox(&parent), ControlView(control, *this) {
+    CheckBoxView(Control& control, QWidget& parent) : CallingWidget(&parent), ControlView(control, *this) {
         setFocusPolicy(Qt::StrongFocus);
         // Tools that read the screen toggle it without a click.
         connect(this, &QCheckBox::toggled, this, [this] {
+            const InCall call;
             if (!IsShowing()) nextCheckState();
         });
     }

@@ -4,17 +4,19 @@
 #include "platform/ui/controls.h"
 #include "platform/ui/qt/control_view.h"
 #include "platform/ui/qt/conversions.h"
+#include "platform/ui/qt/released.h"
 
 namespace hx::ui {
 
 namespace {
 
-class ComboBoxView final : public QComboBox, public ControlView {
+class ComboBoxView final : public CallingWidget<QComboBox>, public ControlView {
 public:
-    ComboBoxView(Control& control, QWidget& parent) : QComboBox(&parent), ControlView(control, *this) {
+    ComboBoxView(Control& control, QWidget& parent) : CallingWidget(&parent), ControlView(control, *this) {
         setFocusPolicy(Qt::StrongFocus);
         connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
             if (IsShowing() || !Model()) return;
+            const InCall call;
             ComboBox& combo_box = *static_cast<ComboBox*>(Model());
             if (index != combo_box.Selected()) combo_box.UserSelect(index);
         });

@@ -7,6 +7,7 @@
 #include "platform/ui/dialog.h"
 #include "platform/ui/qt/conversions.h"
 #include "platform/ui/qt/keys.h"
+#include "platform/ui/qt/released.h"
 #include "platform/ui/services.h"
 
 namespace hx::ui {
@@ -27,6 +28,7 @@ ControlInput::ControlInput(ControlView& view) : QObject(&view.Widget()), m_view(
 bool ControlInput::eventFilter(QObject* watched, QEvent* event) {
     Control* const control = m_view.Model();
     if (!control || !control->Parent()) return false;
+    const InCall call;
     const bool on_surface = watched == &m_view.Surface();
     switch (event->type()) {
         case QEvent::ShortcutOverride:

@@ -1,11 +1,12 @@
 #include "platform/ui/qt/control_view.h"
 
+#include <QScopedValueRollback>
 #include <QTextDocument>
-#include <utility>
 
 #include "platform/ui/codes.h"
 #include "platform/ui/qt/control_input.h"
 #include "platform/ui/qt/conversions.h"
+#include "platform/ui/qt/released.h"
 
 namespace hx::ui {
 
@@ -38,8 +39,7 @@ ControlView* ControlView::Make(Control& control, QWidget& parent) {
 
 void ControlView::Release() {
     m_control = nullptr;
-    m_widget->hide();
-    m_widget->deleteLater();
+    ReleaseWidget(*m_widget);
 }
 
 void ControlView::ShowAll() {
@@ -52,10 +52,9 @@ void ControlView::ShowAll() {
 
 void ControlView::Show(ControlChange change) {
     if (!m_control) return;
-    const bool was_showing = std::exchange(m_showing, true);
+    const QScopedValueRollback showing(m_showing, true);
     ShowCommon(change);
     ShowOwn(change);
-    m_showing = was_showing;
 }
 
 void ControlView::Repaint(bool now) {

@@ -17,7 +17,7 @@ public:
 
     // The widget belongs to `parent` until it is released.
     static ControlView* Make(Control& control, QWidget& parent);
-    // The control is shown no more; the widget goes when it is in no call any longer.
+    // The control is shown no more; the widget goes as released ones do.
     void Release();
 
     QWidget& Widget() const { return *m_widget; }

@@ -7,19 +7,21 @@
 #include "platform/ui/controls.h"
 #include "platform/ui/qt/control_view.h"
 #include "platform/ui/qt/conversions.h"
+#include "platform/ui/qt/released.h"
 
 namespace hx::ui {
 
 namespace {
 
-class EditView final : public QLineEdit, public ControlView {
+class EditView final : public CallingWidget<QLineEdit>, public ControlView {
 public:
-    EditView(Control& control, QWidget& parent) : QLineEdit(&parent), ControlView(control, *this) {
+    EditView(Control& control, QWidget& parent) : CallingWidget(&parent), ControlView(control, *this) {
         setFocusPolicy(Qt::StrongFocus);
         // In units of UTF-16, of which a character has at most two; what is still too much is cut below.
         setMaxLength(2 * static_cast<int>(Edit::kTextLimit));
         connect(this, &QLineEdit::textEdited, this, [this] { OnEdited(); });
         const auto on_selected = [this] {
+            const InCall call;
             if (!IsShowing() && Model() && text() == ToQt(Model()->Text())) {
                 static_cast<Edit*>(Model())->UserSelect(Selected());
             }
@@ -92,6 +94,7 @@ private:
     // too many characters those that there was room for.
     void OnEdited() {
         if (!Model()) return;
+        const InCall call;
         QString entered = text();
         int caret = cursorPosition();
         for (int i = 0; i < caret; ++i) {

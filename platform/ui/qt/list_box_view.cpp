@@ -75,12 +75,14 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModel
 }
 
 ListBoxView::ListBoxView(Control& control, QWidget& parent)
-    : QListView(&parent), ControlView(control, *this), m_rows(*this), m_selection(m_rows, *this) {
+    : CallingWidget(&parent), ControlView(control, *this), m_rows(*this), m_selection(m_rows, *this) {
     setFocusPolicy(Qt::StrongFocus);
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setTextElideMode(Qt::ElideNone);
     setContextMenuPolicy(Qt::PreventContextMenu);
+    // Where a pixel is none of the screen's, rows that reach the frame would be painted over its line.
+    setViewportMargins(0, 0, 1, 1);
     setItemDelegate(new RowDelegate(*this));
     setModel(&m_rows);
     setSelectionModel(&m_selection);
@@ -95,6 +97,7 @@ int ListBoxView::RowWidth() const {
 
 void ListBoxView::Ask(int row) {
     if (!List() || m_asked || (!m_pressed && row == List()->Selected())) return;
+    const InCall call;
     m_asked = m_in_event;
     List()->UserSelect(row);
 }
@@ -103,10 +106,22 @@ void ListBoxView::Repaint(bool now) {
     if (List() && List()->IsRedrawing()) ControlView::Repaint(now);
 }
 
+// However the event ends, the next one may ask again.
+class ListBoxView::InputEvent {
+public:
+    explicit InputEvent(ListBoxView& view) : m_view(view) { m_view.m_in_event = true; }
+    InputEvent(const InputEvent&) = delete;
+    InputEvent& operator=(const InputEvent&) = delete;
+    ~InputEvent() { m_view.m_in_event = m_view.m_pressed = m_view.m_asked = false; }
+
+private:
+    ListBoxView& m_view;
+};
+
 void ListBoxView::mousePressEvent(QMouseEvent* event) {
-    m_in_event = m_pressed = true;
+    const InputEvent input(*this);
+    m_pressed = true;
     QListView::mousePressEvent(event);
-    m_in_event = m_pressed = m_asked = false;
 }
 
 // A row is not selected by passing over it.
@@ -115,14 +130,25 @@ void ListBoxView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ListBoxView::keyPressEvent(QKeyEvent* event) {
-    m_in_event = true;
+    const InputEvent input(*this);
     QListView::keyPressEvent(event);
-    m_in_event = m_asked = false;
 }
 
 void ListBoxView::resizeEvent(QResizeEvent* event) {
     QListView::resizeEvent(event);
     TellScrolled();
+}
+
+bool ListBoxView::event(QEvent* event) {
+    if (event->type() == QEvent::Paint) {
+        QPainter(this).fillRect(rect().adjusted(1, 1, -1, -1), palette().base());
+    }
+    return CallingWidget::event(event);
+}
+
+bool ListBoxView::viewportEvent(QEvent* event) {
+    const InCall call;
+    return CallingWidget::viewportEvent(event);
 }
 
 void ListBoxView::ShowOwn(ControlChange change) {
@@ -176,6 +202,7 @@ void ListBoxView::ShowSelection() {
 
 void ListBoxView::TellScrolled() {
     if (!List()) return;
+    const InCall call;
     // It is scrolled by whole rows.
     const Point offset = {horizontalScrollBar()->value(), verticalScrollBar()->value() * List()->RowHeight()};
     if (offset != List()->ScrollOffset()) List()->UserScrolled(offset);

@@ -9,6 +9,7 @@
 
 #include "platform/ui/list_box.h"
 #include "platform/ui/qt/control_view.h"
+#include "platform/ui/qt/released.h"
 
 namespace hx::ui {
 
@@ -48,7 +49,7 @@ private:
     ListBoxView& m_view;
 };
 
-class ListBoxView final : public QListView, public ControlView {
+class ListBoxView final : public CallingWidget<QListView>, public ControlView {
 public:
     ListBoxView(Control& control, QWidget& parent);
 
@@ -67,9 +68,12 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void ShowOwn(ControlChange change) override;
 
 private:
+    class InputEvent;
     void ShowRows();
     void ShowSelection();
     void TellScrolled();

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ui/qt/released.h"
+
 namespace hx::ui {
 
 namespace {
@@ -41,7 +43,11 @@ public:
             case QEvent::TabletMove:
             case QEvent::TabletRelease:
                 return true;
+            case QEvent::Shortcut:
+                return true;
             case QEvent::ShortcutOverride:
+                // It comes as a key that is typed then.
+                event->accept();
                 return true;
             case QEvent::KeyPress:
             case QEvent::KeyRelease:
@@ -72,23 +78,33 @@ MessagePump::~MessagePump() {
 }
 
 void MessagePump::Wake() {
-    QMetaObject::invokeMethod(
-        &m_receiver, [this] { Dispatch(); }, Qt::QueuedConnection);
+    if (m_woken.exchange(true)) return;
+    try {
+        QMetaObject::invokeMethod(
+            &m_receiver, [this] { Dispatch(); }, Qt::QueuedConnection);
+    } catch (...) {
+        m_woken = false;
+        throw;
+    }
 }
 
 void MessagePump::Dispatch() {
-    if (!m_held) DispatchMessages();
+    m_woken = false;
+    const InCall call;
+    if (!m_held) DispatchWaitingMessages();
 }
 
-void MessagePump::Run(bool no_event_above) {
+void MessagePump::Run() {
     constexpr int kRounds = 100;  // whoever posts to himself for ever does not hold up the caller
     for (int round = 0; round < kRounds; ++round) {
-        const size_t dispatched = DispatchMessages();
+        const size_t dispatched = DispatchWaitingMessages();
         QCoreApplication::processEvents();
         if (dispatched == 0 && round > 0) break;
     }
-    // What was released outside any event is deleted by no loop of events.
-    if (no_event_above && QThread::currentThread()->loopLevel() == 0) {
+    if (InCall::Any()) return;
+    DeleteReleasedWidgets();
+    // Boxes that were closed outside any event are deleted by no loop of events.
+    if (QThread::currentThread()->loopLevel() == 0) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }

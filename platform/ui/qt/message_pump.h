@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <atomic>
 
 #include "platform/ui/message_window.h"
 
@@ -15,12 +16,11 @@ public:
     MessagePump& operator=(const MessagePump&) = delete;
     ~MessagePump();
 
-    // Messages that wait are dispatched by the event loop that runs next. To be called before a loop inside
-    // another one: nobody is told of messages that waited before it.
+    // Messages that wait are dispatched by the event loop that runs next. Any thread. To be called before a
+    // loop inside another one: nobody is told of messages that wait for a host's own DispatchMessages.
     void Wake();
-    // Until nothing is left to be done. Released widgets go if no event is being handled further up the
-    // stack.
-    void Run(bool no_event_above);
+    // Until nothing is left to be done, or somebody always leaves something.
+    void Run();
     void DiscardMouse();
 
 private:
@@ -28,6 +28,7 @@ private:
 
     QObject m_receiver;
     MessageHookEntry m_before;
+    std::atomic<bool> m_woken = false;  // an event that dispatches is on its way
     bool m_held = false;
 };
 

@@ -33,8 +33,11 @@ void QtRenderer::RunModal(Dialog& dialog) {
         return Window::FromHandle(handle) == &dialog && !dialog.HasEnded();
     };
     // Whatever ends the dialog is an event: it is looked for before the loop waits, and when it is woken.
-    const auto look = [&is_open, &loop] {
-        if (!is_open()) loop.quit();
+    // Told once: a loop inside this one would be woken by it again and again.
+    const auto look = [&is_open, &loop, told = false]() mutable {
+        if (told || is_open()) return;
+        told = true;
+        loop.quit();
     };
     const QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
     QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &loop, look);
@@ -89,7 +92,7 @@ void QtRenderer::DiscardMouseMessages() {
 
 void QtRenderer::Pump() {
     do {
-        m_pump.Run(!m_user.IsActing());
+        m_pump.Run();
     } while (m_user.DoQueuedClicks() > 0);
 }
 

@@ -13,6 +13,7 @@
 #include "platform/ui/qt/events.h"
 #include "platform/ui/qt/keys.h"
 #include "platform/ui/qt/list_box_view.h"
+#include "platform/ui/qt/released.h"
 #include "platform/ui/qt/track_bar_view.h"
 #include "platform/ui/qt/window_view.h"
 
@@ -46,17 +47,6 @@ QPoint PlaceToClick(const QWidget& widget) {
 
 }  // namespace
 
-class QtUser::Acting {
-public:
-    explicit Acting(QtUser& user) : m_user(user) { ++m_user.m_depth; }
-    Acting(const Acting&) = delete;
-    Acting& operator=(const Acting&) = delete;
-    ~Acting() { --m_user.m_depth; }
-
-private:
-    QtUser& m_user;
-};
-
 ControlView* QtUser::Reach(const Control& control) {
     if (!control.Parent() || !IsReachable(*control.Parent()) || !control.IsEnabled() ||
         !control.IsVisible()) {
@@ -79,12 +69,12 @@ ControlView* QtUser::Focused(Control& control) {
 }
 
 bool QtUser::Focus(Control& control) {
-    const Acting acting(*this);
+    const InCall call;
     return Focused(control) != nullptr;
 }
 
 bool QtUser::Leave(Control& control) {
-    const Acting acting(*this);
+    const InCall call;
     ControlView* const view = control.HasFocus() ? Reach(control) : nullptr;
     if (!view) return false;
     if (control.Parent()->NextTabStop(&control, false)) {
@@ -96,7 +86,7 @@ bool QtUser::Leave(Control& control) {
 }
 
 bool QtUser::Click(Control& control) {
-    const Acting acting(*this);
+    const InCall call;
     if (control.Kind() != ControlKind::button && control.Kind() != ControlKind::check_box) return false;
     ControlView* const view = Focused(control);
     if (!view) return false;
@@ -105,7 +95,7 @@ bool QtUser::Click(Control& control) {
 }
 
 bool QtUser::Type(Edit& edit, const std::wstring& text) {
-    const Acting acting(*this);
+    const InCall call;
     ControlView* const view = Focused(edit);
     if (!view) return false;
     const Attachment attachment(edit);
@@ -120,7 +110,7 @@ bool QtUser::Type(Edit& edit, const std::wstring& text) {
 }
 
 bool QtUser::Paste(Edit& edit, const std::wstring& text) {
-    const Acting acting(*this);
+    const InCall call;
     ControlView* const view = Focused(edit);
     if (!view) return false;
     auto& line_edit = static_cast<QLineEdit&>(view->Widget());
@@ -131,7 +121,7 @@ bool QtUser::Paste(Edit& edit, const std::wstring& text) {
 }
 
 bool QtUser::Choose(ComboBox& combo_box, int32_t index) {
-    const Acting acting(*this);
+    const InCall call;
     if (index < 0 || static_cast<size_t>(index) >= combo_box.Items().size()) return false;
     ControlView* const view = Focused(combo_box);
     if (!view) return false;
@@ -143,7 +133,7 @@ bool QtUser::Choose(ComboBox& combo_box, int32_t index) {
 }
 
 bool QtUser::Drag(TrackBar& track_bar, int32_t position) {
-    const Acting acting(*this);
+    const InCall call;
     ControlView* const view = Focused(track_bar);
     if (!view) return false;
     auto& widget = static_cast<TrackBarView&>(view->Widget());
@@ -154,7 +144,7 @@ bool QtUser::Drag(TrackBar& track_bar, int32_t position) {
 }
 
 bool QtUser::Drop(TrackBar& track_bar) {
-    const Acting acting(*this);
+    const InCall call;
     ControlView* const view = DialogView::Of(track_bar);
     if (!view || !static_cast<TrackBarView&>(view->Widget()).IsDragging()) return false;
     SendButton(view->Widget(), static_cast<TrackBarView&>(view->Widget()).Handle().center(), Qt::LeftButton,
@@ -163,7 +153,7 @@ bool QtUser::Drop(TrackBar& track_bar) {
 }
 
 bool QtUser::Scroll(TrackBar& track_bar, uint32_t code) {
-    const Acting acting(*this);
+    const InCall call;
     ControlView* const view = Focused(track_bar);
     if (!view) return false;
     for (const uint32_t key : {VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_PRIOR, VK_NEXT, VK_HOME, VK_END}) {
@@ -175,7 +165,7 @@ bool QtUser::Scroll(TrackBar& track_bar, uint32_t code) {
 }
 
 bool QtUser::Wheel(Control& control, int32_t notches) {
-    const Acting acting(*this);
+    const InCall call;
     ControlView* const view = Reach(control);
     if (!view) return false;
     const Attachment attachment(control);
@@ -186,7 +176,7 @@ bool QtUser::Wheel(Control& control, int32_t notches) {
 }
 
 bool QtUser::ClickRow(ListBox& list, int32_t index) {
-    const Acting acting(*this);
+    const InCall call;
     ControlView* const view = index >= 0 && index < list.Count() ? Focused(list) : nullptr;
     if (!view) return false;
     auto& widget = static_cast<ListBoxView&>(view->Widget());
@@ -197,7 +187,7 @@ bool QtUser::ClickRow(ListBox& list, int32_t index) {
 }
 
 bool QtUser::ContextMenu(ListBox& list, Point where) {
-    const Acting acting(*this);
+    const InCall call;
     constexpr Point kByKey = {-1, -1};
     ControlView* const view = where == kByKey ? Focused(list) : Reach(list);
     if (!view) return false;
@@ -210,7 +200,7 @@ bool QtUser::ContextMenu(ListBox& list, Point where) {
 }
 
 bool QtUser::Key(Control& control, uint32_t key) {
-    const Acting acting(*this);
+    const InCall call;
     ControlView* const view = Focused(control);
     if (!view) return false;
     SendKey(view->Widget(), ToolkitKeyOf(key), Qt::NoModifier, TextOf(key));
@@ -218,7 +208,7 @@ bool QtUser::Key(Control& control, uint32_t key) {
 }
 
 bool QtUser::Key(Dialog& dialog, uint32_t key, bool shift) {
-    const Acting acting(*this);
+    const InCall call;
     if (!IsReachable(dialog)) return false;
     const Control* const focused = dialog.Focused();
     ControlView* const view = focused ? Reach(*focused) : nullptr;
@@ -230,7 +220,7 @@ bool QtUser::Key(Dialog& dialog, uint32_t key, bool shift) {
 }
 
 bool QtUser::Mnemonic(Dialog& dialog, wchar_t letter) {
-    const Acting acting(*this);
+    const InCall call;
     if (!IsReachable(dialog)) return false;
     const Control* const focused = dialog.Focused();
     ControlView* const view = focused ? Reach(*focused) : nullptr;
@@ -240,7 +230,7 @@ bool QtUser::Mnemonic(Dialog& dialog, wchar_t letter) {
 }
 
 bool QtUser::Close(Window& frame) {
-    const Acting acting(*this);
+    const InCall call;
     if (frame.Kind() != WindowKind::frame || !IsReachable(frame)) return false;
     WindowView::Of(&frame)->Widget().close();
     return true;

@@ -35,11 +35,8 @@ public:
 
     size_t DoQueuedClicks();
     void DropQueuedClicks() { m_clicks.clear(); }
-    // Within an event that was sent here.
-    bool IsActing() const { return m_depth > 0; }
 
 private:
-    class Acting;
     struct QueuedClick {
         Control* control;
         Attachment attachment;
@@ -50,7 +47,6 @@ private:
     // The same, and it has the focus.
     ControlView* Focused(Control& control);
 
-    int m_depth = 0;
     std::deque<QueuedClick> m_clicks;
 };
 

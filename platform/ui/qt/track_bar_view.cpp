@@ -23,7 +23,7 @@ constexpr int kMostTicks = 25;
 }  // namespace
 
 TrackBarView::TrackBarView(Control& control, QWidget& parent)
-    : QSlider(&parent), ControlView(control, *this) {
+    : CallingWidget(&parent), ControlView(control, *this) {
     setFocusPolicy(Qt::StrongFocus);
     // Tools that read the screen set it without a key.
     connect(this, &QSlider::valueChanged, this, [this](int value) {
@@ -39,6 +39,7 @@ TrackBar* TrackBarView::Bar() const {
 
 void TrackBarView::Tell(uint32_t code, int position) {
     if (!Model()) return;
+    const InCall call;
     Bar()->UserScroll(code, position);
     // The control may have refused.
     Show(ControlChange::value);

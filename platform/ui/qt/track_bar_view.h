@@ -6,10 +6,11 @@
 
 #include "platform/ui/controls.h"
 #include "platform/ui/qt/control_view.h"
+#include "platform/ui/qt/released.h"
 
 namespace hx::ui {
 
-class TrackBarView final : public QSlider, public ControlView {
+class TrackBarView final : public CallingWidget<QSlider>, public ControlView {
 public:
     TrackBarView(Control& control, QWidget& parent);
 

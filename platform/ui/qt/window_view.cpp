@@ -10,19 +10,19 @@
 #include "platform/ui/qt/conversions.h"
 #include "platform/ui/qt/keys.h"
 #include "platform/ui/qt/qt_painter.h"
+#include "platform/ui/qt/released.h"
 
 namespace hx::ui {
 
-class WindowWidget final : public QWidget {
+class WindowWidget final : public CallingWidget<QWidget> {
 public:
     WindowWidget(Window& window, QWidget* parent, Qt::WindowFlags flags)
-        : QWidget(parent, flags), m_window(&window) {}
+        : CallingWidget(parent, flags), m_window(&window) {}
 
-    // The window is shown no more; the widget goes when it is in no call any longer.
+    // The window is shown no more; the widget goes as released ones do.
     void Release() {
         m_window = nullptr;
-        hide();
-        deleteLater();
+        ReleaseWidget(*this);
     }
 
 protected:

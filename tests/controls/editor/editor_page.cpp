@@ -157,6 +157,8 @@ Bench::~Bench() {
     m_host.Destroy();
     m_api.reset();
     EXPECT_EQ(script.alive, 0);
+    EXPECT_EQ(unanswered, 0U);
+    EXPECT_EQ(m_renderer->Unscripted(), 0U);
     hx::SetSleeper(m_sleeper);
     hx::ui::SetRenderer(m_before);
 }

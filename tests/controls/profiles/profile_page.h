@@ -30,12 +30,17 @@ inline ModuleHandle ModuleOf(const std::wstring& controls) {
 class ScreenTest : public LogTest {
 protected:
     ScreenTest() : m_before(ui::SetRenderer(m_renderer)) {}
-    ~ScreenTest() override { ui::SetRenderer(m_before); }
+    ~ScreenTest() override {
+        EXPECT_EQ(m_script.Unanswered(), m_expected_unanswered);
+        EXPECT_EQ(m_renderer->Unscripted(), 0U);
+        ui::SetRenderer(m_before);
+    }
     ui::IUser& User() { return m_renderer->User(); }
 
     const std::shared_ptr<ui::HeadlessRenderer> m_renderer = ui::HeadlessRenderer::Make();
     const std::shared_ptr<ui::IRenderer> m_before;
     ui::Script m_script;
+    size_t m_expected_unanswered = 0;
 };
 
 class ProfilesTest : public ScreenTest {

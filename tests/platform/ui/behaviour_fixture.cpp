@@ -121,6 +121,7 @@ Behaviour::Behaviour() : renderer(TheRenderer()), user(renderer.User()) {
 }
 
 Behaviour::~Behaviour() {
+    EXPECT_EQ(script.Unanswered(), expected_unanswered);
     page.reset();
     frame.Destroy();
     renderer.Pump();

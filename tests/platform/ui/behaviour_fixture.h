@@ -92,6 +92,7 @@ protected:
     hx::ui::IRenderer& renderer;
     hx::ui::IUser& user;
     hx::ui::Script script;
+    size_t expected_unanswered = 0;
     TestFrame frame;
     // Shown, with nothing selected or focused, and no event told yet.
     std::unique_ptr<TestDialog> page = std::make_unique<TestDialog>();

@@ -85,6 +85,7 @@ TEST_F(Headless, TheWaitCursorIsShownAsLongAsSomebodyHoldsOne) {
 TEST_F(Headless, AModalDialogThatNobodyAnswersWithoutAScriptIsCancelled) {
     TestDialog dialog;
     EXPECT_EQ(dialog.RunModal(hx_test::TestModule(), hx_test::kModal, &page), 2);
+    EXPECT_EQ(renderer->Unscripted(), 1U);
     // A dialog that ends before it is shown, and one whose owner goes meanwhile.
     dialog.on_init = [&] { dialog.EndDialog(7); };
     EXPECT_EQ(dialog.RunModal(hx_test::TestModule(), hx_test::kModal, &page), 7);

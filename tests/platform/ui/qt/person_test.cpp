@@ -1,5 +1,6 @@
 // What a person does at the machine, by the toolkit's own events and loops.
 #include <QApplication>
+#include <QEventLoop>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -7,6 +8,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QSlider>
 #include <QTimer>
@@ -34,6 +36,7 @@ constexpr uint32_t kBar = 11;
 constexpr uint32_t kChoice = 12;
 constexpr uint32_t kList = 13;
 constexpr uint32_t kPush = 14;
+constexpr uint32_t kCheck = 15;
 constexpr wchar_t kScript[] =
     LR"(
 1 DIALOGEX 0, 0, 200, 120
@@ -49,6 +52,7 @@ BEGIN
     GROUPBOX "&List", 20, 110, 0, 80, 100
     LISTBOX 13, 114, 10, 70, 80, LBS_OWNERDRAWFIXED | WS_TABSTOP
     PUSHBUTTON "&Push", 14, 4, 100, 50, 14
+    AUTOCHECKBOX "Check", 15, 60, 100, 40, 10, WS_TABSTOP
 END
 2 DIALOGEX 0, 0, 100, 40
 STYLE WS_POPUP | WS_CAPTION
@@ -80,13 +84,16 @@ public:
     std::vector<Told> told;
     std::vector<uint32_t> messages;
     std::function<void(uint32_t)> on_message;
+    std::function<void()> on_command;  // may destroy this page
 
 private:
     void OnCommand(hx::ui::Control& control, uint32_t code) override {
         if (code < EN_SETFOCUS) told.push_back({control.Id(), code, 0});
+        if (const auto handler = on_command) handler();
     }
     void OnScroll(hx::ui::TrackBar& track_bar, uint32_t code, int32_t position) override {
         told.push_back({track_bar.Id(), code, position});
+        if (const auto handler = on_command) handler();
     }
     void OnMessage(const hx::WindowMessage& message) override {
         messages.push_back(message.id);
@@ -256,6 +263,28 @@ TEST_F(QtPerson, ModalDialogRunsTheLoopForEverybody) {
     EXPECT_EQ(prompt.RunModal(m_module, kPrompt, &m_page), static_cast<int32_t>(IDCANCEL));
 }
 
+TEST_F(QtPerson, LoopOfTheHostsInsideAMessageGetsTheOthers) {
+    QEventLoop loop;
+    m_page.on_message = [&](uint32_t id) {
+        if (id == 1) loop.exec();
+        if (id == 3) loop.quit();
+    };
+    for (const uint32_t id : {1U, 2U, 3U}) hx::PostWindowMessage(m_page.Handle(), {id});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_page.messages, (std::vector<uint32_t>{1, 2, 3}));
+}
+
+TEST_F(QtPerson, WhoeverPostsToHimselfHoldsUpNobody) {
+    m_page.on_message = [&](uint32_t id) { hx::PostWindowMessage(m_page.Handle(), {id + 1}); };
+    hx::PostWindowMessage(m_page.Handle(), {1});
+    QCoreApplication::processEvents();
+    m_renderer->Pump();
+    const size_t before = m_page.messages.size();
+    EXPECT_GT(before, 0U);
+    QCoreApplication::processEvents();
+    EXPECT_GT(m_page.messages.size(), before) << "forgotten";
+}
+
 TEST_F(QtPerson, BoxesShowTheirTextAsItIsAndCutWhatNoScreenHolds) {
     const std::pair<std::wstring, bool> kRows[] = {
         {L"<b>50 %</b> & more", false}, {std::wstring(10'000, L'w'), true}, {L"", false}};
@@ -276,6 +305,48 @@ TEST_F(QtPerson, BoxesShowTheirTextAsItIsAndCutWhatNoScreenHolds) {
     }
 }
 
+// By a box that the page shows when it is told of something: the widget's own event is under the box's loop.
+TEST_F(QtPerson, PageGoesWhileABoxIsOpenInItsHandler) {
+    const std::pair<uint32_t, std::function<void()>> kRows[] = {
+        {kList, [&] { User().ClickRow(*m_page.FindAs<hx::ui::ListBox>(kList), 1); }},
+        {kList, [&] { Press(Widget(kList), Qt::Key_Down); }},
+        {kBar, [&] { Press(Widget(kBar), Qt::Key_Right); }},
+        {kPush, [&] { User().Click(*m_page.Find(kPush)); }},
+        {kCheck, [&] { User().Click(*m_page.Find(kCheck)); }},
+        {kName, [&] { Press(Widget(kName), Qt::Key_A); }},
+        {kChoice, [&] { Press(Widget(kChoice), Qt::Key_Down); }},
+        {kName, [&] { Widget(kName).clearFocus(); }},
+    };
+    for (size_t row = 0; row < std::size(kRows); ++row) {
+        const auto& [id, act] = kRows[row];
+        if (row > 0) Show(m_page, m_module, kPage);
+        m_page.FindAs<hx::ui::ComboBox>(kChoice)->Add(L"one");
+        m_page.FindAs<hx::ui::ListBox>(kList)->Insert(-1, L"one");
+        m_page.FindAs<hx::ui::ListBox>(kList)->Insert(-1, L"two");
+        User().Focus(*m_page.Find(id));
+        const QPointer<QWidget> widget = &Widget(id);
+        bool there = false;
+        m_page.on_command = [&] {
+            m_page.on_command = nullptr;
+            hx::PostWindowMessage(m_page.Handle(), {1});
+            Later([&] {
+                // By now the message has been dispatched, and what is to be deleted may be.
+                Later([&] {
+                    there = widget && !widget->isVisible();
+                    QApplication::activeModalWidget()->close();
+                });
+            });
+            hx::ui::ShowMessageBox(&m_frame, L"", L"text", hx::ui::BoxIcon::none);
+        };
+        m_page.on_message = [&](uint32_t) { m_page.Destroy(); };
+        act();
+        EXPECT_FALSE(m_page.IsCreated()) << row;
+        EXPECT_TRUE(there) << row;
+        m_renderer->Pump();
+        EXPECT_FALSE(widget) << row;
+    }
+}
+
 TEST_F(QtPerson, MenuGivesWhatWasChosen) {
     const std::vector<hx::ui::MenuLine> lines = {
         {40, L"&First", false, false}, {0, L"", true, true}, {41, L"&Second", true, false}};
@@ -290,15 +361,18 @@ TEST_F(QtPerson, MenuGivesWhatWasChosen) {
 
 TEST(QtWithoutAScreen, IsRefusedWithAReason) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const auto load = [](const char* display) {
+    const auto load = [](const char* variable, const char* value) {
         for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) unsetenv(name);
-        if (display) setenv("DISPLAY", display, 1);
+        if (variable) setenv(variable, value, 1);
         std::wstring reason;
         const auto renderer = hx::ui::LoadScreenRenderer({}, reason);
         std::exit(!renderer && !reason.empty() ? 0 : 1);
     };
-    EXPECT_EXIT(load(nullptr), testing::ExitedWithCode(0), "");
-    EXPECT_EXIT(load(":987654"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load(nullptr, nullptr), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load("DISPLAY", ":987654"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load("DISPLAY", "localhost:998.0"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load("QT_QPA_PLATFORM", "linuxfb"), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(load("QT_QPA_PLATFORM", "xcb"), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace
