@@ -42,7 +42,6 @@ public:
             case QEvent::TabletPress:
             case QEvent::TabletMove:
             case QEvent::TabletRelease:
-                return true;
             case QEvent::Shortcut:
                 return true;
             case QEvent::ShortcutOverride:

@@ -111,7 +111,7 @@ protected:
         int32_t width = 0;
         for (size_t i = kWidthAt; i < kWidthAt + 4; ++i)
             width = width * 256 + static_cast<uint8_t>(bytes.at(i));
-        EXPECT_EQ(width, static_cast<int32_t>(window.ClientSize().width * Scale())) << name;
+        EXPECT_NEAR(width, window.ClientSize().width * Scale(), 1) << name;
         return bytes;
     }
 
