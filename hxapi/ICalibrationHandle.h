@@ -5,8 +5,8 @@
 // released, can unregister an observer, answers queries, and knows the presets; DisableScanner has nothing to
 // do then. Initialising, observing and detecting are refused with HX_E_NOTACQUIRED as long as the handle does
 // not hold the scanner, activation only if it never did: on a handle that was released it is without effect.
-// A handle holds the scanner while that is away, too: initialising and observing then succeed, and the tracking
-// goes on, or begins, once the scanner is back.
+// A handle holds the scanner while that is away, too: initialising and observing then succeed, and the
+// tracking goes on, or begins, once the scanner is back.
 //
 // The object answers ISupportErrorInfo: every failure leaves error information for this interface on the
 // calling thread, whose description may be a chain document. Device names are as for
