@@ -54,9 +54,9 @@ struct IHXSimulator : IUnknown {
     // before.
     virtual HRESULT STDMETHODCALLTYPE ResetPresets(BSTR owner) = 0;
 
-    // HX_E_NOTFOUND for an operation that does not exist, E_INVALIDARG for a result that is no failure, and for
-    // a preset with an operation that is not of IDynamicSettingsPreset. The fault injected first is used up
-    // first.
+    // HX_E_NOTFOUND for an operation that does not exist, E_INVALIDARG for a result that is no failure, and
+    // for a preset with an operation that is not of IDynamicSettingsPreset. The fault injected first is used
+    // up first.
     virtual HRESULT STDMETHODCALLTYPE InjectFault(const HXSimulatorFault* fault) = 0;
     virtual HRESULT STDMETHODCALLTYPE ClearFaults() = 0;
     // The operations that can fail, as VT_BSTR "Interface.Operation".
@@ -64,8 +64,8 @@ struct IHXSimulator : IUnknown {
 
     // The calls since the last TakeCalls, oldest first: a JSON array of {"on","op","args","result"}. An array
     // among the arguments that has more than 100 elements is {"count","first"}, the latter an array of 100.
-    // The log holds the last million calls, and no more than 64 MB of UTF-8; how many were lost before is told
-    // by a first entry "on":"log","op":"lost".
+    // The log holds the last million calls, and no more than 64 MB of UTF-8; how many were lost before is
+    // told by a first entry "on":"log","op":"lost".
     virtual HRESULT STDMETHODCALLTYPE TakeCalls(BSTR* json) = 0;
     // Enters a call that the simulator does not see by itself, as that of a preview. `arguments` is a JSON
     // array.

@@ -31,8 +31,8 @@ public:
     // Events that were not told yet are not.
     ~EventThread();
 
-    // One behind the other, with none of other threads' between. Throws std::bad_alloc, std::system_error, and
-    // has then posted none.
+    // One behind the other, with none of other threads' between. Throws std::bad_alloc, std::system_error,
+    // and has then posted none.
     void Post(std::span<const ConnectionEvent> events);
     // Until what was posted so far has been told. E_UNEXPECTED, at once, on the thread itself.
     HRESULT Wait();
