@@ -167,21 +167,7 @@ bool HeadlessUser::Close(Window& frame) {
 }
 
 void HeadlessUser::QueueClick(Control& control) {
-    m_clicks.push_back({&control, Attachment(control)});
-}
-
-size_t HeadlessUser::DoQueuedClicks() {
-    size_t count = 0;
-    for (; !m_clicks.empty(); ++count) {
-        const QueuedClick click = m_clicks.front();
-        m_clicks.pop_front();
-        if (click.attachment.Get()) Click(*click.control);
-    }
-    return count;
-}
-
-size_t HeadlessUser::DropQueuedClicks() {
-    return std::exchange(m_clicks, {}).size();
+    m_clicks.Add(control);
 }
 
 }  // namespace hx::ui

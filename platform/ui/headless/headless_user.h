@@ -1,9 +1,7 @@
 // Somebody at a machine without a screen: does to the controls what a renderer would when a person did it.
 #pragma once
 
-#include <deque>
-
-#include "platform/ui/attachment.h"
+#include "platform/ui/queued_clicks.h"
 #include "platform/ui/user.h"
 
 namespace hx::ui {
@@ -28,16 +26,11 @@ public:
     bool Close(Window& frame) override;
     void QueueClick(Control& control) override;
 
-    // The clicks that no window has been told of: done, or forgotten; how many.
-    size_t DoQueuedClicks();
-    size_t DropQueuedClicks();
+    size_t DoQueuedClicks() { return m_clicks.Do(*this); }
+    size_t DropQueuedClicks() { return m_clicks.Drop(); }
 
 private:
-    struct QueuedClick {
-        Control* control;
-        Attachment attachment;
-    };
-    std::deque<QueuedClick> m_clicks;
+    QueuedClicks m_clicks;
     const TrackBar* m_dragged = nullptr;  // compared only
 };
 

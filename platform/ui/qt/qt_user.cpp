@@ -237,17 +237,7 @@ bool QtUser::Close(Window& frame) {
 }
 
 void QtUser::QueueClick(Control& control) {
-    m_clicks.push_back({&control, Attachment(control)});
-}
-
-size_t QtUser::DoQueuedClicks() {
-    size_t count = 0;
-    for (; !m_clicks.empty(); ++count) {
-        const QueuedClick click = m_clicks.front();
-        m_clicks.pop_front();
-        if (click.attachment.Get()) Click(*click.control);
-    }
-    return count;
+    m_clicks.Add(control);
 }
 
 }  // namespace hx::ui

@@ -2,11 +2,8 @@
 // interface.
 #pragma once
 
-#include <QPointer>
-#include <deque>
-
-#include "platform/ui/attachment.h"
 #include "platform/ui/qt/control_view.h"
+#include "platform/ui/queued_clicks.h"
 #include "platform/ui/user.h"
 
 class QKeyEvent;
@@ -33,21 +30,16 @@ public:
     bool Close(Window& frame) override;
     void QueueClick(Control& control) override;
 
-    size_t DoQueuedClicks();
-    void DropQueuedClicks() { m_clicks.clear(); }
+    size_t DoQueuedClicks() { return m_clicks.Do(*this); }
+    void DropQueuedClicks() { m_clicks.Drop(); }
 
 private:
-    struct QueuedClick {
-        Control* control;
-        Attachment attachment;
-    };
-
     // Null if a person could not reach it; its window is the active one then.
     ControlView* Reach(const Control& control);
     // The same, and it has the focus.
     ControlView* Focused(Control& control);
 
-    std::deque<QueuedClick> m_clicks;
+    QueuedClicks m_clicks;
 };
 
 }  // namespace hx::ui
