@@ -7,6 +7,14 @@ inline constexpr CLSID CLSID_CoMHXMeasSettings = hx::MakeGuid("2C96F7D0-5B1E-4A8
 inline constexpr CLSID CLSID_CoMHXSettingsFactory = hx::MakeGuid("5D2E8C16-94A7-4B3F-A1D0-7C3B9F62E845");
 inline constexpr CLSID CLSID_CoMHXConnSettings = hx::MakeGuid("E74B0A93-1F5D-4E68-9C2A-D8063B51F7A9");
 
+// Pages of the hardware configuration: controls that are a DHXConfigCtrl; and their property page.
+inline constexpr CLSID CLSID_HXScannerMeasSettingsCtrl = hx::MakeGuid("91D3F04B-E6A8-4C57-A2B9-0E75C84D163F");
+inline constexpr CLSID CLSID_HXScannerMeasSettingsPropPage =
+    hx::MakeGuid("C0678B5E-2F1D-4A94-9E38-B471D52A60CF");
+
 inline constexpr wchar_t kProgIdHXMeasSettings[] = L"Orvel.HXScannerCtrls.HXMeasSettings.1";
 inline constexpr wchar_t kProgIdHXSettingsFactory[] = L"Orvel.HXScannerCtrls.HXSettingsFactory.1";
 inline constexpr wchar_t kProgIdHXConnSettings[] = L"Orvel.HXScannerCtrls.HXConnSettings.1";
+
+inline constexpr wchar_t kProgIdHXMeasSettingsCtrl[] = L"Orvel.HXScannerCtrls.HXMeasSettingsCtrl.1";
+inline constexpr wchar_t kProgIdHXMeasSettingsPropPage[] = L"HXSCANNERCTRL.MeasSettingsPropPage.1";
