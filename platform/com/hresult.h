@@ -38,6 +38,9 @@ inline constexpr HRESULT DV_E_DVASPECT = static_cast<HRESULT>(0x8004006B);
 inline constexpr HRESULT OLEOBJ_S_INVALIDVERB = 0x00040180;
 inline constexpr HRESULT OLEOBJ_S_CANNOT_DOVERB_NOW = 0x00040181;
 
+inline constexpr HRESULT STG_E_WRITEFAULT = static_cast<HRESULT>(0x8003001D);
+inline constexpr HRESULT STG_E_READFAULT = static_cast<HRESULT>(0x8003001E);
+
 inline constexpr HRESULT CLASS_E_NOAGGREGATION = static_cast<HRESULT>(0x80040110);
 inline constexpr HRESULT CLASS_E_CLASSNOTAVAILABLE = static_cast<HRESULT>(0x80040111);
 inline constexpr HRESULT REGDB_E_CLASSNOTREG = static_cast<HRESULT>(0x80040154);
