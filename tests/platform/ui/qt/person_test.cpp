@@ -200,14 +200,13 @@ TEST_F(QtPerson, ToolTipsAreThereForWhatIsDisabled) {
     const std::pair<const wchar_t*, const char*> kRows[] = {
         {L"a < b & c", "a < b & c"},
         {L"<b>x</b>\ny", "<qt>&lt;b&gt;x&lt;/b&gt;<br>y</qt>"},
-        {L"Exposure: 1 to 100% of the longest time.\nConnect the scanner that these settings belong to, then "
-         L"try "
-         L"100\u00A0% again.",
+        {L"Exposure: 1 to 100% of the longest time.\nConnect the scanner that these settings belong to, "
+         L"then try 100\u00A0% again.",
          "Exposure: 1 to 100% of the longest time.\n"
          "Connect the scanner that these settings belong to, then try\n"
          "100\u00A0% again."},
-        {L"スキャナーの前にある表面に適した露光を検出します。レーザー出力も検出します。",
-         "スキャナーの前にある表面に適した露光を検出します。レーザー\n出力も検出します。"},
+        {L"スキャナーの前にある表面に適した露光を検出します。次にレーザー出力も検出します。",
+         "スキャナーの前にある表面に適した露光を検出します。次にレー\nザー出力も検出します。"},
     };
     for (const auto& [text, shown] : kRows) {
         button.SetToolTip(text);
