@@ -35,6 +35,7 @@ inline constexpr HRESULT OLE_E_ADVISENOTSUPPORTED = static_cast<HRESULT>(0x80040
 inline constexpr HRESULT OLE_E_INVALIDHWND = static_cast<HRESULT>(0x8004000F);
 inline constexpr HRESULT OLE_E_NOT_INPLACEACTIVE = static_cast<HRESULT>(0x80040010);
 inline constexpr HRESULT DV_E_DVASPECT = static_cast<HRESULT>(0x8004006B);
+inline constexpr HRESULT OLEOBJ_E_NOVERBS = static_cast<HRESULT>(0x80040180);
 inline constexpr HRESULT OLEOBJ_S_INVALIDVERB = 0x00040180;
 inline constexpr HRESULT OLEOBJ_S_CANNOT_DOVERB_NOW = 0x00040181;
 

@@ -1,6 +1,9 @@
 // Verbs: what a component offers to be asked for through IOleObject::DoVerb, as IOleObject::EnumVerbs gives
-// them to containers, which put them into menus.
+// them to containers, which put them into menus. On the thread of the user interface.
 #pragma once
+
+#include <string>
+#include <vector>
 
 #include "platform/com/ole_object.h"
 
@@ -23,3 +26,17 @@ struct IEnumOLEVERB : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE Reset() = 0;
     virtual HRESULT STDMETHODCALLTYPE Clone(IEnumOLEVERB** copy) = 0;
 };
+
+namespace hx {
+
+struct Verb {
+    LONG number;
+    std::wstring name;  // for people
+    DWORD flags;
+    DWORD attributes;
+};
+
+// E_POINTER, E_OUTOFMEMORY; OLEOBJ_E_NOVERBS for none.
+HRESULT EnumerateVerbs(std::vector<Verb> verbs, IEnumOLEVERB** enumeration) noexcept;
+
+}  // namespace hx

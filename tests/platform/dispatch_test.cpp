@@ -17,7 +17,7 @@ struct IPlotter : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE Draw(double length, int32_t pen, BSTR label, VARIANT_BOOL* more) = 0;
     virtual HRESULT STDMETHODCALLTYPE Attach(IUnknown* paper) = 0;
     virtual HRESULT STDMETHODCALLTYPE Fail() = 0;
-    virtual HRESULT STDMETHODCALLTYPE Load(SAFEARRAY** pens, BOOL* loaded) = 0;
+    virtual HRESULT STDMETHODCALLTYPE Load(SAFEARRAY** pens) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Title(BSTR* title) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Title(BSTR title) = 0;
 };
@@ -50,9 +50,8 @@ public:
         return E_ACCESSDENIED;
     }
 
-    HRESULT STDMETHODCALLTYPE Load(SAFEARRAY** pens, BOOL* loaded) override {
+    HRESULT STDMETHODCALLTYPE Load(SAFEARRAY** pens) override {
         if (!*pens) throw std::runtime_error("no pens");
-        *loaded = TRUE;
         return SafeArrayDestroy(std::exchange(*pens, nullptr));
     }
     HRESULT STDMETHODCALLTYPE get_Title(BSTR* text) override { return title.copy_to(text); }
@@ -73,7 +72,7 @@ constexpr hx::DispatchMember kMembers[] = {
                                                              L"more"),
     hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Attach>(8, L"Attach", L"paper"),
     hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Fail>(-5, L"Fail"),
-    hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Load>(9, L"Load", L"pens", L"loaded"),
+    hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Load>(9, L"Load", L"pens"),
     hx::DispatchMembersOf<IPlotter>::PropertyGet<&IPlotter::get_Title>(DISPID_CAPTION, L"Title"),
     hx::DispatchMembersOf<IPlotter>::PropertyPut<&IPlotter::put_Title>(DISPID_CAPTION, L"Title"),
 };
@@ -238,57 +237,29 @@ TEST_F(Dispatch, OnlyMethodsThatThereAreAreCalled) {
 }
 
 TEST_F(Dispatch, PropertiesAreReadAndWritten) {
-    const Variant two(int32_t{2}), word(std::wstring_view(L"two")), object(static_cast<IUnknown*>(nullptr));
-    const Variant longer(std::wstring_view(L"ten letters"));
-    constexpr DISPID kValue = DISPID_PROPERTYPUT;
+    const Variant two(int32_t{2}), longer(std::wstring_view(L"ten letters"));
+    constexpr DISPID kTitle = DISPID_CAPTION, kValue = DISPID_PROPERTYPUT;
     constexpr WORD kGet = DISPATCH_PROPERTYGET, kPut = DISPATCH_PROPERTYPUT;
-    struct Row {
-        WORD flags;
-        std::vector<const Variant*> given;
-        std::vector<DISPID> named;
-        HRESULT result;
-        const wchar_t* title;  // after it
-        UINT bad = kNone;
-    };
-    const Row rows[] = {
-        {kPut, {&word}, {kValue}, S_OK, L"two"},
-        {kGet, {}, {}, S_OK, L"two"},
-        {kGet | DISPATCH_METHOD, {}, {}, S_OK, L"two"},
-        {kPut | DISPATCH_PROPERTYPUTREF, {&two}, {kValue}, S_OK, L"2"},
-        {kPut, {&longer}, {kValue}, DISP_E_EXCEPTION, L"2"},
-        {kPut, {&object}, {kValue}, DISP_E_TYPEMISMATCH, L"2", 0},
-        {kPut, {&word}, {}, DISP_E_PARAMNOTFOUND, L"2", 0},
-        {kPut, {&word}, {0}, DISP_E_PARAMNOTFOUND, L"2", 0},
-        {kPut, {&word, &word}, {kValue}, DISP_E_BADPARAMCOUNT, L"2"},
-        {kPut, {}, {}, DISP_E_BADPARAMCOUNT, L"2"},
-        {kGet, {&word}, {}, DISP_E_BADPARAMCOUNT, L"2"},
-        {DISPATCH_METHOD, {}, {}, DISP_E_MEMBERNOTFOUND, L"2"},
-        {DISPATCH_PROPERTYPUTREF, {&word}, {kValue}, DISP_E_MEMBERNOTFOUND, L"2"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(&row - rows);
-        EXPECT_EQ(Invoke(DISPID_CAPTION, row.given, row.named, row.flags), row.result);
-        EXPECT_EQ(m_bad, row.bad);
-        EXPECT_EQ(m_plotter->title.view(), row.title);
-        const bool is_read = SUCCEEDED(row.result) && (row.flags & kGet);
-        ASSERT_EQ(m_result.type(), is_read ? VT_BSTR : VT_EMPTY);
-        if (is_read) {
-            EXPECT_EQ(m_result->bstrVal, std::wstring_view(row.title));
-        }
-    }
+    EXPECT_EQ(Invoke(kTitle, {&two}, {kValue}, kPut | DISPATCH_PROPERTYPUTREF), S_OK);
+    EXPECT_EQ(m_result.type(), VT_EMPTY);
+    EXPECT_EQ(Invoke(kTitle, {&longer}, {kValue}, kPut), DISP_E_EXCEPTION);
+    EXPECT_EQ(Invoke(kTitle, {&longer}, {}, kPut), DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(Invoke(kTitle, {&two, &two}, {kValue}, kPut), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(Invoke(kTitle, {&two}, {}, kGet), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(Invoke(kTitle, {}, {}, DISPATCH_METHOD), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(Invoke(kTitle, {}, {}, kGet | DISPATCH_METHOD), S_OK);
+    ASSERT_EQ(m_result.type(), VT_BSTR);
+    EXPECT_EQ(m_result->bstrVal, std::wstring_view(L"2"));
 }
 
 TEST_F(Dispatch, AnArrayOfTheCallersIsPassedAndAThrownExceptionEndsHere) {
     SAFEARRAY* pens = SafeArrayCreateVector(VT_VARIANT, 0, 2);
-    BOOL loaded = FALSE;
-    const Variant array = Reference(VT_ARRAY | VT_VARIANT, &pens), out = Reference(VT_I4, &loaded);
+    const Variant array = Reference(VT_ARRAY | VT_VARIANT, &pens);
     const Variant texts = Reference(VT_ARRAY | VT_BSTR, &pens);
-    EXPECT_EQ(Invoke(9, {&out, &texts}), DISP_E_TYPEMISMATCH);
-    EXPECT_EQ(m_bad, 1u);
-    EXPECT_EQ(Invoke(9, {&out, &array}), S_OK);
-    EXPECT_EQ(loaded, TRUE);
+    EXPECT_EQ(Invoke(9, {&texts}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(Invoke(9, {&array}), S_OK);
     EXPECT_EQ(pens, nullptr);
-    EXPECT_EQ(Invoke(9, {&out, &array}), DISP_E_EXCEPTION);
+    EXPECT_EQ(Invoke(9, {&array}), DISP_E_EXCEPTION);
     EXPECT_EQ(m_exception.scode, E_FAIL);
 }
 
@@ -348,20 +319,12 @@ TEST_F(Dispatch, TheInterfaceDescribesItself) {
     ASSERT_TRUE(pens.vt == VT_PTR && pens.lptdesc->vt == VT_SAFEARRAY);
     EXPECT_EQ(pens.lptdesc->lptdesc->vt, VT_VARIANT);
     info->ReleaseFuncDesc(function);
-    const struct {
-        UINT index;
-        INVOKEKIND kind;
-        int parameters;
-        VARTYPE result;
-    } properties[] = {{4, INVOKE_PROPERTYGET, 0, VT_BSTR}, {5, INVOKE_PROPERTYPUT, 1, VT_VOID}};
-    for (const auto& row : properties) {
-        ASSERT_EQ(info->GetFuncDesc(row.index, &function), S_OK);
-        EXPECT_EQ(function->memid, DISPID_CAPTION);
-        EXPECT_EQ(function->invkind, row.kind);
-        EXPECT_EQ(function->cParams, row.parameters);
-        EXPECT_EQ(function->elemdescFunc.tdesc.vt, row.result);
-        info->ReleaseFuncDesc(function);
-    }
+    ASSERT_EQ(info->GetFuncDesc(4, &function), S_OK);
+    EXPECT_TRUE(function->invkind == INVOKE_PROPERTYGET && function->elemdescFunc.tdesc.vt == VT_BSTR);
+    info->ReleaseFuncDesc(function);
+    ASSERT_EQ(info->GetFuncDesc(5, &function), S_OK);
+    EXPECT_TRUE(function->invkind == INVOKE_PROPERTYPUT && function->cParams == 1);
+    info->ReleaseFuncDesc(function);
 
     hx::Bstr names[2];
     BSTR raw[3] = {};
