@@ -28,6 +28,8 @@ public:
     // Tells the host what is selected in the list.
     virtual void ReportSelectedPreset() = 0;
     virtual void UpdateExposureText() = 0;
+    // The selection in the list is about to be followed.
+    virtual void OnPresetSelectionChanging() {}
     // In front of which boxes and questions come up.
     virtual ui::Window& OwnWindow() = 0;
 
