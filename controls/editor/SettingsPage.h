@@ -48,7 +48,7 @@ public:
             operation(scope);
             return true;
         } catch (...) {
-            ShowFailure(scope);
+            if (scope.IsSessionOpen()) ShowFailure();
             return false;
         }
     }
@@ -77,8 +77,8 @@ protected:
         });
     }
 
-    // The exception that is being handled.
-    void ShowFailure(const Scope& scope) noexcept;
+    // The exception that is being handled. Not once the session was ended: the page may be gone.
+    void ShowFailure() noexcept;
 
     bool m_ready = false;
     ScannerSession m_session;
