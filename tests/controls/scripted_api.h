@@ -112,6 +112,9 @@ struct Script {
     std::vector<std::wstring> gains = {L"1"};
     uint32_t longest_exposure_us = 10000;
     double frame_rate_hz = 0;
+    MGlobalScanningSettings scanning;
+    int32_t field_of_view = 0;
+    int32_t reduces_frequency = 0;
     int32_t exposure_rows = 0;
     int16_t detected_exposure_us = 0;
     double detected_power = 0;
@@ -232,10 +235,29 @@ public:
         return Gate("ActivateDynamicSettings " +
                     std::to_string(std::lround(static_cast<Preset*>(preset)->values.laser_power)));
     }
-    HRESULT ActivateGlobalScanningSettings(VARIANT) override { return E_NOTIMPL; }
-    HRESULT GetGlobalScanningSettings(BSTR, VARIANT) override { return E_NOTIMPL; }
-    HRESULT GetFovManagementConfig(FovManagementConfig*) override { return E_NOTIMPL; }
-    HRESULT GetFrequencyReductionSupport(int32_t*) override { return E_NOTIMPL; }
+    HRESULT ActivateGlobalScanningSettings(VARIANT address) override {
+        const auto& to = *reinterpret_cast<const MGlobalScanningSettings*>(address.ullVal);
+        std::string call = "ActivateGlobalScanningSettings";
+        for (const int32_t value :
+             {to.HorizontalFov, to.VerticalFov, to.FovIndicator, to.ScanningMode, to.FrequencySelection}) {
+            call += " " + std::to_string(value);
+        }
+        const HRESULT result = Gate(call);
+        if (SUCCEEDED(result)) m_script.scanning = to;
+        return result;
+    }
+    HRESULT GetGlobalScanningSettings(BSTR device, VARIANT address) override {
+        *reinterpret_cast<MGlobalScanningSettings*>(address.ullVal) = m_script.scanning;
+        return Gate("GetGlobalScanningSettings " + Text(device));
+    }
+    HRESULT GetFovManagementConfig(FovManagementConfig* config) override {
+        config->Managed = m_script.field_of_view;
+        return Gate("GetFovManagementConfig");
+    }
+    HRESULT GetFrequencyReductionSupport(int32_t* supported) override {
+        *supported = m_script.reduces_frequency;
+        return Gate("GetFrequencyReductionSupport");
+    }
     HRESULT GetSupportedAnalogImagerGains(SAFEARRAY** gains) override {
         const HRESULT result = Gate("GetSupportedAnalogImagerGains");
         return FAILED(result) ? result : Give(m_script.gains, gains);
