@@ -108,11 +108,14 @@ void CMeasSettingsDlg::EnableControls(bool enable) noexcept {
     state.is_power_by_hand = Data().automatic_laser_power == FALSE;
     state.filters_3d = Data().edge_filter_3d != FALSE;
     state.is_speed_selectable = m_speed.IsEnabled();
+    // An edit that is disabled loses the focus: that is no work of the operator's.
+    const bool outer = std::exchange(m_enabling, true);
     AtBoundary([&] {
-        // An edit that is disabled loses the focus: that is no work of the operator's.
-        const bool outer = std::exchange(m_enabling, true);
         EnableByRules(*this, kMeasEnableRules, kMeasOthersNeed, state);
-        m_enabling = outer;
+        return S_OK;
+    });
+    m_enabling = outer;
+    AtBoundary([&] {
         if (focused != Focused()) ShowRecordInEdits();
         return S_OK;
     });

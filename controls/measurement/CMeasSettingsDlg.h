@@ -65,7 +65,7 @@ private:
     void FillGainList() override;
     void RefreshFrameRate() noexcept override {}  // shown with the field of view
     void RefreshExposureRows() override { m_readouts.ShowExposureRows(); }
-    void LeaveControls() override { UpdateSettingsFromUI(false); }
+    void LeaveControls() override;
 
     // What the operator does to a control.
     struct Notification;

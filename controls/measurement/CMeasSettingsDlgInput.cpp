@@ -135,7 +135,7 @@ void CMeasSettingsDlg::OnSpeedSlider() {
         try {
             ApplyScanning(scope);
         } catch (...) {
-            if (scope.MayGoOn()) {
+            if (scope.IsSessionOpen()) {
                 m_speed.Set(m_speed.IsEnabled(), before);
                 m_speed.Show();
             }

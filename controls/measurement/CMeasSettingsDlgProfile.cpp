@@ -36,6 +36,12 @@ void CMeasSettingsDlg::UpdateSettingsFromUI(bool from_sliders) {
     UpdateExposureText();
 }
 
+void CMeasSettingsDlg::LeaveControls() {
+    // Nobody holds a slider of a page that is not to be seen.
+    m_tracking.exchange(false);
+    UpdateSettingsFromUI(false);
+}
+
 bool CMeasSettingsDlg::SetProfile(const ComPtr<IDynamicSettingsPreset>& preset) {
     const bool were_enabled = m_enabled;
     return ShowOrPutBack(
