@@ -57,31 +57,25 @@ TEST_F(PageParts, GainsAreNumbersAndOfferedAsTheScannerHasThem) {
         EXPECT_EQ(gain_of(text), "Page.Operation:stoul argument out of range");
     }
     const struct {
-        std::vector<std::wstring> gains;
-        std::wstring device;
+        std::wstring gains, device;
         bool allowed, fails;
         // List, label, High ISO mode; how many are in the list; what is chosen of them when the gain is 4.
         std::string state;
     } kRows[] = {
-        {{L"1", L"2", L"4"}, L"device", true, false, "110 3 4"},
-        {{L"1", L"2"}, L"device", true, false, "110 2 1"},
-        {{L"1", L"2"}, L"device", false, false, "000 2 1"},
-        {{L"1"}, L"device", true, false, "000 1 1"},
-        {{}, L"device", true, false, "000 0 none"},
-        {{L"1", L"4"}, L"KT05FxR3PA", true, false, "001 2 4"},
-        {{L"1", L"4"}, L"KT05FxR3PTB", true, false, "001 2 4"},
-        {{L"1", L"4"}, L"KT05FxR3W", false, false, "001 2 4"},
-        {{L"1", L"4"}, L"KT05FxR3W", true, true, "001 1 none"},
-        {{L"1", L"4"}, L"KT05FxR3w", true, false, "110 2 4"},
-        {{L"1", L"4"}, L"device", true, true, "000 1 none"},
-    };
+        {L"124", L"device", true, false, "110 3 4"},     {L"12", L"device", true, false, "110 2 1"},
+        {L"12", L"device", false, false, "000 2 1"},     {L"1", L"device", true, false, "000 1 1"},
+        {L"", L"device", true, false, "000 0 none"},     {L"14", L"KT05FxR3PA", true, false, "001 2 4"},
+        {L"14", L"KT05FxR3PTB", true, false, "001 2 4"}, {L"14", L"KT05FxR3W", false, false, "001 2 4"},
+        {L"14", L"KT05FxR3W", true, true, "001 1 none"}, {L"14", L"KT05FxR3w", true, false, "110 2 4"},
+        {L"14", L"device", true, true, "000 1 none"}};
     hx::GainChooser chooser(page, page, g_location);
     chooser.Hide();
     EXPECT_EQ(Seen({286, 287, 288}), "000");
     for (const auto& row : kRows) {
         Set(Switch::kAllowHardwareDialogGainDropDown, row.allowed);
         page.Session().Target().device_internal_name = row.device;
-        script.gains = row.gains;
+        script.gains.clear();
+        for (const wchar_t gain : row.gains) script.gains.emplace_back(1, gain);
         script.failures.clear();
         if (row.fails) script.failures["GetSupportedAnalogImagerGains"] = {E_FAIL, 0};
         chooser.Fill();
