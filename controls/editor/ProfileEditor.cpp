@@ -26,9 +26,18 @@ void ProfileEditor::OnSettingChanged(bool from_sliders) {
     const Scope scope(Operations());
     if (m_in_setting_changed.exchange(true)) return;
     const FlagGuard guard(m_in_setting_changed, true, Operations());
-    UpdateSettingsFromUI(from_sliders);
-    if (!scope.MayGoOn()) return;
-    m_modified = SettingsAreDifferent(*m_baseline, *m_edited);
+    try {
+        UpdateSettingsFromUI(from_sliders);
+        if (!scope.MayGoOn()) return;
+        m_modified = SettingsAreDifferent(*m_baseline, *m_edited);
+    } catch (...) {
+        // The controls show it, so it is not to be left without a question.
+        if (scope.IsSessionOpen()) {
+            m_modified = true;
+            MarkCurrent(true);
+        }
+        throw;
+    }
     MarkCurrent(m_modified);
     ApplySettingsToHardware(m_edited);
 }

@@ -48,6 +48,11 @@ TEST(ProfileEditor, FailuresDamageNoProfile) {
          "Fine:20 Standard:50 Pipe:40< Zoo:35 40"},
         {"a deletion is not stored", "select Own; !; delete", "Fine:20 Standard:50 Pipe:40< 40",
          "SaveDynamicSettingsPresets", 0, "edit 45; discard", "Fine:20 Standard:50 Pipe:40< 40"},
+        // What the controls show is not left without a question.
+        {"an edit is refused", "edit 60", "Fine:20 *Standard:50< Own:30 Pipe:40 60", "SetLaserPower", 0,
+         "select Own ? save New", "Fine:20 Standard:50 New:60 Own:30< Pipe:40 30"},
+        {"or cannot be compared", "select Own; !; edit 35", "Fine:20 Standard:50 *Own:30< Pipe:40 35",
+         "GetLaserPower", 0, "select Pipe", "Fine:20 Standard:50 Own:35 Pipe:40< 40"},
         // Nothing can be edited while the page and the profile do not agree.
         {"a read after it was shown", "select Own", "Fine:20 Standard:50 Own:30< Pipe:40 disabled",
          "GetMaxInclination", 1, "edit 60; select Pipe; select Own",
