@@ -103,6 +103,8 @@ void CMeasSettingsDlg::FillGainList() {
     // Of another scanner, perhaps.
     m_speed.ForgetLabels();
     m_gains.Fill();
+    // What is left of the set-up may fail; then the record stays.
+    m_gains.ShowGainInList();
 }
 
 void CMeasSettingsDlg::ShowRecord() {
