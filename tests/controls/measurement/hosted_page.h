@@ -18,10 +18,11 @@ namespace hosted {
 
 namespace ui = hx::ui;
 
+// Of the test program: one for all of its tests.
+std::shared_ptr<ui::IRenderer> TestRenderer();
+
 class WithPage : public SimulatorTest {
 protected:
-    explicit WithPage(std::shared_ptr<ui::IRenderer> renderer) : m_renderer(std::move(renderer)) {}
-
     void SetUp() override {
         hx::SetRegistry(hx::MakeMemoryRegistry());
         for (const uint32_t key : {76, 78, 79, 88, 89}) {
@@ -76,6 +77,7 @@ protected:
         if (m_site) m_site->Close();
         m_site.reset();
     }
+    void Move(const ui::Rectangle& bounds) { m_site->Move(bounds); }
     // What the page has told its host.
     std::string Reported() {
         LONG first = 0;
@@ -143,7 +145,7 @@ private:
         ~Frame() override { Destroy(); }
     };
 
-    const std::shared_ptr<ui::IRenderer> m_renderer;
+    const std::shared_ptr<ui::IRenderer> m_renderer = TestRenderer();
     Frame m_frame;
     hx::ComPtr<ui::ComponentSite> m_site;
     hx::SafeArray m_arguments;

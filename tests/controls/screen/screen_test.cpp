@@ -22,7 +22,20 @@
 #include "platform/ui/load_renderer.h"
 #include "platform/ui/script.h"
 #include "platform/ui/user.h"
+#include "tests/controls/measurement/hosted_page.h"
 #include "tests/platform/temporary_folder.h"
+
+std::shared_ptr<hx::ui::IRenderer> hosted::TestRenderer() {
+    static const std::shared_ptr<hx::ui::IRenderer> screen = [] {
+        const char* const scale = std::getenv("HX_TEST_SCALE");
+        std::wstring reason;
+        auto loaded = hx::ui::LoadScreenRenderer(
+            {true, scale ? std::atof(scale) : 1, std::getenv("HX_TEST_DARK") != nullptr}, reason);
+        if (!loaded) throw std::runtime_error(hx::ToUtf8(reason));
+        return loaded;
+    }();
+    return screen;
+}
 
 namespace hx {
 namespace {
@@ -35,13 +48,7 @@ double Scale() {
 }
 
 std::shared_ptr<ui::IRenderer> Screen() {
-    static const std::shared_ptr<ui::IRenderer> screen = [] {
-        std::wstring reason;
-        auto loaded = ui::LoadScreenRenderer({true, Scale(), std::getenv("HX_TEST_DARK") != nullptr}, reason);
-        if (!loaded) throw std::runtime_error(ToUtf8(reason));
-        return loaded;
-    }();
-    return screen;
+    return hosted::TestRenderer();
 }
 
 class Frame final : public ui::Window {
