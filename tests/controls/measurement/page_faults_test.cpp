@@ -237,21 +237,21 @@ protected:
             {211, 212, static_cast<int32_t>(data.signal_threshold), 1},
             {214, 217, data.edge_filter, 1},
             {218, 219, data.max_inclination, 1}};
-        const bool has_window = m_page->IsCreated();
+        const bool shown_by_controls = m_page->IsCreated() && m_page->IsReady();
         for (const auto& [slider, edit, value, unit] : kNumbers) {
-            if (!has_window || !m_page->IsReady()) continue;
+            if (!shown_by_controls) break;
             EXPECT_EQ(At<ui::TrackBar>(slider).Position(), value) << slider;
             EXPECT_EQ(ToUtf8(At<ui::Edit>(edit).Text()), std::to_string(value / unit)) << edit;
         }
         const std::pair<uint32_t, BOOL> kFlags[] = {
             {224, data.automatic_laser_power}, {225, data.edge_filter_3d}, {253, data.reflection_filter}};
         for (const auto& [box, value] : kFlags) {
-            if (!has_window || !m_page->IsReady()) continue;
+            if (!shown_by_controls) break;
             EXPECT_EQ(At<ui::CheckBox>(box).IsChecked(), value != FALSE) << box;
         }
         const auto& gains = m_page->SupportedGains();
         const auto gain = std::ranges::find(gains, data.gain);
-        if (has_window && m_page->IsReady() && gain != gains.end()) {
+        if (shown_by_controls && gain != gains.end()) {
             EXPECT_EQ(At<ui::ComboBox>(286).Selected(), gain - gains.begin());
         }
 
