@@ -88,12 +88,13 @@ public:
         const ComPtr<ConfigCtrl> self(this);
         try {
             const auto pass = [&](auto& page) {
-                if constexpr (!TakesArguments<Page>)
-                    return DISP_E_MEMBERNOTFOUND;
-                else
+                if constexpr (TakesArguments<Page>) {
                     page.Initialise(TextOf(driver_internal_name), TextOf(device_internal_name),
                                     TextOf(function_name), arguments);
-                return S_OK;
+                    return S_OK;
+                } else {
+                    return DISP_E_MEMBERNOTFOUND;
+                }
             };
             return pass(*CurrentPage());
         } catch (const MException&) {
@@ -124,11 +125,13 @@ private:
         auto& own = static_cast<ControlWindow&>(window);
         if (own.IsDesigned()) return S_OK;
         const std::shared_ptr<Page> page = CurrentPage();
+        m_is_shown = true;
         if (const auto failure = page->Create(MResourceLocale::ResourceModule(), Page::kTemplate, &own)) {
+            // It can be tried again.
+            m_is_shown = false;
             LogDialogError(*failure);
             return FAILED(failure->result) ? failure->result : E_FAIL;
         }
-        m_is_shown = true;
         // The host may have closed the control meanwhile.
         if (!page->IsCreated()) return E_ABORT;
         page->Move(own.PageBounds());
