@@ -41,6 +41,8 @@ concept TakesArguments = requires(Page& page, const std::wstring& name, SAFEARRA
 template <class Page, const ui::FullControlClass& kClass>
 class ConfigCtrl final
     : public ui::FullControlObject<ConfigCtrl<Page, kClass>, SingleThreaded, DHXConfigCtrl, IDispatch> {
+    using Base = ui::FullControlObject<ConfigCtrl, SingleThreaded, DHXConfigCtrl, IDispatch>;
+
 public:
     static constexpr const ui::FullControlClass& kControlClass = kClass;
     static constexpr DispatchType kDispatchType =
@@ -74,6 +76,7 @@ public:
             return S_OK;
         });
     }
+    using Base::Save;  // of a stream
     HRESULT STDMETHODCALLTYPE Save(BOOL* may_close) override {
         return Call([&](auto& page) {
             if constexpr (Commits<Page>) {
@@ -115,8 +118,6 @@ public:
     StockTexts& Texts() { return m_texts; }
 
 private:
-    using Base = ui::FullControlObject<ConfigCtrl, SingleThreaded, DHXConfigCtrl, IDispatch>;
-
     std::unique_ptr<ui::Window> MakeWindow() override {
         return std::make_unique<ControlWindow>(!this->IsInUserMode());
     }
