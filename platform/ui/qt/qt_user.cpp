@@ -77,11 +77,9 @@ bool QtUser::Leave(Control& control) {
     const InCall call;
     ControlView* const view = control.HasFocus() ? Reach(control) : nullptr;
     if (!view) return false;
-    if (control.Parent()->NextTabStop(&control, false)) {
-        SendKey(view->Widget(), Qt::Key_Tab);
-    } else {
-        view->Widget().clearFocus();
-    }
+    const Attachment attachment(control);
+    SendKey(view->Widget(), Qt::Key_Tab);
+    if (attachment.Get() && control.HasFocus()) view->Widget().clearFocus();
     return true;
 }
 
@@ -210,7 +208,7 @@ bool QtUser::Key(Control& control, uint32_t key) {
 bool QtUser::Key(Dialog& dialog, uint32_t key, bool shift) {
     const InCall call;
     if (!IsReachable(dialog)) return false;
-    const Control* const focused = dialog.Focused();
+    const Control* const focused = dialog.FocusedWithin();
     ControlView* const view = focused ? Reach(*focused) : nullptr;
     QWidget& widget = view ? view->Widget() : WindowView::Of(&dialog)->Widget();
     const bool backwards = shift && key == VK_TAB;
@@ -222,7 +220,7 @@ bool QtUser::Key(Dialog& dialog, uint32_t key, bool shift) {
 bool QtUser::Mnemonic(Dialog& dialog, wchar_t letter) {
     const InCall call;
     if (!IsReachable(dialog)) return false;
-    const Control* const focused = dialog.Focused();
+    const Control* const focused = dialog.FocusedWithin();
     ControlView* const view = focused ? Reach(*focused) : nullptr;
     QWidget& widget = view ? view->Widget() : WindowView::Of(&dialog)->Widget();
     QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, Qt::AltModifier, ToQt({&letter, 1}));

@@ -26,6 +26,15 @@ public:
     }
 
 protected:
+    // With the focus on no control. The toolkit does not give Tab to keyPressEvent.
+    bool event(QEvent* event) override {
+        const bool is_key = event->type() == QEvent::KeyPress;
+        const auto* const key = is_key ? static_cast<QKeyEvent*>(event) : nullptr;
+        if (!key || !m_window || SystemKeyOf(*key) != VK_TAB) return CallingWidget::event(event);
+        const InCall call;
+        return m_window->UserKey(VK_TAB, IsBackwards(*key));
+    }
+
     void paintEvent(QPaintEvent* /*event*/) override {
         if (!m_window) return;
         QPainter painter(this);
@@ -46,11 +55,13 @@ protected:
         const uint32_t key = SystemKeyOf(*event);
         const bool of_dialog = key == VK_RETURN || key == VK_ESCAPE;
         const wchar_t letter = MnemonicIn(*event);
-        Dialog* const dialog = m_window ? m_window->AsDialog() : nullptr;
-        const bool done =
-            (of_dialog && GiveToDialogs(m_window, key)) || (letter && dialog && dialog->UserMnemonic(letter));
+        const bool done = m_window && ((of_dialog && m_window->UserKey(key)) ||
+                                       (letter != 0 && m_window->UserMnemonic(letter)));
         if (!done) QWidget::keyPressEvent(event);
     }
+
+    // Where Tab goes, and the focus of what is disabled or hidden, the dialogs decide.
+    bool focusNextPrevChild(bool /*next*/) override { return true; }
 
     void changeEvent(QEvent* event) override {
         QWidget::changeEvent(event);
