@@ -169,7 +169,11 @@ bool HeadlessUser::Close(Window& frame) {
 }
 
 void HeadlessUser::QueueClick(Control& control) {
-    m_clicks.Add(control);
+    m_queued.AddClick(control);
+}
+
+void HeadlessUser::QueueDrag(TrackBar& track_bar, int32_t position) {
+    m_queued.AddDrag(track_bar, position);
 }
 
 }  // namespace hx::ui

@@ -235,7 +235,11 @@ bool QtUser::Close(Window& frame) {
 }
 
 void QtUser::QueueClick(Control& control) {
-    m_clicks.Add(control);
+    m_queued.AddClick(control);
+}
+
+void QtUser::QueueDrag(TrackBar& track_bar, int32_t position) {
+    m_queued.AddDrag(track_bar, position);
 }
 
 }  // namespace hx::ui
