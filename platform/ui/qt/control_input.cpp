@@ -28,8 +28,12 @@ bool ControlInput::eventFilter(QObject* watched, QEvent* event) {
             if (!Wants(static_cast<QKeyEvent&>(*event))) return false;
             event->accept();
             return true;
-        case QEvent::KeyPress:
-            return OnKey(static_cast<QKeyEvent&>(*event));
+        case QEvent::KeyPress: {
+            // A key that is held adds to what waits.
+            auto& key = static_cast<QKeyEvent&>(*event);
+            if (!key.isAutoRepeat()) m_view.TellWaiting();
+            return m_view.Model() && control->Parent() && OnKey(key);
+        }
         case QEvent::Shortcut:
             return control->Parent()->UserMnemonic(MnemonicOf(control->Text()));
         case QEvent::FocusIn:
@@ -43,7 +47,11 @@ bool ControlInput::eventFilter(QObject* watched, QEvent* event) {
             return true;
         case QEvent::MouseButtonPress: {
             const auto& mouse = static_cast<QMouseEvent&>(*event);
-            if (!on_surface || mouse.button() != Qt::RightButton || !control->IsEnabled()) return false;
+            m_view.TellWaiting();
+            if (!m_view.Model() || !on_surface || mouse.button() != Qt::RightButton ||
+                !control->IsEnabled()) {
+                return false;
+            }
             const QPoint where = mouse.position().toPoint();
             const bool has_own_menu = control->Kind() == ControlKind::edit;
             control->OnContextMenu({where.x(), where.y()});

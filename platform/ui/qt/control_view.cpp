@@ -20,8 +20,9 @@ constexpr ControlView* (*kMakers[])(Control&, QWidget&) = {
 
 // A tool tip that looks like markup would be taken for it.
 QString AsPlainText(const QString& text) {
-    return Qt::mightBeRichText(text) ? QStringLiteral("<qt>") + text.toHtmlEscaped() + QStringLiteral("</qt>")
-                                     : text;
+    if (!Qt::mightBeRichText(text)) return text;
+    const QString lines = text.toHtmlEscaped().replace(u'\n', QStringLiteral("<br/>"));
+    return QStringLiteral("<qt>") + lines + QStringLiteral("</qt>");
 }
 
 }  // namespace
@@ -91,6 +92,7 @@ void ControlView::ShowCommon(ControlChange change) {
             break;
         case ControlChange::tool_tip:
             m_widget->setToolTip(AsPlainText(ToQt(m_control->ToolTip())));
+            m_widget->setAccessibleDescription(ToQt(m_control->ToolTip()));
             break;
         default:
             break;

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ui/qt/events.h"
 #include "platform/ui/qt/released.h"
 
 namespace hx::ui {
@@ -25,6 +26,7 @@ public:
     }
 
     bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() == kTellWaiting) return true;
         switch (event->type()) {
             case QEvent::MouseButtonPress:
             case QEvent::MouseButtonRelease:

@@ -138,6 +138,7 @@ bool QtUser::Drag(TrackBar& track_bar, int32_t position) {
     if (!widget.IsDragging()) SendButton(widget, widget.Handle().center(), Qt::LeftButton, true);
     // Between two pixels there are positions, too.
     widget.DragTo(position);
+    widget.TellWaiting();
     return true;
 }
 
@@ -169,6 +170,7 @@ bool QtUser::Wheel(Control& control, int32_t notches) {
     const Attachment attachment(control);
     for (int32_t i = 0; i < std::abs(notches) && attachment.Get(); ++i) {
         SendWheel(view->Surface(), notches > 0 ? 1 : -1);
+        view->TellWaiting();
     }
     return true;
 }

@@ -1,7 +1,9 @@
 #include "platform/ui/qt/window_view.h"
 
 #include <QCloseEvent>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "platform/ui/codes.h"
 #include "platform/ui/dialog.h"
@@ -28,6 +30,7 @@ public:
 protected:
     // With the focus on no control. The toolkit does not give Tab to keyPressEvent.
     bool event(QEvent* event) override {
+        if (event->type() == QEvent::ToolTip && ShowToolTip(static_cast<QHelpEvent&>(*event))) return true;
         const bool is_key = event->type() == QEvent::KeyPress;
         const auto* const key = is_key ? static_cast<QKeyEvent*>(event) : nullptr;
         if (!key || !m_window || SystemKeyOf(*key) != VK_TAB) return CallingWidget::event(event);
@@ -72,6 +75,18 @@ protected:
     }
 
 private:
+    // Of what the mouse goes through: frames around others, and places of components.
+    bool ShowToolTip(const QHelpEvent& event) {
+        for (const QWidget* const part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            const bool here =
+                part->isVisible() && !part->isWindow() && part->geometry().contains(event.pos());
+            if (!here || part->toolTip().isEmpty()) continue;
+            QToolTip::showText(event.globalPos(), part->toolTip(), this, part->geometry());
+            return true;
+        }
+        return false;
+    }
+
     void TellMoved() {
         if (!m_window || !m_window->IsCreated() || !isVisible()) return;
         const Rectangle bounds = FromQt(geometry());
