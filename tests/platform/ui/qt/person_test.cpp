@@ -281,7 +281,15 @@ TEST_F(QtPerson, ToolTipsAreThereForWhatIsDisabledAndForFrames) {
     const std::pair<const wchar_t*, const char*> kRows[] = {
         {L"a < b & c", "a < b & c"},
         {L"one\ntwo", "one\ntwo"},
-        {L"<b>x</b>\ny", "<qt>&lt;b&gt;x&lt;/b&gt;<br/>y</qt>"}};
+        {L"<b>x</b>\ny", "<qt>&lt;b&gt;x&lt;/b&gt;<br>y</qt>"},
+        {L"Exposure: 1 to 100% of the longest time.\nConnect the scanner that these settings belong to, "
+         L"then try 100\u00A0% again.",
+         "Exposure: 1 to 100% of the longest time.\n"
+         "Connect the scanner that these settings belong to, then try\n"
+         "100\u00A0% again."},
+        {L"スキャナーの前にある表面に適した露光を検出します。次にレーザー出力も検出します。",
+         "スキャナーの前にある表面に適した露光を検出します。次にレー\nザー出力も検出します。"},
+    };
     for (const uint32_t id : {kName, kBar, kChoice, kList, kPush, kCheck, kValue, kGroup}) {
         hx::ui::Control& control = *m_page.Find(id);
         QWidget& widget = Widget(id);
