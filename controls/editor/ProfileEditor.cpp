@@ -40,6 +40,8 @@ bool ProfileEditor::OnPresetSelectionChanged() {
 }
 
 bool ProfileEditor::CommitOnClose() {
+    // There is nothing left to lose.
+    if (Operations().IsClosed()) return true;
     bool may_close = false;
     Operate([&](const Scope& scope) {
         const bool had_edits = m_modified;
@@ -65,6 +67,9 @@ bool ProfileEditor::CommitOnClose() {
             });
             // Edits must not go with the page. Without any, an operator who cannot save is able to leave.
             may_close = !cancelled && (settled || !m_modified) && (stored || !had_edits);
+            // What fails again and again must not lock the host in.
+            if (failure && m_commit_failed && !cancelled) may_close = true;
+            m_commit_failed = failure != nullptr;
             if (stored && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
         }
         if (failure) std::rethrow_exception(failure);

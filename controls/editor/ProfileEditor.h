@@ -45,7 +45,8 @@ public:
     void OnSettingChanged(bool from_sliders);
     // The list's selection changed. False only if the operator cancelled. Shows failures.
     bool OnPresetSelectionChanged();
-    // The host wants to close. False if the operator cancelled, or edits could not be stored. Shows failures.
+    // The host wants to close. False if the operator cancelled, or edits could not be stored for the first
+    // time. Shows failures.
     bool CommitOnClose();
 
     CProfileListBox& ProfileList() { return m_list; }
@@ -109,6 +110,7 @@ private:
     bool m_modified = false;
     std::atomic<bool> m_in_setting_changed = false;
     bool m_force_prompt = false;
+    bool m_commit_failed = false;  // the last time
     bool m_operating = false;
 };
 

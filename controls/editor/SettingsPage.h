@@ -28,6 +28,8 @@ public:
     // Tells the host what is selected in the list.
     virtual void ReportSelectedPreset() = 0;
     virtual void UpdateExposureText() = 0;
+    // The selection in the list is about to be followed.
+    virtual void OnPresetSelectionChanging() {}
     // In front of which boxes and questions come up.
     virtual ui::Window& OwnWindow() = 0;
 
@@ -35,15 +37,9 @@ public:
     bool IsReady() const { return m_ready; }
     ScannerSession& Session() { return m_session; }
 
-protected:
     using Scope = SessionOperations::Scope;
-
-    SettingsPage(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder)
-        : m_session(*this, rules, std::move(recorder)) {}
-
-    const SessionOperations& Operations() const { return m_session.Operations(); }
-
-    // For handlers of the page: runs `operation`, shows what it throws. False if it did not come to its end.
+    // For handlers of the page and of its parts: runs `operation`, shows what it throws. False if it did not
+    // come to its end.
     template <class Operation>
     bool Attempt(Operation operation) noexcept {
         if (Operations().IsClosed()) return false;
@@ -52,10 +48,16 @@ protected:
             operation(scope);
             return true;
         } catch (...) {
-            ShowFailure(scope);
+            if (scope.IsSessionOpen()) ShowFailure();
             return false;
         }
     }
+
+protected:
+    SettingsPage(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder)
+        : m_session(*this, rules, std::move(recorder)) {}
+
+    const SessionOperations& Operations() const { return m_session.Operations(); }
 
     // For SetProfile: runs `show`; if that fails the record is as it was, `put_back` moves it into the
     // controls without a call to anybody, and the failure is shown.
@@ -75,8 +77,8 @@ protected:
         });
     }
 
-    // The exception that is being handled.
-    void ShowFailure(const Scope& scope) noexcept;
+    // The exception that is being handled. Not once the session was ended: the page may be gone.
+    void ShowFailure() noexcept;
 
     bool m_ready = false;
     ScannerSession m_session;

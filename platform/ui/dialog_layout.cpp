@@ -2,6 +2,7 @@
 
 #include "platform/ui/dialog.h"
 #include "platform/ui/dialog_units.h"
+#include "platform/ui/renderer.h"
 
 namespace hx::ui {
 
@@ -23,6 +24,16 @@ StaticText* Dialog::LabelOf(const Control& control) const {
 
 Rectangle Dialog::FromDialogUnits(const DialogRectangle& units) const {
     return PixelsOf(units, m_base_units);
+}
+
+std::optional<Size> Dialog::SizeOf(const ModuleHandle& module, uint32_t template_id) {
+    const IRenderer* const renderer = CurrentRenderer();
+    if (!module || !renderer) return {};
+    const auto found = module->GetResources().dialogs.find(template_id);
+    if (found == module->GetResources().dialogs.end()) return {};
+    const DialogTemplate& dialog = found->second;
+    const FontUnits letter = renderer->DialogFont(dialog.font_face, dialog.font_points);
+    return PixelsOf(dialog.rectangle, {letter.average_width, letter.height}).Size();
 }
 
 void Dialog::SetAnchors(std::vector<AnchorRule> rules) {
