@@ -28,7 +28,7 @@ public:
         uint32_t button = 0;
         std::optional<std::wstring> typed;  // into the dialog's first edit, before
         // The button's id where it depends on the dialog; 0 for none that there is.
-        std::function<uint32_t(const Dialog&)> find_button;
+        std::function<uint32_t(const Dialog&)> find_button = {};
     };
     struct Modal {
         std::wstring title;
