@@ -24,6 +24,10 @@ public:
     // was closed meanwhile, E_FAIL if the component did not activate itself though it says so. On failure it
     // is closed.
     HRESULT Open(REFCLSID clsid, const Window& parent, const Rectangle& bounds, bool visible);
+    // The same with one that the container has created and set up. On failure it is taken down like any
+    // other.
+    HRESULT Open(const ComPtr<IOleObject>& object, const Window& parent, const Rectangle& bounds,
+                 bool visible);
     bool IsOpen() const { return static_cast<bool>(m_in_place); }
     // Empty unless open.
     ComPtr<IUnknown> Component() const { return IsOpen() ? m_object.as<IUnknown>() : nullptr; }
@@ -69,6 +73,8 @@ public:
                                      UINT* bad_argument) override;
 
 private:
+    void Place(const Window& parent, const Rectangle& bounds, bool visible);
+    HRESULT OpenHere(ComPtr<IOleObject> object);
     HRESULT Embed(const ComPtr<IOleObject>& object);
     static void TakeDown(const ComPtr<IOleObject>& object);
     // That the component shows itself in; null if it is none of this process.

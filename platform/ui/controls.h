@@ -67,6 +67,9 @@ public:
     void SetSelection(Selection selection);
     void SelectAll() { SetSelection({0, Text().size()}); }
 
+    // Whether the text is one of those that the edit is for; tools and assistive technology ask.
+    virtual bool HoldsValidText() const { return true; }
+
     void UserEnter(std::wstring text, Selection selection);
     void UserSelect(Selection selection);
     void OnFocus(bool gained) override;
