@@ -70,6 +70,7 @@ public:
     double Scale() const override { return kScale; }
     void FillRectangle(const ui::Rectangle&, ui::Colour) override {}
     void DrawDottedFrame(const ui::Rectangle&, ui::Colour) override {}
+    void DrawEllipse(const ui::Rectangle&, ui::Colour) override {}
     void DrawLine(ui::FinePoint, ui::FinePoint, ui::Colour, double) override {}
     void FillPolygon(std::span<const ui::FinePoint>, ui::Colour) override {}
     void DrawText(const ui::Rectangle&, std::wstring_view, const ui::TextStyle&) override {}

@@ -63,8 +63,11 @@ bool ProfileEditor::CommitOnClose() {
             const bool stored = done([&] {
                 if (m_session.Presets().Count() > 0) m_session.Presets().Save();
             });
-            // Edits must not go with the page. Without any, an operator who cannot save is able to leave.
-            may_close = !cancelled && (settled || !m_modified) && (stored || !had_edits);
+            // Edits must not go with the page. Without any, or when it fails again, an operator who cannot
+            // save is able to leave.
+            const bool lost = (!settled && m_modified) || (!stored && had_edits);
+            may_close = !cancelled && (!lost || m_commit_failed);
+            m_commit_failed = !cancelled && lost;
             if (stored && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
         }
         if (failure) std::rethrow_exception(failure);

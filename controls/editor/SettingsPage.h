@@ -35,15 +35,9 @@ public:
     bool IsReady() const { return m_ready; }
     ScannerSession& Session() { return m_session; }
 
-protected:
     using Scope = SessionOperations::Scope;
-
-    SettingsPage(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder)
-        : m_session(*this, rules, std::move(recorder)) {}
-
-    const SessionOperations& Operations() const { return m_session.Operations(); }
-
-    // For handlers of the page: runs `operation`, shows what it throws. False if it did not come to its end.
+    // For handlers of the page and of its parts: runs `operation`, shows what it throws. False if it did not
+    // come to its end.
     template <class Operation>
     bool Attempt(Operation operation) noexcept {
         if (Operations().IsClosed()) return false;
@@ -56,6 +50,12 @@ protected:
             return false;
         }
     }
+
+protected:
+    SettingsPage(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder)
+        : m_session(*this, rules, std::move(recorder)) {}
+
+    const SessionOperations& Operations() const { return m_session.Operations(); }
 
     // For SetProfile: runs `show`; if that fails the record is as it was, `put_back` moves it into the
     // controls without a call to anybody, and the failure is shown.

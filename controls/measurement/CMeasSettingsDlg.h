@@ -4,6 +4,7 @@
 #pragma once
 
 #include "controls/editor/BaseDynamicSettingsDlg.h"
+#include "controls/widgets/CScannerPreviewCtrl.h"
 #include "hxapi/IHXSettingsObjectMap.h"
 #include "platform/com/safearray.h"
 #include "platform/ui/dialog.h"
@@ -32,6 +33,36 @@ public:
     void Initialise(const std::wstring& driver_internal_name, const std::wstring& device_internal_name,
                     const std::wstring& function_name, SAFEARRAY** arguments);
     // And CommitOnClose, of ProfileEditor.
+
+private:
+    // What the window is told.
+    bool OnInitDialog() override;
+    void OnDestroy() override;
+    void OnMessage(const WindowMessage& message) override;
+    void OnCommand(ui::Control& control, uint32_t code) override;
+
+    // What the editor and the session ask of the page.
+    void UpdateSettingsFromUI(bool from_sliders) override;
+    void EnableControls(bool enable) noexcept override;
+    bool SetProfile(const ComPtr<IDynamicSettingsPreset>& preset) override;
+    void ApplySettingsToHardware(const ComPtr<IDynamicSettingsPreset>& preset) override;
+    void ReportSelectedPreset() override;
+    void UpdateExposureText() override;
+    void NoteConnectionState() override;
+    ComPtr<IUnknown> TrackingObserver() override { return m_preview.Observer(); }
+    void ResetPreview() override { m_preview.Reset(); }
+    void FillGainList() override;
+    void RefreshFrameRate() noexcept override {}
+    void RefreshExposureRows() override;
+    void LeaveControls() override { UpdateSettingsFromUI(false); }
+
+    void EndSession() noexcept;
+
+    CScannerPreviewCtrl m_preview;
+    ComPtr<IHXSettingsObjectMap> m_settings_map;
+    ComPtr<IUnknown> m_settings;  // its entry
+    std::wstring m_function_name = L"EditDynamicSettingsPresets";
+    SAFEARRAY** m_arguments = nullptr;  // the host's
 };
 
 }  // namespace hx

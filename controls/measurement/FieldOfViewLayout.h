@@ -17,7 +17,12 @@ public:
     void LayOut(int32_t config);
 
 private:
+    // The place that the preview's anchors give it.
+    const ui::Rectangle& PlaceOf(const ui::Control& preview);
+
     ui::Dialog& m_dialog;
+    ui::Rectangle m_place;
+    ui::Size m_size;  // of the dialog, when that was its place
 };
 
 }  // namespace hx

@@ -14,14 +14,21 @@ public:
     ExposureDetection(SettingsPage& page, MErrorLocation& location) : m_page(page), m_location(location) {}
 
     // Does nothing while one runs. Each value found goes into the record, then `shown` is called, as at the
-    // end of a slider's tracking; false if that failed or the page may not go on. Afterwards, in any case,
-    // the settings are applied and what the mouse did meanwhile is forgotten. Shows failures.
+    // end of a slider's tracking; false if that failed or the page may not go on. Afterwards, also if that
+    // failed, the settings are applied, unless the page was left or ended; and what the mouse did meanwhile
+    // is forgotten. Shows failures.
     void Run(const std::function<bool()>& shown);
 
 private:
+    using Scope = SettingsPage::Scope;
+
     // False if it may not go on. Throw.
-    bool DetectExposure(const std::function<bool()>& shown);
-    bool DetectLaserPower(const std::function<bool()>& shown);
+    bool DetectExposure(const Scope& scope, const std::function<bool()>& shown);
+    bool DetectLaserPower(const Scope& scope, const std::function<bool()>& shown);
+    // The page may be gone when this returns or throws.
+    template <class Value>
+    void Ask(int32_t line, const wchar_t* call,
+             HRESULT (STDMETHODCALLTYPE ICalibrationHandle::*detect)(Value*), Value* value);
 
     SettingsPage& m_page;
     MErrorLocation& m_location;

@@ -2,6 +2,8 @@
 // "High ISO mode". A member of its page; on the thread of the user interface.
 #pragma once
 
+#include <optional>
+
 #include "controls/editor/SettingsPage.h"
 #include "platform/ui/dialog.h"
 
@@ -15,8 +17,9 @@ public:
 
     // Nothing is to be seen until there is a scanner.
     void Hide();
-    // The list anew, and SupportedGains, if the configured scanner is connected; a scanner that does not tell
-    // its gains has one. Throws on a gain that is no number: see GainOfText.
+    // The list anew, and SupportedGains, if the configured scanner is connected. A scanner that does not tell
+    // its gains has one in the list, which is hidden, and takes any. Throws on a gain that is no number: see
+    // GainOfText.
     void Fill();
     // The record's gain in the list (the first one if it is not there), and in the box, where there is one.
     void ShowGain();
@@ -26,6 +29,10 @@ public:
     bool TakeHighIso();
 
 private:
+    // As texts; none if the scanner does not tell them, which is logged.
+    std::optional<std::vector<std::wstring>> AskForGains();
+    void ShowList(bool visible);
+
     SettingsPage& m_page;
     ui::Dialog& m_dialog;
     MErrorLocation& m_location;

@@ -31,6 +31,7 @@ void ScannerSession::SetApi(ComPtr<IHXApi> api) {
     if (m_api) m_events.Unadvise(m_api.get());
     m_operations.Interrupt();
     m_operations.Forget();
+    m_awaiting_state.reset();
     m_page.ForgetEvents();
     m_api = std::move(api);
     if (!m_api) return;

@@ -43,6 +43,9 @@ public:
     // From the message that the events sink posts. Failures are shown and logged; those of giving back are
     // logged. Without an API nothing happens.
     void OnConnectionStateChange(int32_t state);
+    // The page has no window yet. The last state that comes until it has one is followed then.
+    void AwaitWindow() { m_awaits_window = true; }
+    void OnWindowCreated();
     // The page is shown, or another one is. Failures are shown in the first case, logged in the second.
     void OnSelected();
     void OnDeselected();
@@ -98,6 +101,8 @@ private:
     bool m_shown = false;  // as the host said last; selected when that was followed
     bool m_selected = false;
     bool m_handle_acquired = false;
+    bool m_awaits_window = false;
+    std::optional<int32_t> m_awaiting_state;  // that came without one
     const std::shared_ptr<libReplayCapture> m_recorder;
     SessionOperations m_operations;
 };

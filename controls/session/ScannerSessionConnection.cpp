@@ -8,6 +8,10 @@ namespace hx {
 
 void ScannerSession::OnConnectionStateChange(int32_t state) {
     if (m_operations.IsClosed() || !m_api) return;
+    if (m_awaits_window) {
+        m_awaiting_state = state;
+        return;
+    }
     m_page.NoteConnectionState();
     if (!m_selected) {
         if (m_rules.stores_states_unselected) m_connection_state = state;
@@ -15,6 +19,11 @@ void ScannerSession::OnConnectionStateChange(int32_t state) {
     }
     if (m_operations.IsRunning()) return m_operations.Keep(state);
     OnKeptConnectionState(state);
+}
+
+void ScannerSession::OnWindowCreated() {
+    m_awaits_window = false;
+    if (const auto state = std::exchange(m_awaiting_state, {})) OnConnectionStateChange(*state);
 }
 
 void ScannerSession::OnKeptConnectionState(int32_t state) {

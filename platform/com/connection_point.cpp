@@ -1,10 +1,10 @@
 #include "platform/com/connection_point.h"
 
-#include <algorithm>
 #include <memory>
 #include <utility>
 
 #include "platform/com/boundary.h"
+#include "platform/com/enumerator.h"
 
 namespace hx {
 namespace {
@@ -14,66 +14,19 @@ struct Connection {
     DWORD cookie;
 };
 
-// How the caller gets an item: with a reference of its own.
-CONNECTDATA HandOut(const Connection& connection) {
-    return {ComPtr(connection.sink).detach(), connection.cookie};
-}
-IConnectionPoint* HandOut(const ComPtr<IConnectionPoint>& point) {
-    return ComPtr(point).detach();
-}
-
-// An enumeration of what there was when it was made; its copies share that.
-template <class Interface, class Given, class Item>
-class Enumerator final : public Implements<Enumerator<Interface, Given, Item>, FreeThreaded, Interface> {
-public:
-    using Items = std::shared_ptr<const std::vector<Item>>;
-
-    Enumerator(Items items, size_t next) : m_items(std::move(items)), m_next(next) {}
-
-    HRESULT STDMETHODCALLTYPE Next(ULONG count, Given* given, ULONG* fetched) override {
-        if (fetched) *fetched = 0;
-        if (!given || (!fetched && count != 1)) return E_POINTER;
-        if (count > 0) *given = {};
-        const auto [first, taken] = Take(count);
-        for (ULONG i = 0; i < taken; ++i) given[i] = HandOut((*m_items)[first + i]);
-        if (fetched) *fetched = taken;
-        return taken == count ? S_OK : S_FALSE;
+// The caller gets a reference of its own.
+struct HandOut {
+    CONNECTDATA operator()(const Connection& connection) const {
+        return {ComPtr(connection.sink).detach(), connection.cookie};
     }
-    HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
-        return Take(count).second == count ? S_OK : S_FALSE;
+    IConnectionPoint* operator()(const ComPtr<IConnectionPoint>& point) const {
+        return ComPtr(point).detach();
     }
-    HRESULT STDMETHODCALLTYPE Reset() override {
-        const std::lock_guard lock(m_mutex);
-        m_next = 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE Clone(Interface** copy) override {
-        if (!copy) return E_POINTER;
-        *copy = nullptr;
-        return AtBoundary([&] {
-            *copy = Make<Enumerator>(m_items, Take(0).first).detach();
-            return S_OK;
-        });
-    }
-
-private:
-    // Moves on by up to `count` items: from where, and by how many.
-    std::pair<size_t, ULONG> Take(ULONG count) {
-        const std::lock_guard lock(m_mutex);
-        const size_t first = m_next;
-        const ULONG taken = static_cast<ULONG>(std::min<size_t>(count, m_items->size() - first));
-        m_next += taken;
-        return {first, taken};
-    }
-
-    const Items m_items;
-    std::mutex m_mutex;
-    size_t m_next;
-    ModuleLock m_module_lock;
 };
 
-using ConnectionEnumerator = Enumerator<IEnumConnections, CONNECTDATA, Connection>;
-using PointEnumerator = Enumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>>;
+using ConnectionEnumerator = Enumerator<IEnumConnections, CONNECTDATA, Connection, HandOut>;
+using PointEnumerator =
+    Enumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>, HandOut>;
 
 }  // namespace
 

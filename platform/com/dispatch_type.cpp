@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/com/boundary.h"
 #include "platform/com/comptr.h"
 #include "platform/com/errorinfo.h"
 #include "platform/system/case_fold.h"
@@ -12,7 +13,7 @@ namespace {
 using Arguments = std::array<Variant, kMostDispatchParameters>;
 
 bool IsNamed(const wchar_t* name, const OLECHAR* asked) {
-    return asked && EqualsWithoutCase(name, asked);
+    return name && asked && EqualsWithoutCase(name, asked);
 }
 
 DISPID ParameterId(const DispatchMember& member, const OLECHAR* name) {
@@ -37,7 +38,12 @@ HRESULT Convert(const VARIANT& argument, VARTYPE type, Variant& converted) {
 }
 
 // The parameter that an argument is for: the named ones lead, the others come last one first.
-DISPID ParameterOf(const DISPPARAMS& given, UINT index) {
+DISPID ParameterOf(const DispatchMember& member, const DISPPARAMS& given, UINT index) {
+    if (member.kind == INVOKE_PROPERTYPUT) {
+        const bool is_value =
+            index < given.cNamedArgs && given.rgdispidNamedArgs[index] == DISPID_PROPERTYPUT;
+        return is_value ? 0 : DISPID_UNKNOWN;
+    }
     return index < given.cNamedArgs ? given.rgdispidNamedArgs[index]
                                     : static_cast<DISPID>(given.cArgs - 1 - index);
 }
@@ -45,7 +51,7 @@ DISPID ParameterOf(const DISPPARAMS& given, UINT index) {
 // As many arguments as parameters; so two for one parameter leave another without.
 HRESULT TakeArgument(const DispatchMember& member, const DISPPARAMS& given, UINT index, Arguments& arguments,
                      std::array<bool, kMostDispatchParameters>& taken) {
-    const auto parameter = static_cast<UINT>(ParameterOf(given, index));
+    const auto parameter = static_cast<UINT>(ParameterOf(member, given, index));
     if (parameter >= member.count || taken[parameter]) return DISP_E_PARAMNOTFOUND;
     taken[parameter] = true;
     return Convert(given.rgvarg[index], member.parameters[parameter].type, arguments[parameter]);
@@ -68,7 +74,7 @@ HRESULT TakeArguments(const DispatchMember& member, const DISPPARAMS& given, Arg
     return S_OK;
 }
 
-// What failed, as the method itself told it.
+// What failed, as the member itself told it.
 void Describe(HRESULT result, EXCEPINFO& exception) {
     exception = {};
     exception.scode = result;
@@ -97,8 +103,9 @@ HRESULT IdsOfNames(const DispatchType& type, const LPOLESTR* names, UINT count, 
 HRESULT InvokeMember(const DispatchType& type, void* object, DISPID member, WORD flags,
                      const DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception, UINT* bad_argument) {
     if (result) VariantInit(result);
-    const auto row = std::ranges::find(type.members, member, &DispatchMember::id);
-    if (row == type.members.end() || !(flags & DISPATCH_METHOD)) return DISP_E_MEMBERNOTFOUND;
+    const auto row = std::ranges::find_if(
+        type.members, [&](const DispatchMember& each) { return each.id == member && (each.kind & flags); });
+    if (row == type.members.end()) return DISP_E_MEMBERNOTFOUND;
     if (!object || !arguments) return E_INVALIDARG;
     Arguments converted;
     const HRESULT taken = TakeArguments(*row, *arguments, converted, bad_argument);
@@ -107,8 +114,14 @@ HRESULT InvokeMember(const DispatchType& type, void* object, DISPID member, WORD
     std::ranges::transform(converted, values.begin(), &Variant::get);
     // An older failure's information must not pass for this one's.
     SetErrorInfo(0, nullptr);
-    const HRESULT called = row->call(object, values.data());
-    if (SUCCEEDED(called)) return S_OK;
+    VARIANT value{};
+    const HRESULT called = AtBoundary([&] { return row->call(object, values.data(), &value); });
+    if (SUCCEEDED(called)) {
+        Variant owner;
+        owner.attach(value);
+        if (result) *result = owner.detach();
+        return S_OK;
+    }
     if (exception) Describe(called, *exception);
     return DISP_E_EXCEPTION;
 }

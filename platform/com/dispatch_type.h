@@ -3,6 +3,8 @@
 // (target hxmodule).
 //     constexpr DispatchMember kMembers[] = {
 //         DispatchMembersOf<IThing>::Method<&IThing::SetSpeed>(3, L"SetSpeed", L"speed"),
+//         DispatchMembersOf<IThing>::PropertyGet<&IThing::get_Name>(4, L"Name"),
+//         DispatchMembersOf<IThing>::PropertyPut<&IThing::put_Name>(4, L"Name"),
 //     };
 //     const DispatchType kThing{L"IThing", IID_IThing, kMembers};
 // Usable on any thread; members are called on the thread that calls.
@@ -24,13 +26,17 @@ struct DispatchParameter {
     VARTYPE type;
 };
 
+// A property that can be read and written has two rows, with one number.
 struct DispatchMember {
     DISPID id;
     const wchar_t* name;
-    UINT count;  // of parameters; their own ids are 0, 1, ...
+    INVOKEKIND kind;
+    UINT count;  // of parameters; their own ids are 0, 1, ... - that of a property's new value has no name
     std::array<DispatchParameter, kMostDispatchParameters> parameters;
+    VARTYPE result;  // VT_VOID but for reading
     // `object` is the described interface; the arguments are in the parameters' order and of their types.
-    HRESULT (*call)(void* object, const VARIANT* arguments);
+    // `*result` is empty, and stays so on failure.
+    HRESULT (*call)(void* object, const VARIANT* arguments, VARIANT* result);
 };
 
 // What is described lives as long as the library.
@@ -48,6 +54,7 @@ template <VARTYPE type, auto member>
 struct DispatchValue {
     static constexpr VARTYPE kType = type;
     static auto Get(const VARIANT& argument) { return argument.*member; }
+    static auto& Place(VARIANT& result) { return result.*member; }
 };
 template <>
 struct DispatchKind<int32_t> : DispatchValue<VT_I4, &VARIANT::lVal> {};
@@ -59,6 +66,9 @@ template <>
 struct DispatchKind<BSTR> : DispatchValue<VT_BSTR, &VARIANT::bstrVal> {};
 template <>
 struct DispatchKind<IUnknown*> : DispatchValue<VT_UNKNOWN, &VARIANT::punkVal> {};
+// Of VARIANTs.
+template <>
+struct DispatchKind<SAFEARRAY*> : DispatchValue<VT_ARRAY | VT_VARIANT, &VARIANT::parray> {};
 // The caller's variable.
 template <class T>
 struct DispatchKind<T*> {
@@ -74,6 +84,17 @@ public:
     static constexpr DispatchMember Method(DISPID id, const wchar_t* name, Names... names) {
         return Row<method>(method, id, name, names...);
     }
+    // `get` is HRESULT (T* value), `put` HRESULT (T value).
+    template <auto get>
+    static constexpr DispatchMember PropertyGet(DISPID id, const wchar_t* name) {
+        return ReadingRow<get>(get, id, name);
+    }
+    template <auto put>
+    static constexpr DispatchMember PropertyPut(DISPID id, const wchar_t* name) {
+        DispatchMember row = Row<put>(put, id, name, nullptr);
+        row.kind = INVOKE_PROPERTYPUT;
+        return row;
+    }
 
 private:
     template <auto method, class Owner, class... Parameters, class... Names>
@@ -83,11 +104,28 @@ private:
         static_assert(sizeof...(Parameters) <= kMostDispatchParameters);
         return {id,
                 name,
+                INVOKE_FUNC,
                 sizeof...(Parameters),
                 {DispatchParameter{names, DispatchKind<Parameters>::kType}...},
-                [](void* object, const VARIANT* arguments) {
+                VT_VOID,
+                [](void* object, const VARIANT* arguments, VARIANT*) {
                     return Call<method, Parameters...>(object, arguments,
                                                        std::index_sequence_for<Parameters...>());
+                }};
+    }
+    template <auto get, class Owner, class Value>
+    static constexpr DispatchMember ReadingRow(HRESULT (Owner::*)(Value*), DISPID id, const wchar_t* name) {
+        using Kind = DispatchKind<Value>;
+        return {id,
+                name,
+                INVOKE_PROPERTYGET,
+                0,
+                {},
+                Kind::kType,
+                [](void* object, const VARIANT*, VARIANT* result) {
+                    const HRESULT read = (static_cast<I*>(object)->*get)(&Kind::Place(*result));
+                    if (SUCCEEDED(read)) result->vt = Kind::kType;
+                    return read;
                 }};
     }
     template <auto method, class... Parameters, size_t... index>
@@ -101,12 +139,14 @@ private:
 // E_POINTER; E_INVALIDARG for no name at all.
 HRESULT IdsOfNames(const DispatchType& type, const LPOLESTR* names, UINT count, DISPID* ids);
 
-// Calls a member. Arguments are converted as VariantChangeType does; parameters by reference take exactly
-// their type. `*result` becomes empty, since methods give nothing but their HRESULT; a failed one becomes
-// DISP_E_EXCEPTION, with `*exception` [caller owns strings] made of it and of the error information that the
-// method left. DISP_E_MEMBERNOTFOUND also for anything but a call as a method; DISP_E_BADPARAMCOUNT; with
-// `*bad_argument` as an index into the arguments as they came: DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW,
-// DISP_E_PARAMNOTFOUND for an unknown named one, DISP_E_PARAMNOTOPTIONAL for an omitted one.
+// Calls, reads or writes a member, whichever of its rows `flags` name. Arguments are converted as
+// VariantChangeType does; parameters by reference take exactly their type. A new value comes as the one
+// argument, named DISPID_PROPERTYPUT. `*result` [caller clears] is empty but for a property that is read. A
+// failure of the member, or an exception that leaves it, becomes DISP_E_EXCEPTION, with `*exception` [caller
+// owns strings] made of it and of the error information that the member left. DISP_E_MEMBERNOTFOUND also for
+// a member that cannot be used in this way; DISP_E_BADPARAMCOUNT; with `*bad_argument` as an index into the
+// arguments as they came: DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_PARAMNOTFOUND for an unknown named
+// one, DISP_E_PARAMNOTOPTIONAL for an omitted one.
 HRESULT InvokeMember(const DispatchType& type, void* object, DISPID member, WORD flags,
                      const DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception, UINT* bad_argument);
 

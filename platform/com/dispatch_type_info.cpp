@@ -17,13 +17,18 @@ struct MemberDescription {
         function.memid = member.id;
         function.lprgelemdescParam = parameters.data();
         function.funckind = FUNC_DISPATCH;
-        function.invkind = INVOKE_FUNC;
+        function.invkind = member.kind;
         function.callconv = CC_STDCALL;
         function.cParams = static_cast<int16_t>(member.count);
-        function.elemdescFunc.tdesc.vt = VT_VOID;
+        function.elemdescFunc.tdesc.vt = member.result;
         for (UINT i = 0; i < member.count; ++i) {
             const VARTYPE type = member.parameters[i].type;
             targets[i].vt = static_cast<VARTYPE>(type & ~VT_BYREF);
+            if (type & VT_ARRAY) {
+                elements[i].vt = type & VT_TYPEMASK;
+                targets[i].vt = VT_SAFEARRAY;
+                targets[i].lptdesc = &elements[i];
+            }
             parameters[i].tdesc = targets[i];
             parameters[i].paramdesc.wParamFlags = PARAMFLAG_FIN;
             if (!(type & VT_BYREF)) continue;
@@ -35,6 +40,7 @@ struct MemberDescription {
     FUNCDESC function{};  // first: its address is the block's
     std::array<ELEMDESC, kMostDispatchParameters> parameters{};
     std::array<TYPEDESC, kMostDispatchParameters> targets{};
+    std::array<TYPEDESC, kMostDispatchParameters> elements{};
 };
 
 HRESULT Copy(const wchar_t* text, BSTR* copy) {
@@ -94,7 +100,8 @@ public:
         if (!count) return E_POINTER;
         const DispatchMember* const row = Find(member);
         if (!row) return TYPE_E_ELEMENTNOTFOUND;
-        const UINT known = std::min(room, row->count + 1);
+        const UINT named = row->kind == INVOKE_PROPERTYPUT ? 0 : row->count;
+        const UINT known = std::min(room, named + 1);
         while (*count < known) {
             const UINT i = *count;
             const HRESULT copied = Copy(i == 0 ? row->name : row->parameters[i - 1].name, &names[i]);

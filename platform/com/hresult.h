@@ -35,8 +35,12 @@ inline constexpr HRESULT OLE_E_ADVISENOTSUPPORTED = static_cast<HRESULT>(0x80040
 inline constexpr HRESULT OLE_E_INVALIDHWND = static_cast<HRESULT>(0x8004000F);
 inline constexpr HRESULT OLE_E_NOT_INPLACEACTIVE = static_cast<HRESULT>(0x80040010);
 inline constexpr HRESULT DV_E_DVASPECT = static_cast<HRESULT>(0x8004006B);
+inline constexpr HRESULT OLEOBJ_E_NOVERBS = static_cast<HRESULT>(0x80040180);
 inline constexpr HRESULT OLEOBJ_S_INVALIDVERB = 0x00040180;
 inline constexpr HRESULT OLEOBJ_S_CANNOT_DOVERB_NOW = 0x00040181;
+
+inline constexpr HRESULT STG_E_WRITEFAULT = static_cast<HRESULT>(0x8003001D);
+inline constexpr HRESULT STG_E_READFAULT = static_cast<HRESULT>(0x8003001E);
 
 inline constexpr HRESULT CLASS_E_NOAGGREGATION = static_cast<HRESULT>(0x80040110);
 inline constexpr HRESULT CLASS_E_CLASSNOTAVAILABLE = static_cast<HRESULT>(0x80040111);

@@ -11,7 +11,6 @@ struct HACCEL__;
 struct HMENU__;
 struct HOLEMENU__;
 // NOLINTEND(bugprone-reserved-identifier)
-struct IOleInPlaceActiveObject;
 struct OLEMENUGROUPWIDTHS;
 using HACCEL = HACCEL__*;
 using HMENU = HMENU__*;
@@ -32,6 +31,20 @@ struct IOleInPlaceObject : IOleWindow {
     // Where it is in the parent, and what of it is to be seen.
     virtual HRESULT STDMETHODCALLTYPE SetObjectRects(const RECT* position, const RECT* clip) = 0;
     virtual HRESULT STDMETHODCALLTYPE ReactivateAndUndo() = 0;
+};
+
+struct IOleInPlaceUIWindow;
+
+// What the container's frame tells the component that has the focus.
+HX_IID(IOleInPlaceActiveObject, "00000117-0000-0000-C000-000000000046")
+struct IOleInPlaceActiveObject : IOleWindow {
+    // S_FALSE for a message that is not meant for the component's keys.
+    virtual HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG* message) = 0;
+    virtual HRESULT STDMETHODCALLTYPE OnFrameWindowActivate(BOOL active) = 0;
+    virtual HRESULT STDMETHODCALLTYPE OnDocWindowActivate(BOOL active) = 0;
+    virtual HRESULT STDMETHODCALLTYPE ResizeBorder(const RECT* border, IOleInPlaceUIWindow* window,
+                                                   BOOL is_frame) = 0;
+    virtual HRESULT STDMETHODCALLTYPE EnableModeless(BOOL enable) = 0;
 };
 
 HX_IID(IOleInPlaceUIWindow, "00000115-0000-0000-C000-000000000046")

@@ -19,6 +19,7 @@ inline constexpr LONG OLEIVERB_SHOW = -1;
 inline constexpr LONG OLEIVERB_HIDE = -3;
 inline constexpr LONG OLEIVERB_UIACTIVATE = -4;
 inline constexpr LONG OLEIVERB_INPLACEACTIVATE = -5;
+inline constexpr LONG OLEIVERB_PROPERTIES = -7;
 
 // What becomes of its data when it is closed
 inline constexpr DWORD OLECLOSE_SAVEIFDIRTY = 0;

@@ -14,14 +14,18 @@ inline constexpr MEMBERID MEMBERID_NIL = DISPID_UNKNOWN;
 enum TYPEKIND : int32_t { TKIND_DISPATCH = 4 };
 enum FUNCKIND : int32_t { FUNC_DISPATCH = 4 };
 enum CALLCONV : int32_t { CC_STDCALL = 4 };
-enum INVOKEKIND : int32_t { INVOKE_FUNC = DISPATCH_METHOD };
+enum INVOKEKIND : int32_t {
+    INVOKE_FUNC = DISPATCH_METHOD,
+    INVOKE_PROPERTYGET = DISPATCH_PROPERTYGET,
+    INVOKE_PROPERTYPUT = DISPATCH_PROPERTYPUT,
+};
 
 // A vtable and an IDispatch that do the same.
 inline constexpr WORD TYPEFLAG_FDUAL = 0x40;
 inline constexpr WORD TYPEFLAG_FDISPATCHABLE = 0x1000;
 inline constexpr USHORT PARAMFLAG_FIN = 0x1;
 
-// The type of a parameter, or what a VT_PTR points at.
+// The type of a parameter, or what a VT_PTR points at, or of what a VT_SAFEARRAY is.
 struct TYPEDESC {
     union {
         TYPEDESC* lptdesc;

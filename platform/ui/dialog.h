@@ -53,6 +53,8 @@ public:
     // How controls follow the size of the window, from that of the template, below which nothing is laid out.
     void SetAnchors(std::vector<AnchorRule> rules);
     Size TemplateSize() const { return m_template_size; }
+    // That of a dialog of that template, created or not; nothing if there is none, or no renderer.
+    static std::optional<Size> SizeOf(const ModuleHandle& module, uint32_t template_id);
     // A length in dialog units, by the dialog's font.
     Rectangle FromDialogUnits(const DialogRectangle& units) const;
 

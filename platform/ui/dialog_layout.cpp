@@ -25,6 +25,16 @@ Rectangle Dialog::FromDialogUnits(const DialogRectangle& units) const {
     return PixelsOf(units, m_base_units);
 }
 
+std::optional<Size> Dialog::SizeOf(const ModuleHandle& module, uint32_t template_id) {
+    const IRenderer* const renderer = CurrentRenderer();
+    if (!module || !renderer) return {};
+    const auto found = module->GetResources().dialogs.find(template_id);
+    if (found == module->GetResources().dialogs.end()) return {};
+    const DialogTemplate& dialog = found->second;
+    const FontUnits letter = renderer->DialogFont(dialog.font_face, dialog.font_points);
+    return PixelsOf(dialog.rectangle, {letter.average_width, letter.height}).Size();
+}
+
 void Dialog::SetAnchors(std::vector<AnchorRule> rules) {
     m_anchors = std::move(rules);
     LayOut();

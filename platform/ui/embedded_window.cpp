@@ -109,15 +109,25 @@ Window* EmbeddedWindow::Active() const {
 }
 
 std::optional<std::string> EmbeddedWindow::ContainerLanguage() const {
-    if (!m_place) return std::nullopt;
+    const Variant value = Ambient(DISPID_AMBIENT_LOCALEID);
+    if (value.type() != VT_I4) return std::nullopt;
+    return LocaleOfLcid(static_cast<uint32_t>(value->lVal));
+}
+
+bool EmbeddedWindow::IsInUserMode() const {
+    const Variant value = Ambient(DISPID_AMBIENT_USERMODE);
+    return value.type() != VT_BOOL || value->boolVal != VARIANT_FALSE;
+}
+
+Variant EmbeddedWindow::Ambient(DISPID property) const {
+    if (!m_place) return {};
     const ComPtr<IDispatch> ambient = ComPtr<IOleClientSite>(m_place->Site()).as<IDispatch>();
-    if (!ambient) return std::nullopt;
+    if (!ambient) return {};
     DISPPARAMS none{};
     Variant value;
-    const HRESULT result = ambient->Invoke(DISPID_AMBIENT_LOCALEID, IID_NULL, 0, DISPATCH_PROPERTYGET, &none,
-                                           value.put(), nullptr, nullptr);
-    if (FAILED(result) || value.type() != VT_I4) return std::nullopt;
-    return LocaleOfLcid(static_cast<uint32_t>(value->lVal));
+    const HRESULT result =
+        ambient->Invoke(property, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, value.put(), nullptr, nullptr);
+    return SUCCEEDED(result) ? std::move(value) : Variant();
 }
 
 }  // namespace hx::ui

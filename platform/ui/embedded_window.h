@@ -50,9 +50,14 @@ public:
     Window* Active() const;
     // That of the container's texts ("de-DE"); nothing if it does not say.
     std::optional<std::string> ContainerLanguage() const;
+    // False while somebody designs the container's dialog; true if it does not say.
+    bool IsInUserMode() const;
 
 private:
     class Place;
+
+    // A property of the container; empty if it does not say.
+    Variant Ambient(DISPID property) const;
 
     SIZEL m_extent;
     const std::shared_ptr<const void> m_keeps_loaded;

@@ -55,6 +55,8 @@ public:
     virtual void FillRectangle(const Rectangle& rectangle, Colour colour) = 0;
     // Just inside the rectangle, of single dots.
     virtual void DrawDottedFrame(const Rectangle& rectangle, Colour colour) = 0;
+    // Just inside the rectangle; the line is one pixel wide.
+    virtual void DrawEllipse(const Rectangle& rectangle, Colour colour) = 0;
     virtual void DrawLine(FinePoint from, FinePoint to, Colour colour, double width) = 0;
     virtual void FillPolygon(std::span<const FinePoint> corners, Colour colour) = 0;
     // Clipped by the rectangle.

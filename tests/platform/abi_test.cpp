@@ -9,6 +9,9 @@
 #include "platform/com/dispatch.h"
 #include "platform/com/errorinfo.h"
 #include "platform/com/ole_control.h"
+#include "platform/com/ole_verbs.h"
+#include "platform/com/persist.h"
+#include "platform/com/property_page.h"
 #include "platform/com/safearray.h"
 #include "platform/com/typeinfo.h"
 #include "tests/vtable_slot.h"
@@ -45,6 +48,13 @@ static_assert(sizeof(HWND) == 8 && sizeof(RECT) == 16 && sizeof(POINT) == 8 && s
 static_assert(sizeof(MSG) == 48 && offsetof(MSG, wParam) == 16 && offsetof(MSG, pt) == 36);
 static_assert(sizeof(OLEINPLACEFRAMEINFO) == 32 && offsetof(OLEINPLACEFRAMEINFO, hwndFrame) == 8);
 
+static_assert(sizeof(CONTROLINFO) == 24 && offsetof(CONTROLINFO, cAccel) == 16);
+static_assert(sizeof(OLEVERB) == 24 && offsetof(OLEVERB, fuFlags) == 16 && sizeof(POINTF) == 8);
+static_assert(sizeof(CAUUID) == 16 && offsetof(CAUUID, pElems) == 8);
+static_assert(sizeof(PROPPAGEINFO) == 48 && offsetof(PROPPAGEINFO, size) == 16);
+static_assert(offsetof(PROPPAGEINFO, pszDocString) == 24 && offsetof(PROPPAGEINFO, dwHelpContext) == 40);
+static_assert(sizeof(ULARGE_INTEGER) == 8 && sizeof(STATSTG) == 80 && offsetof(STATSTG, clsid) == 56);
+
 static_assert(sizeof(CONNECTDATA) == 16 && offsetof(CONNECTDATA, dwCookie) == 8);
 
 // An interface is a vtable pointer and nothing else.
@@ -75,6 +85,17 @@ TEST(Abi, InterfacesHaveTheirPublishedIds) {
         {IID_IOleInPlaceFrame, "\x16\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
         {IID_IOleClientSite, "\x18\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
         {IID_IOleInPlaceSite, "\x19\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IOleInPlaceActiveObject, "\x17\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IEnumOLEVERB, "\4\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IPersist, "\x0C\1\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IPersistStreamInit, "\x80\x23\xD5\x7F\7\x4E\x1B\x10\xAE\x2D\x08\0\x2B\x2E\xC7\x13"},
+        {IID_ISequentialStream, "\x30\x3A\x73\x0C\x1C\x2A\xCE\x11\xAD\xE5\0\xAA\0\x44\x77\x3D"},
+        {IID_IStream, "\x0C\0\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_IOleControl, "\x88\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
+        {IID_IOleControlSite, "\x89\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
+        {IID_ISpecifyPropertyPages, "\x8B\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
+        {IID_IPropertyPageSite, "\x8C\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
+        {IID_IPropertyPage, "\x8D\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
     };
     for (const Row& row : rows) EXPECT_EQ(std::memcmp(&row.iid, row.bytes, 16), 0) << &row - rows;
     EXPECT_EQ(hx::uuid_of<IErrorInfo>(), IID_IErrorInfo);
@@ -136,6 +157,34 @@ TEST(Abi, InterfacesOfEmbeddingHaveTheirPublishedSlots) {
                 &IOleInPlaceSite::OnUIDeactivate, &IOleInPlaceSite::OnInPlaceDeactivate,
                 &IOleInPlaceSite::DiscardUndoState, &IOleInPlaceSite::DeactivateAndUndo,
                 &IOleInPlaceSite::OnPosRectChange);
+}
+
+TEST(Abi, InterfacesOfControlsHaveTheirPublishedSlots) {
+    ExpectSlots("IOleInPlaceActiveObject", 5, &IOleInPlaceActiveObject::TranslateAccelerator,
+                &IOleInPlaceActiveObject::OnFrameWindowActivate,
+                &IOleInPlaceActiveObject::OnDocWindowActivate, &IOleInPlaceActiveObject::ResizeBorder,
+                &IOleInPlaceActiveObject::EnableModeless);
+    ExpectSlots("IEnumOLEVERB", 3, &IEnumOLEVERB::Next, &IEnumOLEVERB::Skip, &IEnumOLEVERB::Reset,
+                &IEnumOLEVERB::Clone);
+    ExpectSlots("IOleControl", 3, &IOleControl::GetControlInfo, &IOleControl::OnMnemonic,
+                &IOleControl::OnAmbientPropertyChange, &IOleControl::FreezeEvents);
+    ExpectSlots("IOleControlSite", 3, &IOleControlSite::OnControlInfoChanged,
+                &IOleControlSite::LockInPlaceActive, &IOleControlSite::GetExtendedControl,
+                &IOleControlSite::TransformCoords, &IOleControlSite::TranslateAccelerator,
+                &IOleControlSite::OnFocus, &IOleControlSite::ShowPropertyFrame);
+    ExpectSlots("IPersistStreamInit", 3, &IPersist::GetClassID, &IPersistStreamInit::IsDirty,
+                &IPersistStreamInit::Load, &IPersistStreamInit::Save, &IPersistStreamInit::GetSizeMax,
+                &IPersistStreamInit::InitNew);
+    ExpectSlots("IStream", 3, &ISequentialStream::Read, &ISequentialStream::Write, &IStream::Seek,
+                &IStream::SetSize, &IStream::CopyTo, &IStream::Commit, &IStream::Revert, &IStream::LockRegion,
+                &IStream::UnlockRegion, &IStream::Stat, &IStream::Clone);
+    ExpectSlots("ISpecifyPropertyPages", 3, &ISpecifyPropertyPages::GetPages);
+    ExpectSlots("IPropertyPageSite", 3, &IPropertyPageSite::OnStatusChange, &IPropertyPageSite::GetLocaleID,
+                &IPropertyPageSite::GetPageContainer, &IPropertyPageSite::TranslateAccelerator);
+    ExpectSlots("IPropertyPage", 3, &IPropertyPage::SetPageSite, &IPropertyPage::Activate,
+                &IPropertyPage::Deactivate, &IPropertyPage::GetPageInfo, &IPropertyPage::SetObjects,
+                &IPropertyPage::Show, &IPropertyPage::Move, &IPropertyPage::IsPageDirty,
+                &IPropertyPage::Apply, &IPropertyPage::Help, &IPropertyPage::TranslateAccelerator);
 }
 
 TEST(Abi, AStringHasItsLengthInFrontAndANulBehind) {

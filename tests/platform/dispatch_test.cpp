@@ -1,11 +1,15 @@
 // Calls by name and by number through a table of members, and what the table tells of itself.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "platform/com/class_table.h"
 #include "platform/com/errorinfo.h"
 #include "platform/com/implements_dispatch.h"
+#include "platform/com/ole_control.h"
+#include "platform/com/safearray.h"
 #include "tests/platform/counted.h"
 
 HX_IID(IPlotter, "A0000000-0000-0000-0000-000000000011")
@@ -13,6 +17,9 @@ struct IPlotter : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE Draw(double length, int32_t pen, BSTR label, VARIANT_BOOL* more) = 0;
     virtual HRESULT STDMETHODCALLTYPE Attach(IUnknown* paper) = 0;
     virtual HRESULT STDMETHODCALLTYPE Fail() = 0;
+    virtual HRESULT STDMETHODCALLTYPE Load(SAFEARRAY** pens) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_Title(BSTR* title) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_Title(BSTR title) = 0;
 };
 
 namespace {
@@ -43,6 +50,18 @@ public:
         return E_ACCESSDENIED;
     }
 
+    HRESULT STDMETHODCALLTYPE Load(SAFEARRAY** pens) override {
+        if (!*pens) throw std::runtime_error("no pens");
+        return SafeArrayDestroy(std::exchange(*pens, nullptr));
+    }
+    HRESULT STDMETHODCALLTYPE get_Title(BSTR* text) override { return title.copy_to(text); }
+    HRESULT STDMETHODCALLTYPE put_Title(BSTR text) override {
+        if (SysStringLen(text) > 9) return E_INVALIDARG;
+        title = hx::Bstr(std::wstring_view(text, SysStringLen(text)));
+        return S_OK;
+    }
+
+    hx::Bstr title;
     std::wstring drawn;
     IUnknown* attached = nullptr;
     bool tell = false;
@@ -53,6 +72,9 @@ constexpr hx::DispatchMember kMembers[] = {
                                                              L"more"),
     hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Attach>(8, L"Attach", L"paper"),
     hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Fail>(-5, L"Fail"),
+    hx::DispatchMembersOf<IPlotter>::Method<&IPlotter::Load>(9, L"Load", L"pens"),
+    hx::DispatchMembersOf<IPlotter>::PropertyGet<&IPlotter::get_Title>(DISPID_CAPTION, L"Title"),
+    hx::DispatchMembersOf<IPlotter>::PropertyPut<&IPlotter::put_Title>(DISPID_CAPTION, L"Title"),
 };
 const hx::DispatchType Plotter::kDispatchType{L"IPlotter", IID_IPlotter, kMembers};
 
@@ -82,12 +104,14 @@ protected:
                              static_cast<UINT>(named.size())};
         m_bad = kNone;
         m_plotter->drawn.clear();
-        return m_plotter->Invoke(member, IID_NULL, 0, flags, &arguments, nullptr, &m_exception, &m_bad);
+        return m_plotter->Invoke(member, IID_NULL, 0, flags, &arguments, m_result.put(), &m_exception,
+                                 &m_bad);
     }
 
     static constexpr UINT kNone = 99;
     const ComPtr<Plotter> m_plotter = hx::Make<Plotter>();
     EXCEPINFO m_exception{};
+    Variant m_result;
     UINT m_bad = kNone;
 };
 
@@ -104,6 +128,8 @@ TEST_F(Dispatch, GivesNumbersForNames) {
         {{L"Draw", L"paper", L"pen"}, DISP_E_UNKNOWNNAME, {7, -1, 1}},
         {{L"Draw", nullptr}, DISP_E_UNKNOWNNAME, {7, -1}},
         {{L"length", L"pen"}, DISP_E_UNKNOWNNAME, {-1, -1}},
+        {{L"title"}, S_OK, {DISPID_CAPTION}},
+        {{L"Title", L""}, DISP_E_UNKNOWNNAME, {DISPID_CAPTION, -1}},
         {{L"Dra"}, DISP_E_UNKNOWNNAME, {-1}},
         {{L"Draw "}, DISP_E_UNKNOWNNAME, {-1}},
         {{}, E_INVALIDARG, {}},
@@ -194,7 +220,7 @@ TEST_F(Dispatch, ObjectsPassThrough) {
 }
 
 TEST_F(Dispatch, OnlyMethodsThatThereAreAreCalled) {
-    EXPECT_EQ(Invoke(9, {}), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(Invoke(99, {}), DISP_E_MEMBERNOTFOUND);
     EXPECT_EQ(Invoke(DISPID_UNKNOWN, {}), DISP_E_MEMBERNOTFOUND);
     EXPECT_EQ(Invoke(-5, {}, {}, DISPATCH_PROPERTYGET), DISP_E_MEMBERNOTFOUND);
     EXPECT_EQ(Invoke(-5, {}, {}, DISPATCH_PROPERTYPUT), DISP_E_MEMBERNOTFOUND);
@@ -208,6 +234,33 @@ TEST_F(Dispatch, OnlyMethodsThatThereAreAreCalled) {
         EXPECT_EQ(m_plotter->Invoke(8, IID_NULL, 0, DISPATCH_METHOD, &bad, nullptr, nullptr, nullptr),
                   E_INVALIDARG);
     }
+}
+
+TEST_F(Dispatch, PropertiesAreReadAndWritten) {
+    const Variant two(int32_t{2}), longer(std::wstring_view(L"ten letters"));
+    constexpr DISPID kTitle = DISPID_CAPTION, kValue = DISPID_PROPERTYPUT;
+    constexpr WORD kGet = DISPATCH_PROPERTYGET, kPut = DISPATCH_PROPERTYPUT;
+    EXPECT_EQ(Invoke(kTitle, {&two}, {kValue}, kPut | DISPATCH_PROPERTYPUTREF), S_OK);
+    EXPECT_EQ(m_result.type(), VT_EMPTY);
+    EXPECT_EQ(Invoke(kTitle, {&longer}, {kValue}, kPut), DISP_E_EXCEPTION);
+    EXPECT_EQ(Invoke(kTitle, {&longer}, {}, kPut), DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(Invoke(kTitle, {&two, &two}, {kValue}, kPut), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(Invoke(kTitle, {&two}, {}, kGet), DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(Invoke(kTitle, {}, {}, DISPATCH_METHOD), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(Invoke(kTitle, {}, {}, kGet | DISPATCH_METHOD), S_OK);
+    ASSERT_EQ(m_result.type(), VT_BSTR);
+    EXPECT_EQ(m_result->bstrVal, std::wstring_view(L"2"));
+}
+
+TEST_F(Dispatch, AnArrayOfTheCallersIsPassedAndAThrownExceptionEndsHere) {
+    SAFEARRAY* pens = SafeArrayCreateVector(VT_VARIANT, 0, 2);
+    const Variant array = Reference(VT_ARRAY | VT_VARIANT, &pens);
+    const Variant texts = Reference(VT_ARRAY | VT_BSTR, &pens);
+    EXPECT_EQ(Invoke(9, {&texts}), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(Invoke(9, {&array}), S_OK);
+    EXPECT_EQ(pens, nullptr);
+    EXPECT_EQ(Invoke(9, {&array}), DISP_E_EXCEPTION);
+    EXPECT_EQ(m_exception.scode, E_FAIL);
 }
 
 TEST_F(Dispatch, AFailureIsToldAsAnException) {
@@ -261,6 +314,18 @@ TEST_F(Dispatch, TheInterfaceDescribesItself) {
     EXPECT_EQ(function->lprgelemdescParam[3].tdesc.lptdesc->vt, VT_BOOL);
     info->ReleaseFuncDesc(function);
 
+    ASSERT_EQ(info->GetFuncDesc(3, &function), S_OK);
+    const TYPEDESC& pens = function->lprgelemdescParam[0].tdesc;
+    ASSERT_TRUE(pens.vt == VT_PTR && pens.lptdesc->vt == VT_SAFEARRAY);
+    EXPECT_EQ(pens.lptdesc->lptdesc->vt, VT_VARIANT);
+    info->ReleaseFuncDesc(function);
+    ASSERT_EQ(info->GetFuncDesc(4, &function), S_OK);
+    EXPECT_TRUE(function->invkind == INVOKE_PROPERTYGET && function->elemdescFunc.tdesc.vt == VT_BSTR);
+    info->ReleaseFuncDesc(function);
+    ASSERT_EQ(info->GetFuncDesc(5, &function), S_OK);
+    EXPECT_TRUE(function->invkind == INVOKE_PROPERTYPUT && function->cParams == 1);
+    info->ReleaseFuncDesc(function);
+
     hx::Bstr names[2];
     BSTR raw[3] = {};
     EXPECT_EQ(info->GetNames(7, raw, 2, &count), S_OK);
@@ -294,7 +359,7 @@ TEST_F(Dispatch, WhatIsNotDescribedIsNull) {
         HRESULT result;
         HRESULT expected;
     } rows[] = {
-        {info->GetFuncDesc(3, o[0]), kAbsent},
+        {info->GetFuncDesc(std::size(kMembers), o[0]), kAbsent},
         {info->GetVarDesc(0, o[1]), kAbsent},
         {info->GetRefTypeInfo(0, o[2]), kAbsent},
         {info->GetNames(1, o[3], 1, &count), kAbsent},

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/widgets/ControlHelp.h"
 #include "platform/system/utf8.h"
 #include "tests/resources/scripts.h"
 
@@ -64,6 +65,26 @@ std::vector<std::wstring> Placeholders(const std::wstring& text) {
     std::ranges::sort(names);
     directives.insert(directives.end(), names.begin(), names.end());
     return directives;
+}
+
+// Sorted: a sentence may be built in another way.
+std::vector<int> NumbersOf(const std::wstring& text) {
+    std::vector<int> numbers;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (!std::iswdigit(static_cast<wint_t>(text[i]))) continue;
+        size_t length = 0;
+        numbers.push_back(std::stoi(text.substr(i), &length));
+        i += length;
+    }
+    std::ranges::sort(numbers);
+    return numbers;
+}
+
+// In letters; East Asian characters are as wide as two.
+size_t ColumnsOf(const std::wstring& text) {
+    constexpr wchar_t kFirstOfTheEast = 0x2E80;
+    return text.size() +
+           static_cast<size_t>(std::ranges::count_if(text, [](wchar_t c) { return c >= kFirstOfTheEast; }));
 }
 
 bool HasWords(std::wstring text) {
@@ -127,6 +148,17 @@ bool NamesAnInput(const std::vector<hx::DialogControl>& controls, size_t index) 
     const bool is_field =
         next_kind != Kind::check_box && next_kind != Kind::push_button && (next.style & kTabStop) != 0;
     return is_field && (kind == Kind::label || next_kind == Kind::list_box);
+}
+
+// What an operator uses or reads on a page of settings, beside the labels that name it.
+bool NeedsHelp(const hx::DialogControl& control) {
+    constexpr uint32_t kFrameRate = 228;
+    constexpr uint32_t kExposureRows = 285;
+    constexpr uint32_t kFirstSpeed = 290;
+    constexpr uint32_t kLastSpeed = 293;
+    const uint32_t id = control.id;
+    return (control.style & kTabStop) != 0 || KindOf(control) == Kind::component || id == kFrameRate ||
+           id == kExposureRows || (id >= kFirstSpeed && id <= kLastSpeed);
 }
 
 TEST(Texts, EveryPromisedLanguageIsThere) {
@@ -230,6 +262,47 @@ TEST(Texts, MnemonicsAreUniqueAndReachEveryInput) {
         for (const auto& [id, menu] : script.resources.menus) {
             SCOPED_TRACE(script.tag + ", menu " + std::to_string(id));
             ExpectOwnMnemonics(menu.items);
+        }
+    }
+}
+
+TEST(Texts, EveryControlOfTheSettingsPagesHasHelpAndEveryReasonItsWords) {
+    constexpr uint32_t kFirstHelp = 3000;
+    constexpr uint32_t kEndOfHelp = 10000;
+    for (const Script& script : Scripts()) {
+        SCOPED_TRACE(script.tag);
+        std::set<uint32_t> expected;
+        for (const uint32_t page : {203u, 280u}) {
+            for (const hx::DialogControl& control : script.resources.dialogs.at(page).controls) {
+                if (NeedsHelp(control)) expected.insert(kFirstHelp + control.id);
+            }
+        }
+        for (auto reason = static_cast<uint32_t>(hx::Disabled::kNotSetUp);
+             reason <= static_cast<uint32_t>(hx::Disabled::kNotReadable); ++reason) {
+            expected.insert(reason);
+        }
+        std::set<uint32_t> found;
+        const std::map<uint32_t, std::wstring>& strings = script.resources.strings;
+        for (auto i = strings.lower_bound(*expected.begin()); i != strings.lower_bound(kEndOfHelp); ++i) {
+            found.insert(i->first);
+        }
+        EXPECT_EQ(expected, found);
+    }
+}
+
+TEST(Texts, HelpIsShortSentencesWithTheSameNumbersInEveryLanguage) {
+    constexpr uint32_t kFirst = static_cast<uint32_t>(hx::Disabled::kNotSetUp);
+    constexpr uint32_t kEnd = 10000;
+    constexpr size_t kMostColumns = 200;  // four lines or so
+    for (const Script& script : Scripts()) {
+        const std::map<uint32_t, std::wstring>& strings = script.resources.strings;
+        for (auto i = strings.lower_bound(kFirst); i != strings.lower_bound(kEnd); ++i) {
+            const auto& [id, text] = *i;
+            SCOPED_TRACE(script.tag + ", string " + std::to_string(id));
+            EXPECT_EQ(text.find_first_of(L"&\n\t"), std::wstring::npos);
+            EXPECT_TRUE(text.ends_with(L'.') || text.ends_with(L'。')) << hx::ToUtf8(text);
+            EXPECT_LE(ColumnsOf(text), kMostColumns);
+            EXPECT_EQ(NumbersOf(Base().resources.strings.at(id)), NumbersOf(text)) << hx::ToUtf8(text);
         }
     }
 }

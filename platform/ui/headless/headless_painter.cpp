@@ -58,6 +58,10 @@ void HeadlessPainter::DrawDottedFrame(const Rectangle& rectangle, Colour colour)
     Add(PaintStep::Kind::dotted_frame, rectangle, colour);
 }
 
+void HeadlessPainter::DrawEllipse(const Rectangle& rectangle, Colour colour) {
+    Add(PaintStep::Kind::ellipse, rectangle, colour);
+}
+
 void HeadlessPainter::DrawLine(FinePoint from, FinePoint to, Colour colour, double /*width*/) {
     Add(PaintStep::Kind::line, {}, colour).points = {from, to};
 }

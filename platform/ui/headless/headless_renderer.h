@@ -12,7 +12,7 @@ namespace hx::ui {
 
 // One thing that a painter was asked for.
 struct PaintStep {
-    enum class Kind { fill, dotted_frame, line, polygon, text, pixels };
+    enum class Kind { fill, dotted_frame, ellipse, line, polygon, text, pixels };
     Kind kind = Kind::fill;
     Rectangle rectangle;
     Colour colour;

@@ -1,12 +1,12 @@
 #include "platform/ui/qt/control_view.h"
 
 #include <QScopedValueRollback>
-#include <QTextDocument>
 
 #include "platform/ui/codes.h"
 #include "platform/ui/qt/control_input.h"
 #include "platform/ui/qt/conversions.h"
 #include "platform/ui/qt/released.h"
+#include "platform/ui/qt/tool_tip.h"
 
 namespace hx::ui {
 
@@ -17,12 +17,6 @@ constexpr ControlView* (*kMakers[])(Control&, QWidget&) = {
     MakeStaticView,   MakeButtonView,  MakeCheckBoxView, MakeEditView,
     MakeComboBoxView, MakeListBoxView, MakeTrackBarView, MakeComponentView,
 };
-
-// A tool tip that looks like markup would be taken for it.
-QString AsPlainText(const QString& text) {
-    return Qt::mightBeRichText(text) ? QStringLiteral("<qt>") + text.toHtmlEscaped() + QStringLiteral("</qt>")
-                                     : text;
-}
 
 }  // namespace
 
@@ -90,7 +84,7 @@ void ControlView::ShowCommon(ControlChange change) {
             m_widget->setAccessibleName(ToQt(m_control->AccessibleName()));
             break;
         case ControlChange::tool_tip:
-            m_widget->setToolTip(AsPlainText(ToQt(m_control->ToolTip())));
+            m_widget->setToolTip(ToolTipText(m_control->ToolTip()));
             break;
         default:
             break;

@@ -42,6 +42,13 @@ void QtPainter::DrawDottedFrame(const Rectangle& rectangle, Colour colour) {
     m_painter.drawRect(QRectF(ToQt(rectangle)).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
+void QtPainter::DrawEllipse(const Rectangle& rectangle, Colour colour) {
+    if (rectangle.IsEmpty()) return;
+    m_painter.setPen(QPen(ToQt(colour), 1));
+    m_painter.setBrush(Qt::NoBrush);
+    m_painter.drawEllipse(QRectF(ToQt(rectangle)).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
 void QtPainter::DrawLine(FinePoint from, FinePoint to, Colour colour, double width) {
     m_painter.setPen(QPen(ToQt(colour), width));
     m_painter.drawLine(QPointF(from.x, from.y), QPointF(to.x, to.y));

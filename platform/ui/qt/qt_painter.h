@@ -16,6 +16,7 @@ public:
     double Scale() const override;
     void FillRectangle(const Rectangle& rectangle, Colour colour) override;
     void DrawDottedFrame(const Rectangle& rectangle, Colour colour) override;
+    void DrawEllipse(const Rectangle& rectangle, Colour colour) override;
     void DrawLine(FinePoint from, FinePoint to, Colour colour, double width) override;
     void FillPolygon(std::span<const FinePoint> corners, Colour colour) override;
     void DrawText(const Rectangle& rectangle, std::wstring_view text, const TextStyle& style) override;

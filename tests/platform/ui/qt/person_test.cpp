@@ -197,8 +197,17 @@ TEST_F(QtPerson, MnemonicsWorkFromWhereverTheFocusIs) {
 TEST_F(QtPerson, ToolTipsAreThereForWhatIsDisabled) {
     hx::ui::Control& button = *m_page.Find(kPush);
     button.Enable(false);
-    const std::pair<const wchar_t*, const char*> kRows[] = {{L"a < b & c", "a < b & c"},
-                                                            {L"<b>x</b>", "<qt>&lt;b&gt;x&lt;/b&gt;</qt>"}};
+    const std::pair<const wchar_t*, const char*> kRows[] = {
+        {L"a < b & c", "a < b & c"},
+        {L"<b>x</b>\ny", "<qt>&lt;b&gt;x&lt;/b&gt;<br>y</qt>"},
+        {L"Exposure: 1 to 100% of the longest time.\nConnect the scanner that these settings belong to, "
+         L"then try 100\u00A0% again.",
+         "Exposure: 1 to 100% of the longest time.\n"
+         "Connect the scanner that these settings belong to, then try\n"
+         "100\u00A0% again."},
+        {L"スキャナーの前にある表面に適した露光を検出します。次にレーザー出力も検出します。",
+         "スキャナーの前にある表面に適した露光を検出します。次にレー\nザー出力も検出します。"},
+    };
     for (const auto& [text, shown] : kRows) {
         button.SetToolTip(text);
         QHelpEvent event(QEvent::ToolTip, {2, 2}, Widget(kPush).mapToGlobal(QPoint(2, 2)));

@@ -1,0 +1,67 @@
+#include "controls/measurement/MeasurementSpeed.h"
+
+#include "controls/parts/DialogParts.h"
+#include "controls/parts/ScannerReadouts.h"
+#include "controls/parts/WholePart.h"
+#include "core/locale/CFormattedText.h"
+#include "settings/measurement/FrequencySelectionHelper.h"
+
+namespace hx {
+namespace {
+
+constexpr uint32_t kSlider = 289;
+constexpr uint32_t kCaption = 229;
+constexpr int32_t kSlowest = 3;
+
+// From full speed, at the right, to the slowest.
+struct Place {
+    uint32_t label;
+    double part_of_full_speed;
+};
+constexpr Place kPlaces[] = {{290, 1.0}, {291, 0.75}, {292, 0.5}, {293, 0.25}};
+
+// To the nearest five.
+int32_t Rounded(double rate_hz) {
+    constexpr double kStep_hz = 5;
+    return WholePart(kStep_hz * std::trunc((rate_hz + 0.5 + kStep_hz / 2) / kStep_hz));
+}
+
+}  // namespace
+
+void MeasurementSpeed::Set(bool enabled, int32_t selection) {
+    m_enabled = enabled;
+    m_selection = selection;
+}
+
+int32_t MeasurementSpeed::TakeSlider() {
+    const auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSlider);
+    return slider ? std::exchange(m_selection, kSlowest - slider->Position()) : m_selection;
+}
+
+void MeasurementSpeed::Show() {
+    if (m_enabled) {
+        if (auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSlider)) {
+            slider->SetRange(0, kSlowest);
+            slider->SetLineSize(1);
+            slider->SetPosition(kSlowest - m_selection);
+        }
+        if (!m_labels_done) MakeLabels();
+    }
+    ShowControl(m_dialog, kSlider, m_enabled);
+    ShowControl(m_dialog, kCaption, m_enabled);
+    for (const Place& place : kPlaces) ShowControl(m_dialog, place.label, m_enabled);
+}
+
+void MeasurementSpeed::MakeLabels() {
+    const double rate_hz = FrameRateOf(m_page, m_location);
+    const double percent = FrequencySelectionHelper::GetFrequencySelectionEnumValue(
+        static_cast<FrequencySelection>(m_selection));
+    const double full_rate_hz = rate_hz * 100 / percent;
+    for (const Place& place : kPlaces) {
+        const int32_t label_hz = Rounded(full_rate_hz * place.part_of_full_speed);
+        ShowText(m_dialog, place.label, FormatText(L'.', L"%d Hz", {label_hz}));
+    }
+    m_labels_done = true;
+}
+
+}  // namespace hx

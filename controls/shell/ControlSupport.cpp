@@ -1,0 +1,79 @@
+#include "controls/shell/ControlSupport.h"
+
+#include "controls/messages/MessageLog.h"
+#include "controls/shell/PropertyFrame.h"
+#include "hxapi/ICtrlsInitialiser.h"
+#include "platform/com/boundary.h"
+#include "platform/com/loader.h"
+#include "platform/com/ole_control.h"
+
+namespace hx {
+namespace {
+
+ComPtr<IUnknown> ApiOfHost() {
+    CLSID clsid = CLSID_NULL;
+    ComPtr<ICtrlsInitialiser> initialiser;
+    ComPtr<IUnknown> api;
+    if (FAILED(CLSIDFromProgID(kProgIdCtrlsInitialiser, &clsid)) ||
+        FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, uuid_of<ICtrlsInitialiser>(),
+                                initialiser.put_void())) ||
+        FAILED(initialiser->GetHXApi(api.put()))) {
+        return {};
+    }
+    return api;
+}
+
+// "Class.Method" of "Class.Method:Error".
+std::wstring PlaceOf(const MException& exception) {
+    if (exception.GetChain().empty()) return {};
+    const std::wstring& code = exception.GetChain().back()->GetCode();
+    return code.substr(0, code.rfind(L':'));
+}
+
+}  // namespace
+
+void FollowLanguageOfHost(MLocalisationHelperApi& localisation) noexcept {
+    AtBoundary([&] {
+        if (const ComPtr<IUnknown> api = ApiOfHost()) localisation.SetLocaleFromApi(api.get());
+        return S_OK;
+    });
+}
+
+HRESULT LeaveErrorInformation(const MException& exception) noexcept {
+    const HRESULT left = AtBoundary([&] {
+        std::wstring source = PlaceOf(exception);
+        std::wstring description = ErrorCodesText(exception);
+        ComPtr<ICreateErrorInfo> information;
+        HRESULT step = CreateErrorInfo(information.put());
+        if (SUCCEEDED(step)) step = information->SetSource(source.data());
+        if (SUCCEEDED(step)) step = information->SetDescription(description.data());
+        if (SUCCEEDED(step)) step = SetErrorInfo(0, information.as<IErrorInfo>().get());
+        return step;
+    });
+    // An older failure's information must not pass for this one's.
+    if (FAILED(left)) SetErrorInfo(0, nullptr);
+    return E_INVALIDARG;
+}
+
+void LogDialogError(const ui::DialogError& failure) {
+    static MErrorLocation location("ConfigCtrl", "OnWindowCreated");
+    location.Set(nullptr, 61);
+    MError error = MakeError(location, L"CreateDialog");
+    error.AddParameter(L"reason", ui::DialogError::NameOf(failure.reason));
+    error.AddParameter(L"module", failure.module_file_name);
+    error.AddParameter(L"dialog", failure.dialog_id);
+    error.AddParameter(L"control", failure.control_id);
+    error.AddParameter(L"hresult", static_cast<uint32_t>(failure.result), true);
+    LogDismissed(location, error);
+}
+
+HRESULT ShowProperties(IOleObject& control, ui::Window* owner) {
+    ComPtr<IOleClientSite> site;
+    if (SUCCEEDED(control.GetClientSite(site.put()))) {
+        const ComPtr<IOleControlSite> containers = site.as<IOleControlSite>();
+        if (containers && containers->ShowPropertyFrame() == S_OK) return S_OK;
+    }
+    return PropertyFrame().Run(owner) ? S_OK : E_FAIL;
+}
+
+}  // namespace hx
