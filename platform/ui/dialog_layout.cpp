@@ -2,6 +2,7 @@
 
 #include "platform/ui/dialog.h"
 #include "platform/ui/dialog_units.h"
+#include "platform/ui/renderer.h"
 
 namespace hx::ui {
 

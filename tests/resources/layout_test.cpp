@@ -94,8 +94,12 @@ const hx::DialogControl& ControlOf(const hx::DialogTemplate& dialog, uint32_t id
     throw std::out_of_range("no control " + std::to_string(id));
 }
 
-TEST(Layout, ControlsLieInTheirDialogAndApart) {
-    for (const Script& script : Scripts()) {
+class Layout : public testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Modules, Layout, testing::Values(hx_test::kPages, hx_test::kHost));
+
+TEST_P(Layout, ControlsLieInTheirDialogAndApart) {
+    for (const Script& script : Scripts(GetParam())) {
         for (const auto& [id, dialog] : script.resources.dialogs) {
             SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
             const hx::DialogRectangle client = {0, 0, dialog.rectangle.width, dialog.rectangle.height};
@@ -112,9 +116,9 @@ TEST(Layout, ControlsLieInTheirDialogAndApart) {
     }
 }
 
-TEST(Layout, TextsFitTheirControls) {
+TEST_P(Layout, TextsFitTheirControls) {
     constexpr int32_t kTitleButtons = 40;
-    for (const Script& script : Scripts()) {
+    for (const Script& script : Scripts(GetParam())) {
         for (const auto& [id, dialog] : script.resources.dialogs) {
             SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
             EXPECT_LE(TextWidth(dialog.caption), dialog.rectangle.width - kTitleButtons);
@@ -125,7 +129,7 @@ TEST(Layout, TextsFitTheirControls) {
     }
 }
 
-TEST(Layout, TextsThatAreSetLaterFitTheirControls) {
+TEST(LayoutOfPages, TextsThatAreSetLaterFitTheirControls) {
     struct LaterText {
         uint32_t dialog;
         uint32_t control;
