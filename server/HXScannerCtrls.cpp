@@ -1,5 +1,7 @@
 // The library's entry points and its class table: one row per component class, from which the class objects,
 // the listing and the tests of all classes follow. Its log and event store live as long as it is loaded.
+#include "controls/shell/CAXHXScannerMeasSettingsCtrl.h"
+#include "controls/shell/CAXHXScannerMeasSettingsPropPage.h"
 #include "core/log/LoggingValues.h"
 #include "core/log/MModuleDiagnostics.h"
 #include "hxapi/HXScannerCtrlsClasses.h"
@@ -21,6 +23,11 @@ constexpr hx::ClassRow kClasses[] = {
      &hx::CreateObject<hx::CCoMHXSettingsFactory>},
     {CLSID_CoMHXConnSettings, kProgIdHXConnSettings, L"Orvel.HXScannerCtrls.HXConnSettings",
      L"CoMHXConnSettings", L"CoMHXConnSettings Class", L"", &hx::CreateObject<hx::CCoMHXConnSettings>},
+    {CLSID_HXScannerMeasSettingsCtrl, kProgIdHXMeasSettingsCtrl, L"", L"HXScannerMeasSettingsCtrl",
+     L"HXScannerMeasSettingsCtrls Control", L"Apartment",
+     &hx::CreateObject<hx::CAXHXScannerMeasSettingsCtrl>},
+    {CLSID_HXScannerMeasSettingsPropPage, kProgIdHXMeasSettingsPropPage, L"", L"",
+     L"HXScannerMeasSettings Property Page", L"", &hx::CreateObject<hx::CAXHXScannerMeasSettingsPropPage>},
 };
 
 hx::ModuleClasses& Classes() {

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "controls/profiles/ProfileResources.h"
+#include "controls/shell/ControlSupport.h"
 #include "controls/shell/PropertyFrame.h"
 #include "core/locale/MResourceLocale.h"
 #include "platform/com/loader.h"

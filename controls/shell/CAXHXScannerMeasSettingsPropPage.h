@@ -1,6 +1,6 @@
 // The property page of the measurement settings' control: a text, since everything is edited on the control
-// itself. Made by frames for property pages, by its class; on the thread of the user interface. As of any page,
-// calls may come in any order; one that needs what is not there fails.
+// itself. Made by frames for property pages, by its class; on the thread of the user interface. As of any
+// page, calls may come in any order; one that needs what is not there fails.
 #pragma once
 
 #include <memory>

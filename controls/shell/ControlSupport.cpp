@@ -1,9 +1,15 @@
 #include "controls/shell/ControlSupport.h"
 
+#include <bit>
+#include <cstring>
+
 #include "controls/messages/MessageLog.h"
 #include "controls/shell/PropertyFrame.h"
+#include "core/locale/MResourceLocale.h"
 #include "hxapi/ICtrlsInitialiser.h"
 #include "platform/com/boundary.h"
+#include "platform/com/comptr.h"
+#include "platform/com/errorinfo.h"
 #include "platform/com/loader.h"
 #include "platform/com/ole_control.h"
 
@@ -74,6 +80,22 @@ HRESULT ShowProperties(IOleObject& control, ui::Window* owner) {
         if (containers && containers->ShowPropertyFrame() == S_OK) return S_OK;
     }
     return PropertyFrame().Run(owner) ? S_OK : E_FAIL;
+}
+
+void WriteAnswer(bool may_close, BOOL* answer) noexcept {
+    static_assert(std::endian::native == std::endian::little, "the lower half comes first");
+    const VARIANT_BOOL half = may_close ? VARIANT_TRUE : VARIANT_FALSE;
+    std::memcpy(answer, &half, sizeof half);
+}
+
+std::wstring TextOf(BSTR text) {
+    return text ? std::wstring(text, SysStringLen(text)) : std::wstring();
+}
+
+std::wstring TextOrNothing(uint32_t string_id) {
+    const ModuleHandle module = MResourceLocale::ResourceModule();
+    const std::wstring* const text = module ? module->String(string_id) : nullptr;
+    return text != nullptr ? *text : std::wstring();
 }
 
 }  // namespace hx

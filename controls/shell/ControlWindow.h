@@ -1,6 +1,6 @@
 // The window of a page's control: its page's dialog is its only child and as large as it. While a dialog that
-// the control stands in is being designed there is no page, and a picture takes its place. Made by ConfigCtrl,
-// which it may survive for a moment; on the thread of the user interface.
+// the control stands in is being designed there is no page, and a picture takes its place. Made by
+// ConfigCtrl, which it may survive for a moment; on the thread of the user interface.
 #pragma once
 
 #include "platform/ui/window.h"

@@ -1,6 +1,6 @@
 #include "controls/shell/PropertyFrame.h"
 
-#include "controls/profiles/ProfileResources.h"
+#include "controls/shell/ControlSupport.h"
 #include "core/locale/MResourceLocale.h"
 
 namespace hx {

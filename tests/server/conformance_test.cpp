@@ -3,14 +3,18 @@
 #include <set>
 #include <vector>
 
+#include "hxapi/DHXConfigCtrl.h"
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "hxapi/ICoMHXConnSettings.h"
 #include "hxapi/ICoMHXMeasSettings.h"
 #include "hxapi/IGetPointer.h"
 #include "hxapi/IProfileSettingsFactory.h"
-#include "platform/com/dispatch.h"
+#include "platform/com/connection_point.h"
 #include "platform/com/errorinfo.h"
 #include "platform/com/implements.h"
+#include "platform/com/ole_control.h"
+#include "platform/com/persist.h"
+#include "platform/com/property_page.h"
 #include "tests/server/component_library.h"
 
 namespace {
@@ -30,6 +34,19 @@ const IID kInterfaces[] = {
     IID_IGetPointer,
     IID_IProfileSettingsFactory,
     IID_IXmlBstrSerializable,
+    IID_DHXConfigCtrl,
+    IID_DHXConfigCtrlEvents,
+    IID_IOleObject,
+    IID_IOleWindow,
+    IID_IOleInPlaceObject,
+    IID_IOleClientSite,
+    IID_IOleControl,
+    IID_IPersist,
+    IID_IPersistStreamInit,
+    IID_ISpecifyPropertyPages,
+    IID_IConnectionPointContainer,
+    IID_IConnectionPoint,
+    IID_IPropertyPage,
 };
 
 std::set<size_t> InterfacesOf(IUnknown& object) {
@@ -77,6 +94,18 @@ TEST_F(Conformance, TheClassesAreListedAndAvailable) {
          L"Orvel.HXScannerCtrls.HXConnSettings",
          L"",
          {&IID_IUnknown, &IID_ICoMHXConnSettings, &IID_IXmlBstrSerializable}},
+        {CLSID_HXScannerMeasSettingsCtrl,
+         L"Orvel.HXScannerCtrls.HXMeasSettingsCtrl.1",
+         L"",
+         L"Apartment",
+         {&IID_IUnknown, &IID_DHXConfigCtrl, &IID_IDispatch, &IID_IOleObject, &IID_IOleWindow,
+          &IID_IOleInPlaceObject, &IID_IOleControl, &IID_IPersist, &IID_IPersistStreamInit,
+          &IID_ISpecifyPropertyPages, &IID_IConnectionPointContainer}},
+        {CLSID_HXScannerMeasSettingsPropPage,
+         L"HXSCANNERCTRL.MeasSettingsPropPage.1",
+         L"",
+         L"",
+         {&IID_IUnknown, &IID_IPropertyPage}},
     };
     EXPECT_EQ(Classes().size(), std::size(rows));
     for (const Row& row : rows) {
@@ -86,6 +115,7 @@ TEST_F(Conformance, TheClassesAreListedAndAvailable) {
         EXPECT_EQ(entry->prog_id, row.prog_id);
         EXPECT_EQ(entry->threading_model, row.threading);
         for (const std::wstring& prog_id : {row.prog_id, row.version_independent}) {
+            if (prog_id.empty()) continue;
             CLSID clsid{};
             EXPECT_EQ(CLSIDFromProgID(prog_id.c_str(), &clsid), S_OK);
             EXPECT_EQ(clsid, row.clsid);

@@ -1,5 +1,4 @@
-// What a full control answers: its verbs, pages, stream and connection point, and what it knows of where it
-// is.
+// A full control's verbs, pages, stream and connection point, and what it knows of where it is.
 #include "platform/ui/full_control_object.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,99 @@
+// The members of DHXConfigCtrl, and the properties that every control has, as they are called by name and
+// number. For ConfigCtrl, which is `Control` and gives its StockTexts; on its thread.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "hxapi/DHXConfigCtrl.h"
+#include "platform/com/dispatch_type.h"
+#include "platform/com/ole_control.h"
+
+namespace hx {
+
+// Kept for the container; nothing shows them.
+struct StockTexts {
+    std::wstring caption;
+    std::wstring text;
+};
+
+HRESULT ReadStockText(const std::wstring& text, VARIANT* value);
+HRESULT WriteStockText(std::wstring& text, const VARIANT& value);
+
+// Initialise of a DHXConfigCtrl; an exception becomes error information.
+HRESULT CallInitialise(void* object, const VARIANT* arguments, VARIANT* result);
+
+// The arguments of a call as the members take them. A reference to a boolean is as good as one to a number
+// for the answer of Save, of which 16 bits are written; and whether an array is of the right kind, Initialise
+// says.
+class ConfigArguments {
+public:
+    ConfigArguments(DISPID member, DISPPARAMS* given);
+    DISPPARAMS* Get() { return m_given ? &m_arguments : nullptr; }
+
+private:
+    DISPPARAMS* const m_given;
+    DISPPARAMS m_arguments{};
+    std::array<VARIANT, kMostDispatchParameters> m_values;
+};
+
+template <class Control>
+class ConfigDispatch {
+public:
+    template <bool has_initialise>
+    static constexpr DispatchType Type() {
+        constexpr size_t kCount = kMembers.size() - (has_initialise ? 0 : 1);
+        return {L"DHXConfigCtrl", uuid_of<DHXConfigCtrl>(), std::span(kMembers).first(kCount)};
+    }
+
+private:
+    using Rows = DispatchMembersOf<DHXConfigCtrl>;
+    using StockText = std::wstring StockTexts::*;
+
+    static StockTexts& TextsOf(void* object) {
+        return static_cast<Control*>(static_cast<DHXConfigCtrl*>(object))->Texts();
+    }
+    template <StockText text>
+    static constexpr DispatchMember Get(DISPID id, const wchar_t* name) {
+        return {
+            id, name, INVOKE_PROPERTYGET, 0, {}, VT_BSTR, [](void* object, const VARIANT*, VARIANT* result) {
+                return ReadStockText(TextsOf(object).*text, result);
+            }};
+    }
+    template <StockText text>
+    static constexpr DispatchMember Put(DISPID id, const wchar_t* name) {
+        return {id,
+                name,
+                INVOKE_PROPERTYPUT,
+                1,
+                {DispatchParameter{nullptr, VT_BSTR}},
+                VT_VOID,
+                [](void* object, const VARIANT* arguments, VARIANT*) {
+                    return WriteStockText(TextsOf(object).*text, arguments[0]);
+                }};
+    }
+    static constexpr DispatchMember Initialise() {
+        DispatchMember row = Rows::Method<&DHXConfigCtrl::Initialise>(
+            DISPID_HXCONFIG_INITIALISE, L"Initialise", L"driverInternalName", L"deviceInternalName",
+            L"functionName", L"arguments");
+        row.call = &CallInitialise;
+        return row;
+    }
+
+    // Initialise is the last: not every page has it.
+    static constexpr std::array kMembers = {
+        Get<&StockTexts::caption>(DISPID_CAPTION, L"Caption"),
+        Put<&StockTexts::caption>(DISPID_CAPTION, L"Caption"),
+        Get<&StockTexts::text>(DISPID_TEXT, L"Text"),
+        Put<&StockTexts::text>(DISPID_TEXT, L"Text"),
+        Rows::Method<&DHXConfigCtrl::SetSettingsObjectMap>(DISPID_HXCONFIG_SETSETTINGSOBJECTMAP,
+                                                           L"SetSettingsObjectMap", L"pSettings"),
+        Rows::Method<&DHXConfigCtrl::OnSelected>(DISPID_HXCONFIG_ONSELECTED, L"OnSelected"),
+        Rows::Method<&DHXConfigCtrl::OnDeselected>(DISPID_HXCONFIG_ONDESELECTED, L"OnDeselected"),
+        Rows::Method<&DHXConfigCtrl::SetHXApi>(DISPID_HXCONFIG_SETHXAPI, L"SetHXApi", L"pApi"),
+        Rows::Method<&DHXConfigCtrl::Save>(DISPID_HXCONFIG_SAVE, L"Save", L"reallyCloseDlg"),
+        Initialise(),
+    };
+};
+
+}  // namespace hx
