@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "apps/hxctl/renderer_in_use.h"
 #include "platform/system/locale_data.h"
 #include "platform/system/utf8.h"
 #include "platform/ui/load_renderer.h"
@@ -32,19 +33,6 @@ std::string WrongSize(const ScreenshotRequest& request) {
     }
     return {};
 }
-
-// The renderer is the current one until the end of this.
-class RendererInUse {
-public:
-    explicit RendererInUse(std::shared_ptr<hx::ui::IRenderer> renderer)
-        : m_before(hx::ui::SetRenderer(std::move(renderer))) {}
-    ~RendererInUse() { hx::ui::SetRenderer(m_before); }
-    RendererInUse(const RendererInUse&) = delete;
-    RendererInUse& operator=(const RendererInUse&) = delete;
-
-private:
-    const std::shared_ptr<hx::ui::IRenderer> m_before;
-};
 
 }  // namespace
 
