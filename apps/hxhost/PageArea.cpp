@@ -54,7 +54,8 @@ void PageArea::ShowChosen() {
     if (!answer.IsDone()) Explain(answer);
 }
 
-// The page knows whose profiles it edits before it meets the scanner, and is selected when it knows both.
+// A page knows whose profiles it edits, and is selected, when it meets the scanner: a state of the connection
+// sets up only a selected one.
 hosting::Answer PageArea::Open() {
     hosting::HostedPage& page = Current();
     hosting::Answer answer = page.Create(m_rows[m_current].prog_id);
@@ -68,8 +69,8 @@ hosting::Answer PageArea::Open() {
         // A page without it needs no profile.
         if (answer.result == DISP_E_MEMBERNOTFOUND) answer = {};
     }
-    if (answer.IsDone()) answer = page.SetApi(m_scanner.Api());
     if (answer.IsDone()) answer = page.Select();
+    if (answer.IsDone()) answer = page.SetApi(m_scanner.Api());
     if (!answer.IsDone()) page.Close();
     return answer;
 }
