@@ -40,6 +40,8 @@ bool ProfileEditor::OnPresetSelectionChanged() {
 }
 
 bool ProfileEditor::CommitOnClose() {
+    // There is nothing left to lose.
+    if (Operations().IsClosed()) return true;
     bool may_close = false;
     Operate([&](const Scope& scope) {
         const bool had_edits = m_modified;
@@ -63,11 +65,11 @@ bool ProfileEditor::CommitOnClose() {
             const bool stored = done([&] {
                 if (m_session.Presets().Count() > 0) m_session.Presets().Save();
             });
-            // Edits must not go with the page. Without any, or when it fails again, an operator who cannot
-            // save is able to leave.
-            const bool lost = (!settled && m_modified) || (!stored && had_edits);
-            may_close = !cancelled && (!lost || m_commit_failed);
-            m_commit_failed = !cancelled && lost;
+            // Edits must not go with the page. Without any, an operator who cannot save is able to leave.
+            may_close = !cancelled && (settled || !m_modified) && (stored || !had_edits);
+            // What fails again and again must not lock the host in.
+            if (failure && m_commit_failed && !cancelled) may_close = true;
+            m_commit_failed = failure != nullptr;
             if (stored && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
         }
         if (failure) std::rethrow_exception(failure);

@@ -45,8 +45,8 @@ public:
     void OnSettingChanged(bool from_sliders);
     // The list's selection changed. False only if the operator cancelled. Shows failures.
     bool OnPresetSelectionChanged();
-    // The host wants to close. False if the operator cancelled, or if edits could not be stored, unless that
-    // is so for the second time running. Shows failures.
+    // The host wants to close. False if the operator cancelled, or edits could not be stored for the first
+    // time. Shows failures.
     bool CommitOnClose();
 
     CProfileListBox& ProfileList() { return m_list; }
@@ -108,9 +108,9 @@ private:
     ComPtr<IDynamicSettingsPreset> m_fresh_edited;
     ComPtr<IDynamicSettingsPreset> m_fresh_baseline;
     bool m_modified = false;
-    bool m_commit_failed = false;  // the last time
     std::atomic<bool> m_in_setting_changed = false;
     bool m_force_prompt = false;
+    bool m_commit_failed = false;  // the last time
     bool m_operating = false;
 };
 

@@ -23,6 +23,7 @@ ProfileEditor::PromptAnswer ProfileEditor::PromptSaveChanges(std::wstring& name)
 }
 
 ProfileEditor::Selection ProfileEditor::ChangeSelection(const Scope& scope) {
+    OnPresetSelectionChanging();
     const Edits left = m_modified ? SettleEdits(scope) : Edits::kNone;
     if (left == Edits::kCancelled) return Selection::kCancelled;
     return left == Edits::kNotLeft ? Selection::kNotChanged : ShowSelected(scope, left);

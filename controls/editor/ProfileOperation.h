@@ -16,7 +16,7 @@ void ProfileEditor::Operate(Operation operation) noexcept {
             operation(scope);
         } catch (...) {
             // Here, since it is still the same operation while that is shown.
-            ShowFailure(scope);
+            if (scope.IsSessionOpen()) ShowFailure();
         }
     });
 }

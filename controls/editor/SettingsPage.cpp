@@ -4,8 +4,7 @@
 
 namespace hx {
 
-void SettingsPage::ShowFailure(const Scope& scope) noexcept {
-    if (!scope.IsSessionOpen()) return;
+void SettingsPage::ShowFailure() noexcept {
     AtBoundary([&] {
         try {
             throw;

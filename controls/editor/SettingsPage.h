@@ -28,6 +28,8 @@ public:
     // Tells the host what is selected in the list.
     virtual void ReportSelectedPreset() = 0;
     virtual void UpdateExposureText() = 0;
+    // The selection in the list is about to be followed.
+    virtual void OnPresetSelectionChanging() {}
     // In front of which boxes and questions come up.
     virtual ui::Window& OwnWindow() = 0;
 
@@ -46,7 +48,7 @@ public:
             operation(scope);
             return true;
         } catch (...) {
-            ShowFailure(scope);
+            if (scope.IsSessionOpen()) ShowFailure();
             return false;
         }
     }
@@ -75,8 +77,8 @@ protected:
         });
     }
 
-    // The exception that is being handled.
-    void ShowFailure(const Scope& scope) noexcept;
+    // The exception that is being handled. Not once the session was ended: the page may be gone.
+    void ShowFailure() noexcept;
 
     bool m_ready = false;
     ScannerSession m_session;

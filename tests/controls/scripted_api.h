@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -83,6 +84,7 @@ struct Script {
     // Enters the call and says what becomes of it; its name is its first word.
     HRESULT Gate(const std::string& call) {
         calls.push_back(call);
+        if (during) during(call);
         return ResultOf(call.substr(0, call.find(' ')));
     }
     HRESULT ResultOf(const std::string& operation) {
@@ -109,7 +111,15 @@ struct Script {
     std::map<std::wstring, Values> values;  // of stored presets; others have those of a new one
     std::vector<std::wstring> gains = {L"1"};
     uint32_t longest_exposure_us = 10000;
-    bool enters_values = false;  // among the calls: what is asked of presets
+    double frame_rate_hz = 0;
+    MGlobalScanningSettings scanning;
+    int32_t field_of_view = 0;
+    int32_t reduces_frequency = 0;
+    int32_t exposure_rows = 0;
+    int16_t detected_exposure_us = 0;
+    double detected_power = 0;
+    std::function<void(const std::string& call)> during;  // the call: messages that it dispatches
+    bool enters_values = false;                           // among the calls: what is asked of presets
     int32_t alive = 0;
 };
 
@@ -225,19 +235,53 @@ public:
         return Gate("ActivateDynamicSettings " +
                     std::to_string(std::lround(static_cast<Preset*>(preset)->values.laser_power)));
     }
-    HRESULT ActivateGlobalScanningSettings(VARIANT) override { return E_NOTIMPL; }
-    HRESULT GetGlobalScanningSettings(BSTR, VARIANT) override { return E_NOTIMPL; }
-    HRESULT GetFovManagementConfig(FovManagementConfig*) override { return E_NOTIMPL; }
-    HRESULT GetFrequencyReductionSupport(int32_t*) override { return E_NOTIMPL; }
-    HRESULT GetSupportedAnalogImagerGains(SAFEARRAY**) override { return E_NOTIMPL; }
+    HRESULT ActivateGlobalScanningSettings(VARIANT address) override {
+        const auto& to = *reinterpret_cast<const MGlobalScanningSettings*>(address.ullVal);
+        std::string call = "ActivateGlobalScanningSettings";
+        for (const int32_t value :
+             {to.HorizontalFov, to.VerticalFov, to.FovIndicator, to.ScanningMode, to.FrequencySelection}) {
+            call += " " + std::to_string(value);
+        }
+        const HRESULT result = Gate(call);
+        if (SUCCEEDED(result)) m_script.scanning = to;
+        return result;
+    }
+    HRESULT GetGlobalScanningSettings(BSTR device, VARIANT address) override {
+        *reinterpret_cast<MGlobalScanningSettings*>(address.ullVal) = m_script.scanning;
+        return Gate("GetGlobalScanningSettings " + Text(device));
+    }
+    HRESULT GetFovManagementConfig(FovManagementConfig* config) override {
+        config->Managed = m_script.field_of_view;
+        return Gate("GetFovManagementConfig");
+    }
+    HRESULT GetFrequencyReductionSupport(int32_t* supported) override {
+        *supported = m_script.reduces_frequency;
+        return Gate("GetFrequencyReductionSupport");
+    }
+    HRESULT GetSupportedAnalogImagerGains(SAFEARRAY** gains) override {
+        const HRESULT result = Gate("GetSupportedAnalogImagerGains");
+        return FAILED(result) ? result : Give(m_script.gains, gains);
+    }
     HRESULT GetMaxExposureTime(BSTR, uint32_t* exposure_us) override {
         *exposure_us = m_script.longest_exposure_us;
         return Gate("GetMaxExposureTime");
     }
-    HRESULT GetFrameRate(double*) override { return E_NOTIMPL; }
-    HRESULT GetExposureTimeInRows(int32_t*) override { return E_NOTIMPL; }
-    HRESULT DetectExposureTime(int16_t*) override { return E_NOTIMPL; }
-    HRESULT DetectLaserPower(double*) override { return E_NOTIMPL; }
+    HRESULT GetFrameRate(double* frame_rate_hz) override {
+        *frame_rate_hz = m_script.frame_rate_hz;
+        return Gate("GetFrameRate");
+    }
+    HRESULT GetExposureTimeInRows(int32_t* rows) override {
+        *rows = m_script.exposure_rows;
+        return Gate("GetExposureTimeInRows");
+    }
+    HRESULT DetectExposureTime(int16_t* exposure_us) override {
+        *exposure_us = m_script.detected_exposure_us;
+        return Gate("DetectExposureTime");
+    }
+    HRESULT DetectLaserPower(double* percent) override {
+        *percent = m_script.detected_power;
+        return Gate("DetectLaserPower");
+    }
     HRESULT EnumerateDynamicSettingsPresets(BSTR owner, SAFEARRAY** names,
                                             SAFEARRAY** display_names) override {
         const HRESULT result = Gate("EnumerateDynamicSettingsPresets " + Text(owner));

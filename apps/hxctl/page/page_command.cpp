@@ -1,12 +1,13 @@
 #include "apps/hxctl/page/page_command.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 
-#include "apps/hxctl/page/script_command.h"
 #include "apps/hxctl/renderer_in_use.h"
 #include "apps/hxctl/scanner/desk.h"
 #include "apps/hxctl/scanner/failed_call.h"
+#include "platform/com/loader.h"
 #include "platform/system/locale_data.h"
 #include "platform/ui/headless/headless_renderer.h"
 
@@ -16,48 +17,41 @@ std::string LineOf(const Json& answer) {
     return answer.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-Outcome RunScriptFile(PageHost& host, const std::string& page, const std::string& file,
-                      const std::function<void(const Json&)>& tell) {
-    std::ifstream opened;
-    if (file != "-") {
-        opened.open(file, std::ios::binary);
-        // A folder can be opened, too.
-        if (!opened || opened.peek() == std::ifstream::traits_type::eof()) {
-            if (!opened.eof()) return Refused(file + ": cannot be read");
-            opened.clear();
-        }
+std::shared_ptr<std::istream> OpenScript(const std::string& file) {
+    if (file == "-") return {std::shared_ptr<void>(), &std::cin};
+    const auto script = std::make_shared<std::ifstream>(file, std::ios::binary);
+    std::error_code error;
+    if (!*script || std::filesystem::is_directory(file, error)) {
+        throw FailedCall(file + ": cannot be read");
     }
-    std::istream& script = file == "-" ? std::cin : opened;
-    try {
-        host.Add("main", *FindPage(page));
-    } catch (const Impossible& impossible) {
-        return Refused(impossible.what());
-    }
-    const ScriptTally tally = RunScript(host, script, tell);
-    if (tally.failed == 0) return {};
-    return Refused(std::to_string(tally.failed) + " of " + std::to_string(tally.lines) +
-                   " lines of the script failed");
+    return script;
 }
 
 Outcome RunPage(const PageRequest& request, bool json) {
-    if (!FindPage(request.page)) return {kUsage, {}, NoPageText(request.page)};
+    const PageName* const page = FindPage(request.page);
+    if (!page) return {kUsage, {}, NoPageText(request.page)};
     if (!hx::LcidOf(request.locale)) return {kUsage, {}, "no locale \"" + request.locale + "\""};
-    const RendererInUse in_use(hx::ui::HeadlessRenderer::Make());
     Json answers = Json::array();
+    const auto tell = [&](const Json& answer) {
+        if (json) {
+            answers.push_back(answer);
+        } else {
+            std::cout << LineOf(answer) << std::flush;
+        }
+    };
     Outcome outcome;
     try {
+        const auto script = OpenScript(request.script);
+        const RendererInUse in_use(hx::ui::HeadlessRenderer::Make());
         Desk desk(ScannerRequest{});
         PageHost host(hx::ComPtr<IHXSimulator>(&desk.Simulator()), request.locale, request.bare);
-        outcome = RunScriptFile(host, request.page, request.script, [&](const Json& answer) {
-            if (json) {
-                answers.push_back(answer);
-            } else {
-                std::cout << LineOf(answer) << std::flush;
-            }
-        });
+        host.Add("main", *page);
+        const ScriptTally tally = RunScript(host, *script, tell);
+        if (tally.failed != 0) outcome = Refused(tally.Text());
     } catch (const FailedCall& failure) {
         outcome = Refused(failure.what());
     }
+    CoFreeUnusedLibraries();
     if (json) outcome.output = LineOf(answers);
     return outcome;
 }

@@ -1,7 +1,8 @@
 // hxctl page: pages in a scripted host, without a screen.
 #pragma once
 
-#include <functional>
+#include <istream>
+#include <memory>
 #include <string>
 
 #include "apps/hxctl/command.h"
@@ -19,10 +20,8 @@ struct PageRequest {
 // hxctl page PAGE --script FILE; answers are written as they come, with `json` as one array in the end.
 Outcome RunPage(const PageRequest& request, bool json);
 
-// Runs the script of a file, or of standard input, with a page called "main"; refused if it cannot be read,
-// or if a line failed.
-Outcome RunScriptFile(PageHost& host, const std::string& page, const std::string& file,
-                      const std::function<void(const Json&)>& tell);
+// A script file, or with "-" standard input. Throws a FailedCall if it cannot be read.
+std::shared_ptr<std::istream> OpenScript(const std::string& file);
 
 // Of an answer, whatever is in its texts.
 std::string LineOf(const Json& answer);

@@ -5,18 +5,18 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <stdexcept>
 
 #include "apps/hxctl/page/script_line.h"
 #include "apps/hxctl/record_json.h"
+#include "apps/hxctl/scanner/failed_call.h"
 
 namespace hxctl {
 
 class PageHost;
 
 // What was refused, or could not have been done by a person.
-struct Impossible : std::runtime_error {
-    using std::runtime_error::runtime_error;
+struct Impossible : FailedCall {
+    using FailedCall::FailedCall;
 };
 
 using Words = std::vector<Word>;

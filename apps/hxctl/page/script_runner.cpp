@@ -54,6 +54,10 @@ std::optional<Json> RunLine(PageHost& host, const std::string& line, size_t numb
     return answer;
 }
 
+std::string ScriptTally::Text() const {
+    return std::to_string(failed) + " of " + std::to_string(lines) + " lines of the script failed";
+}
+
 ScriptTally RunScript(PageHost& host, std::istream& script, const std::function<void(const Json&)>& tell) {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     ScriptTally tally;

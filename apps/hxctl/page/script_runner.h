@@ -15,6 +15,9 @@ std::optional<Json> RunLine(PageHost& host, const std::string& line, size_t numb
 struct ScriptTally {
     size_t lines = 0;  // that have an answer
     size_t failed = 0;
+
+    // "2 of 14 lines of the script failed"
+    std::string Text() const;
 };
 // The whole script, told as it comes.
 ScriptTally RunScript(PageHost& host, std::istream& script, const std::function<void(const Json&)>& tell);

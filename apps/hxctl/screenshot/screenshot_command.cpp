@@ -17,6 +17,7 @@ struct PageRow {
 };
 constexpr PageRow kPages[] = {
     {"preview", &SavePreviewPicture},
+    {"measurement", &SavePagePicture},
 };
 
 // As many as an 8K screen has: more take minutes.
@@ -27,7 +28,9 @@ std::string WrongSize(const ScreenshotRequest& request) {
     if (!(request.scale >= kSmallestScale && request.scale <= kLargestScale)) {
         return "--scale: no number between 0.5 and 4";
     }
-    if (request.width * request.scale * request.height * request.scale > kMostPixels) {
+    const int width = request.width.value_or(kPreviewEdge);
+    const int height = request.height.value_or(kPreviewEdge);
+    if (width * request.scale * height * request.scale > kMostPixels) {
         return "the picture is too large: --width and --height times --scale make more than 33 million "
                "pixels";
     }

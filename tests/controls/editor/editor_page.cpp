@@ -13,12 +13,13 @@ constexpr uint32_t kPreview = 106;
 // Of the dialog that asks for names.
 constexpr uint32_t kCustom = 284;
 
-// The dialog of the measurement page without its preview, which is a component of its own.
+// The dialog of the measurement page with a frame for its preview, which is a component of its own.
 hx::ModuleHandle PageResources() {
     static const hx::ModuleHandle module = [] {
         hx::Resources resources = hx::MResourceLocale::ResourceModule()->GetResources();
-        std::erase_if(resources.dialogs[kTemplate].controls,
-                      [](const hx::DialogControl& control) { return control.id == kPreview; });
+        for (hx::DialogControl& control : resources.dialogs[kTemplate].controls) {
+            if (control.id == kPreview) control.window_class = L"Static";
+        }
         return hx::MakeResourceModule(L"", std::move(resources));
     }();
     return module;

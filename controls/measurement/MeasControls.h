@@ -1,0 +1,37 @@
+// The controls of the measurement page's dialog: their numbers, and the tables of what the page knows about
+// them. Used by the page alone.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "controls/parts/EnableRules.h"
+#include "controls/parts/PageControls.h"
+#include "controls/parts/ValueRow.h"
+
+namespace hx {
+
+enum MeasControl : uint32_t {
+    kThresholdSlider = 211,
+    kThresholdEdit = 212,
+    kEdgeFilterSlider = 214,
+    kEdgeFilterEdit = 217,
+    kInclinationSlider = 218,
+    kInclinationEdit = 219,
+    kSpeedLabel = 229,
+    kProcessingGroup = 261,
+    kHighIsoBox = 288,
+    kSpeedSlider = 289,
+    kFullSpeedLabel = 290,
+    kThreeQuartersSpeedLabel = 291,
+    kHalfSpeedLabel = 292,
+    kQuarterSpeedLabel = 293,
+};
+
+extern const std::span<const ValueRow> kMeasValues;
+extern const std::span<const EnableRule> kMeasEnableRules;
+// Of all other controls.
+extern const std::span<const Requirement> kMeasOthersNeed;
+std::vector<ui::AnchorRule> MeasAnchors();
+
+}  // namespace hx

@@ -1,0 +1,377 @@
+// The measurement page as its operator and its host have it: its dialog on no screen, with a scripted
+// scanner.
+#include "controls/measurement/CMeasSettingsDlg.h"
+
+#include <array>
+#include <set>
+
+#include "core/keys/MRegistryKeyLib.h"
+#include "core/locale/MResourceLocale.h"
+#include "platform/system/debugger_output.h"
+#include "platform/system/sleep.h"
+#include "platform/system/utf8.h"
+#include "platform/ui/codes.h"
+#include "platform/ui/headless/headless_renderer.h"
+#include "platform/ui/script.h"
+#include "platform/ui/user.h"
+#include "tests/controls/scripted_api.h"
+#include "tests/controls/scripted_device.h"
+#include "tests/memory_registry.h"
+
+namespace hx {
+namespace {
+
+// Keys of the registry
+constexpr uint32_t kDetectKey = 78;
+constexpr uint32_t kSpeedKey = 88;
+constexpr uint32_t kFieldOfViewKey = 89;
+
+constexpr uint32_t kControls[] = {204, 207, 210, 218, 219, 224, 269, 289, 6000};
+using Ids = std::set<uint32_t>;
+
+class MeasurementPage : public WithMemoryRegistry {
+protected:
+    struct Host final : ui::Window {};
+
+    void SetUp() override {
+        WithMemoryRegistry::SetUp();
+        SetSleeper([](uint32_t) {});
+        ui::SetRenderer(m_renderer);
+        m_host.Create(ui::WindowKind::frame, nullptr, {0, 0, 1200, 800});
+        m_host.Show(true);
+        script.properties = scripted::PropertiesOf(L"device");
+        script.values[L"Own"].laser_power = 30;
+        script.values[L"Own"].exposure_us = 1250;
+        script.frame_rate_hz = 50.9;
+        m_owner.attach(ArrayOf(VT_VARIANT, L"Own"));
+        arguments = m_owner.get();
+    }
+    void TearDown() override {
+        page.reset();
+        m_host.Destroy();
+        api.reset();
+        EXPECT_EQ(script.alive, 0);
+        EXPECT_EQ(m_renderer->WaitCursors(), 0);
+        ui::SetRenderer(nullptr);
+        SetSleeper(nullptr);
+        WithMemoryRegistry::TearDown();
+    }
+
+    static void SwitchOn(uint32_t key) {
+        EXPECT_TRUE(Orvel::RegistryKeys::MRegistryKeyLib::GetRegistryKey(key).Set(true));
+    }
+    static SAFEARRAY* ArrayOf(VARTYPE type, std::wstring_view text) {
+        SAFEARRAY* const array = SafeArrayCreateVector(type, 3, 1);
+        LONG index = 3;
+        const Variant value(text);
+        VARIANT variant = value.get();
+        SafeArrayPutElement(array, &index,
+                            type == VT_VARIANT ? static_cast<void*>(&variant) : variant.bstrVal);
+        return array;
+    }
+    void Create() { EXPECT_FALSE(page->Create(MResourceLocale::ResourceModule(), page->kTemplate, &m_host)); }
+    void New() {
+        page.reset();
+        page = std::make_unique<CMeasSettingsDlg>();
+        api = Make<scripted::Api>(script).as<IHXApi>();
+        page->Initialise(L"driver", L"device", L"", &arguments);
+    }
+    // A page that is selected, in that state.
+    void Open(int32_t state = HXConnected) {
+        script.state = state;
+        New();
+        Create();
+        page->Show(true);
+        page->OnSelected();
+        page->SetApi(api);
+        script.calls.clear();
+    }
+    void Arrive(int32_t state) {
+        script.state = state;
+        PostWindowMessage(page->Handle(), {WM_HX_CONNECTION_STATE, static_cast<uint64_t>(state), 0});
+        DispatchMessages();
+    }
+
+    template <class T = ui::Control>
+    T& At(uint32_t id) {
+        return *page->FindAs<T>(id);
+    }
+    ui::IUser& User() { return m_renderer->User(); }
+    int32_t Position(uint32_t slider) { return At<ui::TrackBar>(slider).Position(); }
+    std::string TextOf(uint32_t id) { return ToUtf8(At(id).Text()); }
+    std::string Reason(uint32_t id) {
+        const std::wstring& tip = At(id).ToolTip();
+        for (uint32_t reason = 2901; reason <= 2906; ++reason) {
+            if (tip.ends_with(*page->Module()->String(reason))) return std::to_string(reason);
+        }
+        return "";
+    }
+    Ids Enabled() {
+        Ids ids;
+        for (const uint32_t id : kControls) {
+            if (At(id).IsEnabled()) ids.insert(id);
+        }
+        return ids;
+    }
+    const scripted::Values& Working() {
+        return static_cast<const scripted::Preset&>(*page->WorkingPreset()).values;
+    }
+    std::string Reported() {
+        LONG index = 3;
+        Variant value;
+        SafeArrayGetElement(arguments, &index, value.put());
+        return value.type() == VT_BSTR ? scripted::Text(value->bstrVal) : "no text";
+    }
+
+    scripted::Script script;
+    SAFEARRAY* arguments = nullptr;
+    ui::Script boxes;
+    ComPtr<IHXApi> api;
+    std::unique_ptr<CMeasSettingsDlg> page;
+    const std::shared_ptr<ui::HeadlessRenderer> m_renderer = ui::HeadlessRenderer::Make();
+
+private:
+    SafeArray m_owner;
+    Host m_host;
+};
+
+TEST_F(MeasurementPage, TakesWhatIsTypedWithinBounds) {
+    Open();
+    struct Row {
+        uint32_t edit;
+        const wchar_t* typed;
+        uint32_t slider;
+        int32_t position;
+        const char* text;  // when it was left
+    };
+    const Row kRows[] = {
+        {210, L"", 207, 30, "30"},
+        {210, L"0", 207, 30, "30"},
+        {210, L"101", 207, 10, "10"},
+        {210, L"12.7", 207, 13, "13"},
+        {210, L"100", 207, 100, "100"},
+        {212, L"", 211, 5, "5"},
+        {212, L"x", 211, 5, "5"},
+        {212, L"0", 211, 0, "0"},
+        {212, L"-1", 211, 0, "0"},
+        {217, L"100", 214, 100, "100"},
+        {217, L"99999999999", 214, 99, "99"},
+        {206, L"0", 204, 1250, "12"},
+        {206, L"100", 204, 10000, "100"},
+        {206, L"101", 204, 1000, "10"},
+        {206, L"12.7", 204, 1300, "13"},
+    };
+    for (const Row& row : kRows) {
+        auto& edit = At<ui::Edit>(row.edit);
+        ASSERT_TRUE(User().Type(edit, row.typed));
+        ASSERT_TRUE(User().Focus(page->ProfileList()));
+        EXPECT_EQ(Position(row.slider), row.position) << row.edit << " " << ToUtf8(row.typed);
+        EXPECT_EQ(TextOf(row.edit), row.text) << row.edit << " " << ToUtf8(row.typed);
+    }
+    EXPECT_EQ(Working().exposure_us, 1300);
+    EXPECT_EQ(Working().laser_power, 100);
+    EXPECT_TRUE(boxes.TakeBoxes().empty());
+}
+
+TEST_F(MeasurementPage, AnExposureBetweenWholePercentsStaysWhenItsEditIsPassed) {
+    Open();
+    EXPECT_EQ(TextOf(206), "12");
+    User().Focus(At(206));
+    User().Focus(At(212));
+    User().Type(At<ui::Edit>(212), L"7");
+    EXPECT_EQ(Position(204), 1250);
+    EXPECT_EQ(Working().exposure_us, 1250);
+}
+
+TEST_F(MeasurementPage, SlidersAreFollowedWhileTheThumbMovesAndAtTheEnd) {
+    Open();
+    auto& slider = At<ui::TrackBar>(207);
+    std::vector<int32_t> cursors;
+    script.during = [&](const std::string&) { cursors.push_back(m_renderer->WaitCursors()); };
+    User().Drag(slider, 60);
+    EXPECT_EQ(script.Calls(), "ActivateDynamicSettings 60");
+    User().Drop(slider);
+    EXPECT_EQ(script.Calls(), "ActivateDynamicSettings 60, ActivateDynamicSettings 60");
+    User().Scroll(slider, TB_PAGEDOWN);
+    EXPECT_EQ(script.Calls(), "ActivateDynamicSettings 70") << "at its end alone";
+    EXPECT_EQ(cursors, (std::vector<int32_t>{0, 0, 1, 1})) << "none while a slider is held";
+    script.during = nullptr;
+    EXPECT_EQ(TextOf(210), "70");
+    EXPECT_TRUE(page->IsModified());
+    EXPECT_EQ(slider.Style() & TBS_DOWNISLEFT, TBS_DOWNISLEFT);
+}
+
+TEST_F(MeasurementPage, ControlsAreEnabledByRulesAndSayWhyNot) {
+    SwitchOn(kDetectKey);
+    SwitchOn(kSpeedKey);
+    New();
+    Create();
+    EXPECT_EQ(Enabled(), Ids{6000});
+    EXPECT_EQ(Reason(204), "2901") << "nothing was set up";
+    const Ids all(std::begin(kControls), std::end(kControls));
+    struct Row {
+        const char* what;
+        int32_t state;
+        bool automatic, filters_3d;
+        int32_t reduces_frequency;
+        Ids disabled;
+        uint32_t asked;
+        const char* reason;
+    };
+    const Row kRows[] = {
+        {"all", HXConnected, false, true, 1, {}, 207, ""},
+        {"automatic", HXConnected, true, true, 1, {207, 210}, 210, "2902"},
+        {"no 3D filter", HXConnected, false, false, 1, {218, 219}, 218, "2904"},
+        {"one speed", HXConnected, false, true, 0, {289}, 289, "2905"},
+        {"not connected", HXNotConnected, false, true, 1, {269, 289}, 269, "2903"},
+    };
+    for (const Row& row : kRows) {
+        script.values[L"Own"].automatic_laser_power = row.automatic ? TRUE : FALSE;
+        script.values[L"Own"].edge_filter_3d = row.filters_3d ? TRUE : FALSE;
+        script.reduces_frequency = row.reduces_frequency;
+        Open(row.state);
+        Ids expected = all;
+        for (const uint32_t id : row.disabled) expected.erase(id);
+        EXPECT_EQ(Enabled(), expected) << row.what;
+        EXPECT_EQ(Reason(row.asked), row.reason) << row.what;
+    }
+    Open();
+    script.failures["ActivateDynamicSettings"] = {E_FAIL, 0};
+    EXPECT_TRUE(User().Click(At<ui::CheckBox>(224)));
+    EXPECT_FALSE(At(207).IsEnabled()) << "the box is what the controls follow, refused or not";
+    EXPECT_EQ(boxes.TakeBoxes().size(), 1U);
+}
+
+TEST_F(MeasurementPage, TheFieldOfViewIsLaidOutAsTheScannerAllows) {
+    struct Row {
+        int32_t config;
+        bool forced, width, height, rate;
+    };
+    const Row kRows[] = {{-1, false, true, true, true}, {0, false, false, false, false},
+                         {1, false, true, false, true}, {2, false, false, true, true},
+                         {3, false, true, true, true},  {-1, true, true, true, true},
+                         {0, true, true, true, true},   {1, true, true, true, true}};
+    for (const Row& row : kRows) {
+        if (row.forced) SwitchOn(kFieldOfViewKey);
+        script.field_of_view = row.config;
+        Open();
+        const std::string what = std::to_string(row.config) + (row.forced ? " forced" : "");
+        for (const uint32_t id : {277, 113, 114}) EXPECT_EQ(At(id).IsVisible(), row.width) << what << id;
+        for (const uint32_t id : {276, 115, 116}) EXPECT_EQ(At(id).IsVisible(), row.height) << what << id;
+        EXPECT_EQ(At(228).IsVisible(), row.rate) << what;
+        EXPECT_EQ(TextOf(228), row.config < 0 ? "Frame rate: NA Hz" : "Frame rate: 50 Hz") << what;
+        for (const int32_t width : {1100, 1000}) {
+            page->Move({0, 0, width, 700});
+            const ui::Rectangle& preview = At(106).Bounds();
+            const bool filled = !row.width || !row.height;
+            EXPECT_EQ(preview.right == At(276).Bounds().left, filled) << what;
+            EXPECT_EQ(preview.bottom == At(228).Bounds().bottom, filled && !row.rate) << what;
+        }
+    }
+    Open(HXNotConnected);
+    EXPECT_FALSE(At(277).IsVisible() || At(228).IsVisible()) << "forced or not, without a scanner";
+}
+
+TEST_F(MeasurementPage, ScanningSettingsAreGivenBackAsTheyWereReadButForItsOwn) {
+    SwitchOn(kSpeedKey);
+    script.field_of_view = 3;
+    script.reduces_frequency = 1;
+    script.scanning = {1, 3, 100, 7, 1};
+    Open();
+    EXPECT_EQ(Position(277), 1);
+    EXPECT_EQ(Position(276), 0) << "the far half is none of its places";
+    EXPECT_EQ(Position(289), 2);
+    EXPECT_EQ(TextOf(290) + TextOf(291) + TextOf(292) + TextOf(293), "70 Hz50 Hz35 Hz15 Hz");
+    User().Scroll(At<ui::TrackBar>(289), TB_LINEUP);
+    EXPECT_EQ(script.Calls(),
+              "DisableScanner, RegisterTrackingCycleObserver, ActivateGlobalScanningSettings 1 3 100 7 2, "
+              "InitialiseScanner, RegisterTrackingCycleObserver, ActivateDynamicSettings 30, GetFrameRate");
+    User().Scroll(At<ui::TrackBar>(276), TB_LINEDOWN);
+    EXPECT_EQ(script.scanning.VerticalFov, 2);
+    script.failures["ActivateGlobalScanningSettings"] = {E_FAIL, 0};
+    User().Scroll(At<ui::TrackBar>(289), TB_LINEUP);
+    EXPECT_EQ(boxes.TakeBoxes().size(), 1U);
+    EXPECT_EQ(Position(289), 1) << "the old place";
+}
+
+TEST_F(MeasurementPage, DetectsOneBrighterThanFoundAndReports) {
+    SwitchOn(kDetectKey);
+    script.detected_exposure_us = 2000;
+    script.detected_power = 44.5;
+    Open();
+    EXPECT_TRUE(User().Click(At<ui::Button>(269)));
+    EXPECT_EQ(script.Calls(),
+              "DetectExposureTime, ActivateDynamicSettings 30, DetectLaserPower, ActivateDynamicSettings 45, "
+              "ActivateDynamicSettings 45");
+    EXPECT_EQ(TextOf(206) + " " + TextOf(210), "21 45");
+}
+
+TEST_F(MeasurementPage, RefusesMalformedArgumentsAndKeepsTheNames) {
+    SAFEARRAY no_size{1, 0, 0, 0, nullptr, {{1, 0}}};
+    SafeArray empty(SafeArrayCreateVector(VT_VARIANT, 0, 0));
+    SafeArray strings(ArrayOf(VT_BSTR, L"Own"));
+    SafeArray number(SafeArrayCreateVector(VT_VARIANT, 0, 1));
+    SAFEARRAY* const kArrays[] = {nullptr, &no_size, empty.get(), strings.get(), number.get()};
+    const char* const kErrors[] = {"InvalidArguments", "MissingArguments", "InvalidArgumentType",
+                                   "InvalidArgumentType", "InvalidArgumentType"};
+    for (size_t i = 0; i < std::size(kArrays); ++i) {
+        Open();
+        SAFEARRAY* array = kArrays[i];
+        const auto initialise = [&](SAFEARRAY** given) {
+            return scripted::Raised([&] { page->Initialise(L"driver", L"device", L"", given); });
+        };
+        EXPECT_EQ(initialise(&array), std::string("CMeasSettingsDlg.Initialise:") + kErrors[i]);
+        User().ClickRow(page->ProfileList(), 0);
+        EXPECT_EQ(Reported(), "Own") << "the array of the call before is not the page's any more";
+        EXPECT_EQ(page->Session().Target().device_internal_name, L"device");
+        EXPECT_EQ(initialise(nullptr), "CMeasSettingsDlg.Initialise:InvalidArguments");
+    }
+    Open();
+    EXPECT_EQ(User().ClickRow(page->ProfileList(), 0), true);
+    EXPECT_EQ(Reported(), scripted::Narrow(page->ProfileList().SelectedName()));
+}
+
+TEST_F(MeasurementPage, FollowsTheStateThatCameBeforeItsWindowOnce) {
+    static size_t notes = 0;
+    SetDebuggerOutput([](std::wstring_view text) {
+        notes += text == L"\n\nHXMeasSettingsDlg: connection state changed.\n\n" ? 1 : 0;
+    });
+    script.state = HXNotConnected;
+    New();
+    page->OnSelected();
+    page->SetApi(api);
+    Arrive(HXSuspended);
+    Arrive(HXConnected);
+    EXPECT_EQ(notes, 0U);
+    EXPECT_EQ(page->ProfileList().Count(), 0);
+    Create();
+    EXPECT_EQ(notes, 1U);
+    EXPECT_EQ(page->Session().ConnectionState(), HXConnected);
+    EXPECT_EQ(page->ProfileList().SelectedName(), L"Own");
+    page->OnDeselected();
+    Arrive(HXNotConnected);
+    EXPECT_EQ(notes, 2U);
+    EXPECT_EQ(page->Session().ConnectionState(), HXConnected) << "forgotten while another page is shown";
+    SetDebuggerOutput(nullptr);
+}
+
+TEST_F(MeasurementPage, AnswersItsHostAlsoWithoutAWindow) {
+    for (const bool had_window : {false, true}) {
+        New();
+        if (had_window) {
+            Open();
+            page->Destroy();
+        }
+        page->OnSelected();
+        page->SetApi(api);
+        page->SetApi(nullptr);
+        page->SetSettingsObjectMap(nullptr);
+        page->OnDeselected();
+        page->Initialise(L"driver", L"device", L"", &arguments);
+        EXPECT_TRUE(page->CommitOnClose()) << had_window;
+    }
+    EXPECT_TRUE(boxes.TakeBoxes().empty());
+}
+
+}  // namespace
+}  // namespace hx
