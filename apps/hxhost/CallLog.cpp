@@ -1,6 +1,7 @@
 #include "apps/hxhost/CallLog.h"
 
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "apps/hxhost/CallWords.h"
 #include "apps/hxhost/ids.h"
@@ -15,9 +16,21 @@ void CallLog::Fetch() {
         m_state = StateTold(call).value_or(m_state);
         m_preview_fed = PreviewTold(call).value_or(m_preview_fed);
         CallInWords words = InWords(call, m_texts);
-        if (m_questions || !words.is_question) lines.push_back(std::move(words.text));
+        const bool is_news = IsNews(call) && !words.is_question;
+        if (m_questions || is_news) lines.push_back(std::move(words.text));
     }
     Append(lines);
+}
+
+bool CallLog::IsNews(const nlohmann::json& call) {
+    if (call.value("result", 0) != 0) return true;
+    const std::string operation = call.value("op", "");
+    const auto values = call.find("args");
+    if (!call.value("on", "").starts_with("preset:") || !operation.starts_with("Set") ||
+        values == call.end()) {
+        return true;
+    }
+    return std::exchange(m_values[operation], values->dump()) != values->dump();
 }
 
 void CallLog::Append(const std::vector<std::wstring>& lines) {

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
 
@@ -18,7 +20,8 @@ public:
     CallLog(SimulatedScanner& scanner, const HostTexts& texts) : m_scanner(scanner), m_texts(texts) {}
 
     LogList& List() { return m_list; }
-    // Calls that only ask are shown, too, from now on.
+    // Calls that only ask are shown, too, from now on, and values of profiles that are copied from one to
+    // another.
     void ShowQuestions(bool shown) { m_questions = shown; }
     // What came since the last time.
     void Fetch();
@@ -30,11 +33,14 @@ public:
 
 private:
     void Append(const std::vector<std::wstring>& lines);
+    // Not a value of a profile that was the last one to be set, too.
+    bool IsNews(const nlohmann::json& call);
 
     SimulatedScanner& m_scanner;
     const HostTexts& m_texts;
     LogList m_list;
     bool m_questions = false;
+    std::map<std::string, std::string> m_values;  // set last, by operation
     int32_t m_state = 0;
     bool m_preview_fed = false;
 };

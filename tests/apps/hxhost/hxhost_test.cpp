@@ -63,7 +63,8 @@ protected:
     static void ChooseItem(hx::ui::Dialog& dialog, uint32_t id, const std::wstring& item) {
         auto& box = *dialog.FindAs<hx::ui::ComboBox>(id);
         for (size_t i = 0; i < box.Items().size(); ++i) {
-            if (box.Items()[i] == item) EXPECT_TRUE(User().Choose(box, static_cast<int32_t>(i)));
+            if (box.Items()[i] != item) continue;
+            EXPECT_TRUE(User().Choose(box, static_cast<int32_t>(i)));
         }
         EXPECT_EQ(Chosen(box), item);
     }
@@ -147,7 +148,9 @@ TEST_F(Host, ACancelledSaveKeepsTheWindowOpenAndSaysWhy) {
         Click(dialog, IDOK);
         EXPECT_EQ(dialog.Find(IDC_STATUS)->Text().find(L"Saved."), 0u);
         Click(*PageOf(dialog), kReflectionFilter);
-        m_script.AnswerModal({.button = IDCANCEL});
+        hx::ui::Script::Answer cancel;
+        cancel.button = IDCANCEL;
+        m_script.AnswerModal(cancel);
         Click(dialog, IDCANCEL);
         was_open = !dialog.HasEnded();
         EXPECT_EQ(dialog.Find(IDC_STATUS)->Text(), m_texts.Text(IDS_NOT_SAVED));
@@ -214,7 +217,7 @@ TEST_F(Host, CallsAreToldInWordsAndTheListIsBounded) {
         {R"({"on":"handle","op":"RegisterTrackingCycleObserver","args":[null]})",
          L"The preview is shown nothing any more", false},
         {R"({"on":"handle","op":"GetFrameRate","args":[1,"${value}"]})",
-         L"handle.GetFrameRate(1,\"${value}\")", true},
+         L"handle.GetFrameRate(1, \"${value}\")", true},
         {R"({"on":"handle","op":"GetFrameRate","args":[],"result":-2147467259})",
          L"handle.GetFrameRate() – failed: E_FAIL", false},
         {R"({"on":"handle","op":"ActivateDynamicSettings","args":["${value}"]})",
