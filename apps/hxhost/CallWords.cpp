@@ -42,8 +42,9 @@ constexpr WordsRow kWords[] = {
     {"lost", IDS_LOG_LOST},
 };
 
-// The beginnings of what only asks.
-constexpr std::string_view kQuestions[] = {"Get", "Is", "Enumerate", "Advise", "Unadvise"};
+// The beginnings of what only asks, or makes and names objects without a word to the scanner.
+constexpr std::string_view kQuestions[] = {"Get",    "Is",       "Enumerate", "Advise",
+                                           "Create", "Unadvise", "SetName"};
 
 std::wstring Wide(const std::string& text) {
     return hx::FromUtf8(text).value_or(std::wstring());

@@ -11,7 +11,7 @@ namespace hxhost {
 
 struct CallInWords {
     std::wstring text;
-    bool is_question = false;  // asks for something, and got an answer
+    bool is_question = false;  // nothing changes by it, and it was done
 };
 // `call` is an entry of IHXSimulator::TakeCalls.
 CallInWords InWords(const nlohmann::json& call, const HostTexts& texts);
