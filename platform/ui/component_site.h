@@ -32,6 +32,9 @@ public:
     // Empty unless open.
     ComPtr<IUnknown> Component() const { return IsOpen() ? m_object.as<IUnknown>() : nullptr; }
 
+    // That the component shows itself in; null unless open, or if it is none of this process.
+    Window* ComponentWindow() const;
+
     void Move(const Rectangle& bounds);
     void Show(bool visible);
     // Of the component's window, if it is one of this process; an empty name leaves it its own.
@@ -77,9 +80,6 @@ private:
     HRESULT OpenHere(ComPtr<IOleObject> object);
     HRESULT Embed(const ComPtr<IOleObject>& object);
     static void TakeDown(const ComPtr<IOleObject>& object);
-    // That the component shows itself in; null if it is none of this process.
-    Window* ComponentWindow() const;
-
     const LCID m_locale;
     WindowHandle m_parent = 0;
     Rectangle m_bounds;

@@ -122,8 +122,8 @@ public:
     // Tells nobody.
     void SetPosition(int32_t position);
     // Moved by `code`; with TB_THUMBTRACK and TB_THUMBPOSITION to the position, otherwise as far as the code
-    // says.
-    void UserScroll(uint32_t code, int32_t position = 0);
+    // says, so many times. The dialog is told once.
+    void UserScroll(uint32_t code, int32_t position = 0, int32_t times = 1);
     // What a key, or a notch of the wheel away from the person or towards, moves it by; nothing if it does
     // not.
     std::optional<uint32_t> CodeOfKey(uint32_t key) const;

@@ -43,11 +43,11 @@ public:
     int32_t VerticalDotsPerInch() const override { return kDotsPerInch; }
 
     void ShowWaitCursor(bool shown) override { m_wait_cursors += shown ? 1 : -1; }
-    void DiscardMouseMessages() override { m_discarded += m_user.DropQueuedClicks(); }
+    void DiscardMouseMessages() override { m_discarded += m_user.DropQueued(); }
     void Pump() override {
         constexpr int kRounds = 100;  // whoever posts to himself for ever does not hold up the caller
         for (int round = 0; round < kRounds; ++round) {
-            if (m_user.DoQueuedClicks() + DispatchWaitingMessages() == 0) break;
+            if (m_user.DoQueued() + DispatchWaitingMessages() == 0) break;
         }
     }
     IUser& User() override { return m_user; }

@@ -100,14 +100,14 @@ void QtRenderer::ShowWaitCursor(bool shown) {
 }
 
 void QtRenderer::DiscardMouseMessages() {
-    m_user.DropQueuedClicks();
+    m_user.DropQueued();
     m_pump.DiscardMouse();
 }
 
 void QtRenderer::Pump() {
     do {
         m_pump.Run();
-    } while (m_user.DoQueuedClicks() > 0);
+    } while (m_user.DoQueued() > 0);
 }
 
 bool QtRenderer::SavePicture(Window& window, const std::wstring& file_name) {
