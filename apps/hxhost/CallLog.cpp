@@ -13,6 +13,7 @@ void CallLog::Fetch() {
     if (!calls.is_array()) return;
     std::vector<std::wstring> lines;
     for (const nlohmann::json& call : calls) {
+        if (!call.is_object()) continue;
         m_state = StateTold(call).value_or(m_state);
         m_preview_fed = PreviewTold(call).value_or(m_preview_fed);
         CallInWords words = InWords(call, m_texts);

@@ -22,6 +22,11 @@ std::span<const PageRow> Pages() {
     return kPages;
 }
 
+hx::ui::Window* PagePlace::Inner() const {
+    const hx::ui::Dialog* const dialog = m_page ? m_page->Dialog() : nullptr;
+    return dialog ? dialog->Parent() : nullptr;
+}
+
 PageArea::PageArea(SimulatedScanner& scanner, const HostTexts& texts, std::span<const PageRow> rows)
     : m_scanner(scanner), m_texts(texts), m_rows(rows), m_pages(rows.size()) {}
 
@@ -43,6 +48,7 @@ void PageArea::ShowChosen() {
         Current().Show(false);
     }
     m_current = chosen;
+    m_place.Hold(Current());
     m_place.SetText({});
     hosting::Answer answer;
     if (IsOpen()) {

@@ -23,6 +23,17 @@ struct PageRow {
 // All that there are; another page is another row.
 std::span<const PageRow> Pages();
 
+// Where the page is: its controls come in this one's place when Tab goes through the window.
+class PagePlace final : public hx::ui::StaticText {
+public:
+    // That is shown here from now on, and lives as long as this.
+    void Hold(const hosting::HostedPage& page) { m_page = &page; }
+    hx::ui::Window* Inner() const override;
+
+private:
+    const hosting::HostedPage* m_page = nullptr;
+};
+
 class PageArea {
 public:
     PageArea(SimulatedScanner& scanner, const HostTexts& texts, std::span<const PageRow> rows = Pages());
@@ -56,7 +67,7 @@ private:
     std::deque<hosting::HostedPage> m_pages;  // one for each row
     size_t m_current = 0;
     hx::ui::ComboBox m_choice;
-    hx::ui::StaticText m_place;
+    PagePlace m_place;
 };
 
 }  // namespace hxhost

@@ -34,11 +34,7 @@ int Show(hxhost::SimulatedScanner& scanner, const hxhost::HostOptions& options, 
         if (!SaveMemory(dialog.Memory())) return Refuse("the window's place could not be stored");
         return kClosed;
     }
-    if (dialog.Create(texts.Module(), hxhost::IDD_HOST, nullptr)) return Refuse("the window has no template");
-    if (options.size) dialog.Move({0, 0, options.size->width, options.size->height});
-    dialog.Show(true);
-    const std::string reason = SavePicture(dialog, options.picture);
-    dialog.Destroy();
+    const std::string reason = SavePicture(dialog, texts, options);
     return reason.empty() ? kClosed : Refuse(reason);
 }
 

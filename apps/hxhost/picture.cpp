@@ -6,6 +6,7 @@
 #include "platform/system/sleep.h"
 #include "platform/system/utf8.h"
 #include "platform/ui/renderer.h"
+#include "platform/ui/script.h"
 
 namespace hxhost {
 namespace {
@@ -27,9 +28,7 @@ bool PumpUntil(Condition condition, std::chrono::milliseconds patience) {
     return true;
 }
 
-}  // namespace
-
-std::string SavePicture(HostDialog& dialog, const std::string& file) {
+std::string Take(HostDialog& dialog, const std::string& file) {
     const bool fed = dialog.IsPageOpen() && PumpUntil([&] { return dialog.IsPreviewFed(); }, kPatience);
     PumpUntil([] { return false; }, kUntilDrawn);
     std::error_code error;
@@ -39,6 +38,22 @@ std::string SavePicture(HostDialog& dialog, const std::string& file) {
     }
     if (!dialog.IsPageOpen()) return "the picture shows no page: none could be opened";
     return fed ? std::string() : "the picture shows no preview: the page asked for none";
+}
+
+}  // namespace
+
+std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOptions& options) {
+    hx::ui::Script script;
+    if (dialog.Create(texts.Module(), IDD_HOST, nullptr)) return "the window has no template";
+    if (options.size) dialog.Move({0, 0, options.size->width, options.size->height});
+    dialog.Show(true);
+    std::string reason = Take(dialog, options.picture);
+    for (const hx::ui::Script::Box& box : script.TakeBoxes()) {
+        if (!reason.empty()) reason += "; ";
+        reason += "the page said: " + hx::ToUtf8(box.text);
+    }
+    dialog.Destroy();
+    return reason;
 }
 
 }  // namespace hxhost

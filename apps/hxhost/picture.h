@@ -4,11 +4,13 @@
 #include <string>
 
 #include "apps/hxhost/HostDialog.h"
+#include "apps/hxhost/host_options.h"
 
 namespace hxhost {
 
-// The window is created and the scanner being connected. Waits until the preview has drawn what the scanner
-// sees. Empty if the file was written and the page is there; else why not, in English.
-std::string SavePicture(HostDialog& dialog, const std::string& file);
+// Creates the window, the scanner being connected, waits until the preview has drawn what the scanner sees,
+// and destroys it. Boxes wait for nobody. Empty if the file was written and shows all that; else why not, in
+// English.
+std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOptions& options);
 
 }  // namespace hxhost

@@ -102,6 +102,10 @@ TEST_F(Host, TheCableAndTheModelReachThePage) {
         Connect(dialog);
         EXPECT_TRUE(Logged(dialog, L"The page takes the scanner"));
         EXPECT_FALSE(Logged(dialog, L"GetFrameRate"));
+        // Tab goes on from the choice of the page into the page.
+        EXPECT_TRUE(User().Focus(*dialog.Find(IDC_PAGES)));
+        EXPECT_TRUE(User().Key(dialog, VK_TAB));
+        EXPECT_NE(PageOf(dialog)->Focused(), nullptr);
         EXPECT_FALSE(dialog.Find(IDC_MODEL)->IsEnabled());
         EXPECT_NE(dialog.Find(IDC_MODEL)->ToolTip().find(L"unplug"), std::wstring::npos);
         Click(dialog, IDC_UNPLUG);
