@@ -19,10 +19,10 @@ bool IsNumber(const Word& word) {
 
 // A number alone is the state.
 void GiveApi(PageHost& host, Words words, Json& answer) {
-    ScriptedPage& page = host.Page();
+    hosting::HostedPage& page = host.Hosted();
     if (words.size() == 1 && words[0].text == "none") {
         // It is no scanner API.
-        CheckAnswer("SetHXApi", page.hosted.SetApi(hx::Make<SettingsMap>().get()));
+        CheckAnswer("SetHXApi", page.SetApi(hx::Make<SettingsMap>().get()));
         return;
     }
     if (words.size() == 1 && IsNumber(words[0])) words.insert(words.begin(), Word{});
@@ -35,8 +35,8 @@ void GiveApi(PageHost& host, Words words, Json& answer) {
     answer["model"] = TextOf(texts[0]);
     answer["driver"] = TextOf(texts[1]);
     answer["device"] = TextOf(texts[2]);
-    CheckAnswer("SetHXApi", page.hosted.SetApi(simulator.get()));
-    page.simulator = simulator;
+    CheckAnswer("SetHXApi", page.SetApi(simulator.get()));
+    host.Page().simulator = simulator;
 }
 
 void SetState(PageHost& host, Words words, Json&) {

@@ -9,7 +9,6 @@ namespace hxctl {
 
 void CheckAnswer(const char* operation, const hosting::Answer& answer) {
     if (answer.IsDone()) return;
-    if (answer.result == E_UNEXPECTED && answer.text.empty()) throw Impossible("the page is not created");
     std::string reason = std::string(operation) + " answered " + NamedResult(answer.result);
     hx::MException chain;
     const bool is_chain = hx::ReadChainDocument(answer.text, chain);

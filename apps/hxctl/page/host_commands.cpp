@@ -37,12 +37,12 @@ void OpenWindow(PageHost& host, Words, Json&) {
 void Map(PageHost& host, Words words, Json&) {
     if (words.empty()) {
         CheckAnswer("SetSettingsObjectMap",
-                    host.Page().hosted.SetSettingsObjectMap(hx::Make<SettingsMap>().get()));
+                    host.Hosted().SetSettingsObjectMap(hx::Make<SettingsMap>().get()));
         return;
     }
     if (words[0].text != "none") throw WrongLine(words[0], "nothing, or none, stands behind map");
     // It is no map.
-    CheckAnswer("SetSettingsObjectMap", host.Page().hosted.SetSettingsObjectMap(&host.Simulator()));
+    CheckAnswer("SetSettingsObjectMap", host.Hosted().SetSettingsObjectMap(&host.Simulator()));
 }
 
 hx::SafeArray VectorOf(VARTYPE type, ULONG count) {
@@ -103,8 +103,8 @@ void Initialise(PageHost& host, Words words, Json&) {
     }
     hx::SafeArray arguments =
         wrong ? WrongArrayNamed(*wrong) : hosting::HostedPage::ArgumentsOf(WideOf(words[3]));
-    CheckAnswer("Initialise", host.Page().hosted.Initialise(WideOf(words[0]), WideOf(words[1]),
-                                                            WideOf(words[2]), std::move(arguments)));
+    CheckAnswer("Initialise", host.Hosted().Initialise(WideOf(words[0]), WideOf(words[1]), WideOf(words[2]),
+                                                       std::move(arguments)));
 }
 
 void Resize(PageHost& host, Words words, Json&) {
@@ -115,26 +115,25 @@ void Resize(PageHost& host, Words words, Json&) {
     }
     host.Dialog();
     host.Page().frame.Move({0, 0, width, height});
-    host.Page().hosted.Move({0, 0, width, height});
+    host.Hosted().Move({0, 0, width, height});
 }
 
 void Select(PageHost& host, Words, Json&) {
-    CheckAnswer("OnSelected", host.Page().hosted.Select());
+    CheckAnswer("OnSelected", host.Hosted().Select());
 }
 
 void Deselect(PageHost& host, Words, Json&) {
-    CheckAnswer("OnDeselected", host.Page().hosted.Deselect());
+    CheckAnswer("OnDeselected", host.Hosted().Deselect());
 }
 
 void Save(PageHost& host, Words, Json& answer) {
     bool may_close = false;
-    CheckAnswer("Save", host.Page().hosted.Save(may_close));
+    CheckAnswer("Save", host.Hosted().Save(may_close));
     answer["mayClose"] = may_close;
 }
 
 void ClosePage(PageHost& host, Words, Json&) {
-    if (!host.Page().hosted.IsCreated()) throw Impossible("the page is not created");
-    host.Page().hosted.Close();
+    host.Hosted().Close();
 }
 
 void Arguments(PageHost& host, Words, Json& answer) {

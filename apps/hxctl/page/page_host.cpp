@@ -76,8 +76,7 @@ void PageHost::Create() {
 // As large as its dialog wants to be.
 void PageHost::OpenWindow() {
     ScriptedPage& page = Page();
-    if (!page.hosted.IsCreated()) throw Impossible("the page is not created");
-    if (page.hosted.Dialog()) throw Impossible("the page has a window already");
+    if (Hosted().Dialog()) throw Impossible("the page has a window already");
     if (!page.frame.IsCreated()) {
         page.frame.Create(hx::ui::WindowKind::frame, nullptr, kFirstBounds);
         page.frame.Show(true);
@@ -95,6 +94,11 @@ void PageHost::WatchPreview() const {
         const auto* const place = dynamic_cast<hx::ui::ComponentControl*>(control);
         if (place) ResetWatcher::Watch(place->Component(), m_simulator);
     }
+}
+
+hosting::HostedPage& PageHost::Hosted() const {
+    if (!Page().hosted.IsCreated()) throw Impossible("the page is not created");
+    return Page().hosted;
 }
 
 hx::ui::Dialog& PageHost::Dialog() const {

@@ -40,8 +40,10 @@ public:
     // Throws an Impossible if there is none.
     void Use(const std::string& name);
 
-    // Of the page that is addressed. Those of its window throw an Impossible without one.
+    // Of the page that is addressed. Those of the component and of its window throw an Impossible without
+    // one.
     ScriptedPage& Page() const { return *m_current; }
+    hosting::HostedPage& Hosted() const;
     void Create();
     void OpenWindow();
     hx::ui::Dialog& Dialog() const;

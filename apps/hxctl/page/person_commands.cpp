@@ -90,11 +90,16 @@ struct ScrollCode {
     uint32_t code;
 };
 constexpr ScrollCode kScrollCodes[] = {
-    {"TB_LINEUP", TB_LINEUP},     {"TB_LINEDOWN", TB_LINEDOWN}, {"TB_PAGEUP", TB_PAGEUP},
-    {"TB_PAGEDOWN", TB_PAGEDOWN}, {"TB_TOP", TB_TOP},           {"TB_BOTTOM", TB_BOTTOM},
+    {"TB_LINEUP", TB_LINEUP},
+    {"TB_LINEDOWN", TB_LINEDOWN},
+    {"TB_PAGEUP", TB_PAGEUP},
+    {"TB_PAGEDOWN", TB_PAGEDOWN},
+    {"TB_TOP", TB_TOP},
+    {"TB_BOTTOM", TB_BOTTOM},
+    {"TB_THUMBPOSITION", TB_THUMBPOSITION},
 };
 
-// By name, with "TB_" in front or without, or by number.
+// By name, with "TB_" in front or without, or by number. The thumb may also be put where it is.
 void Scroll(PageHost& host, Words words, Json&) {
     hx::ui::TrackBar& track_bar = TrackBarOf(host, words[0]);
     const auto found = std::ranges::find_if(kScrollCodes, [&](const ScrollCode& each) {
@@ -106,7 +111,9 @@ void Scroll(PageHost& host, Words words, Json&) {
         for (const ScrollCode& each : kScrollCodes) reason += std::string(" ") + each.name;
         throw WrongLine(words[1], reason + "; drag and drop do the others");
     }
-    CheckDone(Person().Scroll(track_bar, found->code), track_bar);
+    if (found->code != TB_THUMBPOSITION) return CheckDone(Person().Scroll(track_bar, found->code), track_bar);
+    CheckDone(Person().Focus(track_bar), track_bar);
+    track_bar.UserScroll(TB_THUMBPOSITION, track_bar.Position());
 }
 
 void Type(PageHost& host, Words words, Json&) {
