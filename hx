@@ -95,11 +95,11 @@ run_demo() {
     demo_page
 }
 
-# The main job: the page in the desktop host. Without a screen it is worked by scripts, and pictures are taken. Its
-# registry and data stay, so the host's window is where it was the next time.
+# The main job: the page in the desktop host, whose window and profiles are the next time as they were left. Without a
+# screen the page is worked by scripts, each with the profiles that a scanner is delivered with, and pictures are taken.
 demo_page() {
-    local folder=build/demo-page key script
-    in_demo() { HX_REGISTRY=$folder/registry HX_DATA=$folder/data "$@"; }
+    local folder=build/demo-page data=build/demo-page/data key script
+    in_demo() { HX_REGISTRY=$folder/registry HX_DATA=$data "$@"; }
     say "Detect, the gains, the speed and the field of view are switched on for the measurement page ($folder):"
     for key in 78 79 88 89; do in_demo hxctl keys set "$key" true; done
     if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
@@ -107,11 +107,15 @@ demo_page() {
         in_demo build/release/bin/hxhost && return
         echo "The host's window could not be opened: the page is shown without a screen."
     fi
-    for script in "$examples"/*.page; do
-        say "The measurement page, worked by a script ($script):"
-        in_demo hxctl page measurement --script "$script"
+    data=$folder/scripted
+    for script in first_session modified_profile failing_scanner; do
+        rm -rf "$data"
+        say "The measurement page, worked by a script ($examples/$script.page, explained in docs/scripting.md):"
+        # 1 is for a line that was refused, as one of them is where the scanner fails.
+        in_demo hxctl page measurement --script "$examples/$script.page" || [ $? -eq 1 ]
     done
-    say "Pictures: the page by itself, and in the desktop host, in light and dark colours"
+    say "Pictures: the page by itself, and in the desktop host, in light and dark colours:"
+    rm -rf "$data"
     in_demo hxctl screenshot measurement build/measurement.png
     in_demo build/release/bin/hxhost --picture build/hxhost.png && echo build/hxhost.png
     in_demo build/release/bin/hxhost --picture build/hxhost_dark.png --dark --locale de-DE && echo build/hxhost_dark.png
