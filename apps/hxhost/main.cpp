@@ -1,6 +1,5 @@
 // hxhost: the hardware configuration dialog of a measuring application, with a simulated scanner. Exit 0
 // closed, 1 it could not be shown (the reason goes to standard error), 2 usage.
-#include <algorithm>
 #include <iostream>
 
 #include "apps/hxhost/HostDialog.h"

@@ -129,11 +129,12 @@ TEST_P(Layout, TextsFitTheirControls) {
     }
 }
 
-TEST(LayoutOfPages, TextsThatAreSetLaterFitTheirControls) {
+TEST(LayoutOfModules, TextsThatAreSetLaterFitTheirControls) {
     struct LaterText {
         uint32_t dialog;
         uint32_t control;
         uint32_t string;
+        const char* module = hx_test::kPages;
     };
     constexpr uint32_t kOk = 1;
     constexpr LaterText kLater[] = {
@@ -153,11 +154,16 @@ TEST(LayoutOfPages, TextsThatAreSetLaterFitTheirControls) {
         {208, 238, 30},
         {208, 242, 30},
         {208, 244, 30},
+        // what the desktop host says in the place of a page, and below it
+        {100, 1003, 2, hx_test::kHost},
+        {100, 1040, 21, hx_test::kHost},
+        {100, 1040, 24, hx_test::kHost},
+        {100, 1040, 25, hx_test::kHost},
     };
     const std::wstring widest_number = L"00000";
-    for (const Script& script : Scripts()) {
-        SCOPED_TRACE(script.tag);
-        for (const LaterText& later : kLater) {
+    for (const LaterText& later : kLater) {
+        for (const Script& script : Scripts(later.module)) {
+            SCOPED_TRACE(script.tag);
             std::wstring text = script.resources.strings.at(later.string);
             if (const size_t number = text.find(L"%d"); number != std::wstring::npos) {
                 text.replace(number, 2, widest_number);
