@@ -42,8 +42,7 @@ std::vector<std::wstring> SimulatedScanner::Operations() const {
     std::vector<std::wstring> operations = TextsFrom(*m_simulator, &IHXSimulator::GetOperations);
     for (std::wstring& operation : operations) operation.erase(0, operation.find(L'.') + 1);
     std::ranges::sort(operations);
-    const auto repeated = std::ranges::unique(operations);
-    operations.erase(repeated.begin(), repeated.end());
+    operations.erase(std::unique(operations.begin(), operations.end()), operations.end());
     return operations;
 }
 
