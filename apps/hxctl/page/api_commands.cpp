@@ -19,15 +19,15 @@ bool IsNumber(const Word& word) {
 
 // A number alone is the state.
 void GiveApi(PageHost& host, Words words, Json& answer) {
-    hosting::HostedPage& page = host.Hosted();
     if (words.size() == 1 && words[0].text == "none") {
         // It is no scanner API.
-        CheckAnswer("SetHXApi", page.SetApi(hx::Make<SettingsMap>().get()));
+        CheckAnswer("SetHXApi", host.Hosted().SetApi(hx::Make<SettingsMap>().get()));
         return;
     }
     if (words.size() == 1 && IsNumber(words[0])) words.insert(words.begin(), Word{});
     const int32_t state = words.size() > 1 ? NumberOf(words[1], "the state") : 0;
     const auto simulator = host.SimulatorOf(words.empty() ? std::string() : words[0].text);
+    hosting::HostedPage& page = host.Hosted();
     CheckCall("SetConnectionState", simulator->SetConnectionState(state, FALSE));
     hx::Bstr texts[3];
     CheckCall("GetModel", simulator->GetModel(texts[0].put()));

@@ -46,7 +46,7 @@ Json Report(const Control& control) {
     const auto* const text = As<hx::ui::StaticText>(control);
     const hx::ui::Rectangle& bounds = control.Bounds();
     Json report = {
-        {"id", control.Id()},
+        {"id", static_cast<int32_t>(control.Id())},
         {"kind", text && text->IsGroup() ? "group" : kKinds[static_cast<size_t>(control.Kind())]},
         {"text", hx::ToUtf8(control.Text())},
         {"enabled", control.IsEnabled()},
