@@ -26,7 +26,7 @@ public:
         // What is pressed in the end: the button of that id, a key, or the sign in the frame's corner.
         enum class By { button, enter, escape, close } by = By::button;
         uint32_t button = 0;
-        std::optional<std::wstring> typed;  // into the dialog's first edit, before
+        std::optional<std::wstring> typed = {};  // into the dialog's first edit, before
         // The button's id where it depends on the dialog; 0 for none that there is.
         std::function<uint32_t(const Dialog&)> find_button = {};
     };

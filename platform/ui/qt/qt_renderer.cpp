@@ -5,6 +5,7 @@
 #include <QBuffer>
 #include <QEventLoop>
 #include <QPixmap>
+#include <QScreen>
 #include <filesystem>
 
 #include "platform/system/files.h"
@@ -70,6 +71,19 @@ Size QtRenderer::TextExtent(std::wstring_view text) const {
 
 Colour QtRenderer::ColourOf(SystemColour colour) const {
     return ColourIn(QApplication::palette(), colour);
+}
+
+Rectangle QtRenderer::WorkArea(const Rectangle& window) const {
+    const QRect place = ToQt(window);
+    const auto shown = [&place](const QScreen* screen) {
+        const QSize common = screen->availableGeometry().intersected(place).size();
+        return common.isEmpty() ? 0 : int64_t{common.width()} * common.height();
+    };
+    const QScreen* best = QGuiApplication::primaryScreen();
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        if (!best || shown(screen) > shown(best)) best = screen;
+    }
+    return best ? FromQt(best->availableGeometry()) : Rectangle();
 }
 
 // Of our pixels, which are larger on the screen if it is scaled.
