@@ -9,7 +9,7 @@ export HX_REGISTRY=${HX_REGISTRY:-$PWD/build/registry}
 usage() {
     cat <<'TEXT'
 usage: ./hx COMMAND
-  demo                     the main job, end to end
+  demo                     the main job, end to end; the window at its end needs a screen, else there are pictures
   test [PRESET...]         builds and runs all tests; PRESET: release (if left out), debug, asan, tsan
   bench [ARGS...]          compares speed with other libraries and prints ratios; --markdown FILE writes the tables
   fuzz TARGET [SECONDS]    feeds a target with arbitrary input (600 s if left out); TARGET: xml_document,
@@ -59,7 +59,7 @@ hxctl() { build/release/bin/hxctl "$@"; }
 run_demo() {
     need "${TOOLS[@]}" "${LIBRARIES[@]}"
     configure_without_tests release
-    build release hxctl HXScannerCtrls
+    build release hxctl hxhost HXScannerCtrls
     local examples=docs/examples step=0
     say() { step=$((step + 1)); printf '\n%s. %s\n' "$step" "$1"; }
     say "A new connection settings object, created through HXScannerCtrls.so, and its text:"
@@ -92,6 +92,33 @@ run_demo() {
     hxctl keys get 79
     demo_scanner
     demo_log
+    demo_page
+}
+
+# The main job: the page in the desktop host, whose window and profiles are the next time as they were left. Without a
+# screen the page is worked by scripts, each with the profiles that a scanner is delivered with, and pictures are taken.
+demo_page() {
+    local folder=build/demo-page data=build/demo-page/data key script
+    in_demo() { HX_REGISTRY=$folder/registry HX_DATA=$data "$@"; }
+    say "Detect, the gains, the speed and the field of view are switched on for the measurement page ($folder):"
+    for key in 78 79 88 89; do in_demo hxctl keys set "$key" true; done
+    if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+        say "The measurement page in the desktop host; the demo ends when its window is closed."
+        in_demo build/release/bin/hxhost && return
+        echo "The host's window could not be opened: the page is shown without a screen."
+    fi
+    data=$folder/scripted
+    for script in first_session modified_profile failing_scanner; do
+        rm -rf "$data"
+        say "The measurement page, worked by a script ($examples/$script.page, explained in docs/scripting.md):"
+        # 1 is for a line that was refused, as one of them is where the scanner fails.
+        in_demo hxctl page measurement --script "$examples/$script.page" || [ $? -eq 1 ]
+    done
+    say "Pictures: the page by itself, and in the desktop host, in light and dark colours:"
+    rm -rf "$data"
+    in_demo hxctl screenshot measurement build/measurement.png
+    in_demo build/release/bin/hxhost --picture build/hxhost.png && echo build/hxhost.png
+    in_demo build/release/bin/hxhost --picture build/hxhost_dark.png --dark --locale de-DE && echo build/hxhost_dark.png
 }
 
 # A scanner that is not there, in a folder of its own: its presets, a session that loses the connection, and what the

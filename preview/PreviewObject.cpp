@@ -1,6 +1,7 @@
 #include "preview/PreviewObject.h"
 
 #include "hxapi/HXPreviewClasses.h"
+#include "hxapi/IHXPreviewWatcher.h"
 #include "platform/ui/hwnd.h"
 #include "preview/ColorBlendKey.h"
 #include "preview/PreviewWindow.h"
@@ -24,9 +25,18 @@ const ui::ControlClass PreviewObject::kControlClass{CLSID_HXPreview, L"Field-of-
 
 const DispatchType PreviewObject::kDispatchType{L"IHXPreview", uuid_of<IHXPreview>(), kMembers};
 
+PreviewObject::PreviewObject() : m_watchers(Make<ConnectionPoint>(*this, uuid_of<IHXPreviewWatcher>())) {}
+
+PreviewObject::~PreviewObject() {
+    m_watchers->Disconnect();
+}
+
 HRESULT PreviewObject::Reset() {
     return AtBoundary([&] {
         m_cycles->Clear();
+        for (const ComPtr<IUnknown>& each : m_watchers->Sinks()) {
+            static_cast<IHXPreviewWatcher&>(*each).OnReset();
+        }
         return S_OK;
     });
 }
@@ -45,6 +55,17 @@ HRESULT PreviewObject::OnTrackingCycle(const TrackingCycle* cycle) {
         m_cycles->PutCycle(*cycle);
         return S_OK;
     });
+}
+
+HRESULT PreviewObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
+    return EnumerateConnectionPoint(*m_watchers, points);
+}
+
+HRESULT PreviewObject::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
+    if (point == nullptr) return E_POINTER;
+    *point = nullptr;
+    if (!(iid == uuid_of<IHXPreviewWatcher>())) return CONNECT_E_NOCONNECTION;
+    return ComPtr<IConnectionPoint>(m_watchers).copy_to(point);
 }
 
 // A container that says nothing of its language gets the module's own.

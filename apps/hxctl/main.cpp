@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "apps/hxctl/command.h"
+#include "apps/hxctl/page/page_arguments.h"
 #include "apps/hxctl/registry_reports.h"
 #include "apps/hxctl/scanner/scanner_arguments.h"
 #include "apps/hxctl/screenshot/screenshot_arguments.h"
@@ -27,6 +28,7 @@ public:
         AddKeys(app);
         AddLog(app);
         m_scanner.Add(app);
+        m_page.Add(app);
         m_screenshot.Add(app);
         for (CLI::App* command : app.get_subcommands({})) AddJson(*command);
     }
@@ -152,6 +154,7 @@ private:
     bool m_tree = false;
     bool m_json = false;
     hxctl::ScannerArguments m_scanner{m_run, m_json};
+    hxctl::PageArguments m_page{m_run, m_json};
     hxctl::ScreenshotArguments m_screenshot{m_run, m_json};
 };
 

@@ -86,6 +86,11 @@ const ProfileRow& CProfileListBox::Row(int32_t index) const {
     return m_entries.at(static_cast<size_t>(index)).row;
 }
 
+ui::RowFacts CProfileListBox::FactsOf(int32_t index) const {
+    const ProfileRow& row = Row(index);
+    return {row.name, row.user_defined != 0, row.modified};
+}
+
 bool CProfileListBox::IsModified(std::wstring_view name) const {
     const Entry* const entry = EntryAt(FindByName(name));
     return entry != nullptr && entry->row.modified;

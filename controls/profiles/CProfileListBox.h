@@ -44,6 +44,8 @@ public:
     // Internal; "" if no row is selected.
     std::wstring SelectedName() const;
     const ProfileRow& Row(int32_t index) const;
+    // The key is the internal name.
+    ui::RowFacts FactsOf(int32_t index) const override;
     // The row takes the place and text that go with the mark, and is selected.
     void MarkModified(int32_t index, bool modified);
     void MarkModified(std::wstring_view name, bool modified);

@@ -41,6 +41,8 @@ concept TakesArguments = requires(Page& page, const std::wstring& name, SAFEARRA
 template <class Page, const ui::FullControlClass& kClass>
 class ConfigCtrl final
     : public ui::FullControlObject<ConfigCtrl<Page, kClass>, SingleThreaded, DHXConfigCtrl, IDispatch> {
+    using Base = ui::FullControlObject<ConfigCtrl, SingleThreaded, DHXConfigCtrl, IDispatch>;
+
 public:
     static constexpr const ui::FullControlClass& kControlClass = kClass;
     static constexpr DispatchType kDispatchType =
@@ -74,6 +76,7 @@ public:
             return S_OK;
         });
     }
+    using Base::Save;  // of a stream
     HRESULT STDMETHODCALLTYPE Save(BOOL* may_close) override {
         return Call([&](auto& page) {
             if constexpr (Commits<Page>) {
@@ -88,12 +91,13 @@ public:
         const ComPtr<ConfigCtrl> self(this);
         try {
             const auto pass = [&](auto& page) {
-                if constexpr (!TakesArguments<Page>)
-                    return DISP_E_MEMBERNOTFOUND;
-                else
+                if constexpr (TakesArguments<Page>) {
                     page.Initialise(TextOf(driver_internal_name), TextOf(device_internal_name),
                                     TextOf(function_name), arguments);
-                return S_OK;
+                    return S_OK;
+                } else {
+                    return DISP_E_MEMBERNOTFOUND;
+                }
             };
             return pass(*CurrentPage());
         } catch (const MException&) {
@@ -114,8 +118,6 @@ public:
     StockTexts& Texts() { return m_texts; }
 
 private:
-    using Base = ui::FullControlObject<ConfigCtrl, SingleThreaded, DHXConfigCtrl, IDispatch>;
-
     std::unique_ptr<ui::Window> MakeWindow() override {
         return std::make_unique<ControlWindow>(!this->IsInUserMode());
     }
@@ -124,11 +126,13 @@ private:
         auto& own = static_cast<ControlWindow&>(window);
         if (own.IsDesigned()) return S_OK;
         const std::shared_ptr<Page> page = CurrentPage();
+        m_is_shown = true;
         if (const auto failure = page->Create(MResourceLocale::ResourceModule(), Page::kTemplate, &own)) {
+            // It can be tried again.
+            m_is_shown = false;
             LogDialogError(*failure);
             return FAILED(failure->result) ? failure->result : E_FAIL;
         }
-        m_is_shown = true;
         // The host may have closed the control meanwhile.
         if (!page->IsCreated()) return E_ABORT;
         page->Move(own.PageBounds());

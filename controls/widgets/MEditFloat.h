@@ -17,6 +17,7 @@ public:
     bool Parse();
     // An empty text is valid unless the argument says otherwise; any other one if it is a number.
     bool IsValid(bool empty_is_invalid = false) const;
+    bool HoldsValidText() const override { return IsValid(); }
     // The last number that there was.
     double Value() const { return m_value; }
     // Numbers beyond are taken as the nearest bound.

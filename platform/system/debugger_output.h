@@ -8,16 +8,12 @@
 
 namespace hx {
 
-// Where it goes; must not throw. Any thread.
-using DebuggerOutput = void (*)(std::wstring_view text);
-
-// The standard error output; to be set where it is wanted.
-HX_PLATFORM_API void WriteToStandardError(std::wstring_view text);
-
-// Nothing happens to it unless a receiver was set. Never throws.
+// Goes to the standard error output if the environment has a variable HX_DEBUGGER_OUTPUT, else nowhere.
 HX_PLATFORM_API void WriteDebuggerOutput(std::wstring_view text) noexcept;
 
-// Null for none. Gives the one before, null likewise.
+// Gets the texts instead from now on, on any thread; must not throw. Null brings back what was without it.
+// Gives the one before, null likewise.
+using DebuggerOutput = void (*)(std::wstring_view text);
 HX_PLATFORM_API DebuggerOutput SetDebuggerOutput(DebuggerOutput receiver);
 
 }  // namespace hx

@@ -60,6 +60,11 @@ ComPtr<IUnknown> ComponentControl::Component() const {
     return m_site ? m_site->Component() : nullptr;
 }
 
+Window* ComponentControl::Inner() const {
+    const ComPtr<ComponentSite> site = m_site;
+    return site ? site->ComponentWindow() : nullptr;
+}
+
 void ComponentControl::Detach() {
     const ComPtr<ComponentSite> site = std::move(m_site);
     Control::Detach();

@@ -24,6 +24,8 @@ public:
     // Empty unless active.
     ComPtr<IUnknown> Component() const;
 
+    Window* Inner() const override;
+
     // Closes it.
     void Detach() override;
 

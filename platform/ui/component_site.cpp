@@ -7,14 +7,30 @@
 namespace hx::ui {
 
 HRESULT ComponentSite::Open(REFCLSID clsid, const Window& parent, const Rectangle& bounds, bool visible) {
+    Place(parent, bounds, visible);
+    ComPtr<IUnknown> component;
+    const HRESULT created =
+        CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, uuid_of<IUnknown>(), component.put_void());
+    if (SUCCEEDED(created)) return OpenHere(component.as<IOleObject>());
+    m_closed = true;
+    return created;
+}
+
+HRESULT ComponentSite::Open(const ComPtr<IOleObject>& object, const Window& parent, const Rectangle& bounds,
+                            bool visible) {
+    Place(parent, bounds, visible);
+    return OpenHere(object);
+}
+
+// Before there is a component, which may move or close the site while it is made.
+void ComponentSite::Place(const Window& parent, const Rectangle& bounds, bool visible) {
     m_parent = parent.Handle();
     m_bounds = bounds;
     m_visible = visible;
-    ComPtr<IUnknown> component;
-    HRESULT result =
-        CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, uuid_of<IUnknown>(), component.put_void());
-    const ComPtr<IOleObject> object = component.as<IOleObject>();
-    if (SUCCEEDED(result)) result = object ? Embed(object) : E_NOINTERFACE;
+}
+
+HRESULT ComponentSite::OpenHere(ComPtr<IOleObject> object) {
+    const HRESULT result = object ? Embed(object) : E_NOINTERFACE;
     if (SUCCEEDED(result)) return S_OK;
     // Also if it was closed meanwhile: a call that was still running may have undone that.
     m_closed = true;

@@ -24,9 +24,16 @@ public:
     // was closed meanwhile, E_FAIL if the component did not activate itself though it says so. On failure it
     // is closed.
     HRESULT Open(REFCLSID clsid, const Window& parent, const Rectangle& bounds, bool visible);
+    // The same with one that the container has created and set up. On failure it is taken down like any
+    // other.
+    HRESULT Open(const ComPtr<IOleObject>& object, const Window& parent, const Rectangle& bounds,
+                 bool visible);
     bool IsOpen() const { return static_cast<bool>(m_in_place); }
     // Empty unless open.
     ComPtr<IUnknown> Component() const { return IsOpen() ? m_object.as<IUnknown>() : nullptr; }
+
+    // That the component shows itself in; null unless open, or if it is none of this process.
+    Window* ComponentWindow() const;
 
     void Move(const Rectangle& bounds);
     void Show(bool visible);
@@ -69,11 +76,10 @@ public:
                                      UINT* bad_argument) override;
 
 private:
+    void Place(const Window& parent, const Rectangle& bounds, bool visible);
+    HRESULT OpenHere(ComPtr<IOleObject> object);
     HRESULT Embed(const ComPtr<IOleObject>& object);
     static void TakeDown(const ComPtr<IOleObject>& object);
-    // That the component shows itself in; null if it is none of this process.
-    Window* ComponentWindow() const;
-
     const LCID m_locale;
     WindowHandle m_parent = 0;
     Rectangle m_bounds;

@@ -14,6 +14,7 @@
 namespace hx::ui {
 
 class Dialog;
+class Window;
 
 enum class ControlKind { static_text, button, check_box, edit, combo_box, list_box, track_bar, component };
 
@@ -68,6 +69,8 @@ public:
 
     bool HasFocus() const;
     void SetFocus();
+    // That of the component that is embedded here; null for none, and for all other kinds.
+    virtual Window* Inner() const { return nullptr; }
     // To be painted anew: soon, or before this returns.
     void Invalidate(bool now = false);
 

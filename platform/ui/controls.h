@@ -67,6 +67,9 @@ public:
     void SetSelection(Selection selection);
     void SelectAll() { SetSelection({0, Text().size()}); }
 
+    // Whether the text is one of those that the edit is for; tools and assistive technology ask.
+    virtual bool HoldsValidText() const { return true; }
+
     void UserEnter(std::wstring text, Selection selection);
     void UserSelect(Selection selection);
     void OnFocus(bool gained) override;
@@ -119,8 +122,8 @@ public:
     // Tells nobody.
     void SetPosition(int32_t position);
     // Moved by `code`; with TB_THUMBTRACK and TB_THUMBPOSITION to the position, otherwise as far as the code
-    // says.
-    void UserScroll(uint32_t code, int32_t position = 0);
+    // says, so many times. The dialog is told once.
+    void UserScroll(uint32_t code, int32_t position = 0, int32_t times = 1);
     // What a key, or a notch of the wheel away from the person or towards, moves it by; nothing if it does
     // not.
     std::optional<uint32_t> CodeOfKey(uint32_t key) const;

@@ -208,7 +208,9 @@ void Dialog::Forget(Control& control) {
 
 void Dialog::OnDestroy() {
     if (!m_result) m_result = static_cast<int32_t>(IDCANCEL);
-    Release();
+    const WindowHandle handle = Handle();
+    LeaveFocus();
+    if (FromHandle(handle) == this) Release();
 }
 
 }  // namespace hx::ui

@@ -58,7 +58,8 @@ public:
     // A length in dialog units, by the dialog's font.
     Rectangle FromDialogUnits(const DialogRectangle& units) const;
 
-    // Null for none. Edit's selection stays; what loses the focus is told.
+    // Null for none; the component that it is in. Edit's selection stays; what loses the focus is told. A
+    // component gives it to its first tab stop.
     Control* Focused() const { return m_focused; }
     void SetFocus(Control* control);
     // What Enter presses; null for none.
@@ -81,15 +82,9 @@ public:
     // `code` is TB_...; the position is where the track bar stands now.
     virtual void OnScroll(TrackBar& /*track_bar*/, uint32_t /*code*/, int32_t /*position*/) {}
 
-    // Called by a renderer: the focus went there, null for out of the dialog; Enter and Escape; Tab.
+    // Called by a renderer: the focus went there, null for out of the dialog.
     void UserFocus(Control* control);
-    // True if the dialog did something with it: Enter presses the default button (or the button that has the
-    // focus), Escape and closing a frame the one with IDCANCEL.
-    bool UserKey(uint32_t key);
-    // The control with that mnemonic, or the one that it labels, gets the focus or is pressed; false if there
-    // is none.
-    bool UserMnemonic(wchar_t character);
-    // Where Tab (or with Shift) goes; null if nowhere.
+    // The tab stop behind it or before it, in the dialog and what is embedded in it; null for none.
     Control* NextTabStop(const Control* from, bool backwards) const;
     // As Escape.
     void OnClose() override;
@@ -105,6 +100,9 @@ protected:
     virtual void OnOk() { EndDialog(static_cast<int32_t>(IdOfOk())); }
     virtual void OnCancel();
     void OnSize(const Size& size) override;
+    // Enter presses the button that has the focus, or the default button, Escape the one with IDCANCEL.
+    bool TakeKey(uint32_t key) override;
+    bool TakeMnemonic(wchar_t character) override;
     void OnDestroy() override;
     // Controls that are neither bound nor simple are made here; null leaves it to the dialog.
     virtual std::unique_ptr<Control> MakeControl(const DialogControl& /*line*/) { return nullptr; }
@@ -124,6 +122,7 @@ private:
     void Forget(Control& control);
     void OnControlEvent(Control& control, uint32_t code);
     void MoveFocus(Control* to, bool tell_view);
+    void LeaveFocus();
     bool PressCancel();
     void LayOut();
 

@@ -8,16 +8,10 @@
 #include "platform/ui/dialog_kinds.h"
 #include "platform/ui/renderer.h"
 #include "platform/ui/services.h"
+#include "platform/ui/tab_order.h"
 
 namespace hx::ui {
 namespace {
-
-// Where the person's input goes: one dialog at a time has a control with the focus.
-WindowHandle g_focus_dialog = 0;
-
-bool TakesFocus(const Control& control) {
-    return control.Kind() != ControlKind::static_text && control.IsEnabled() && control.IsVisible();
-}
 
 bool IsPressable(const Control& control) {
     return control.IsEnabled() && control.IsVisible();
@@ -33,57 +27,12 @@ Control* Labelled(const std::vector<Control*>& controls, size_t label) {
     const bool frame = static_cast<const StaticText&>(*controls[label]).IsGroup();
     for (size_t i = label + 1; i < controls.size(); ++i) {
         if (!frame && IsNamedByText(controls[i]->Kind())) return nullptr;
-        if (TakesFocus(*controls[i])) return controls[i];
+        if (Control* const target = FocusTarget(*controls[i])) return target;
     }
     return nullptr;
 }
 
 }  // namespace
-
-Control* Dialog::NextTabStop(const Control* from, bool backwards) const {
-    const size_t count = m_controls.size();
-    const auto place = std::find(m_controls.begin(), m_controls.end(), from);
-    const bool inside = place != m_controls.end();
-    const auto start = static_cast<size_t>(place - m_controls.begin());
-    for (size_t step = 1; step <= count; ++step) {
-        // From nowhere, it starts at the first or the last one.
-        const size_t forwards = inside ? start + step : step - 1;
-        const size_t index = backwards ? (start + count - step) % count : forwards % count;
-        Control* const control = m_controls[index];
-        if (control != from && TakesFocus(*control) && (control->Style() & WS_TABSTOP) != 0) return control;
-    }
-    return nullptr;
-}
-
-void Dialog::SetFocus(Control* control) {
-    if (control && (control->Parent() != this || !TakesFocus(*control))) return;
-    MoveFocus(control, true);
-}
-
-void Dialog::UserFocus(Control* control) {
-    if (control && control->Parent() != this) return;
-    MoveFocus(control, false);
-}
-
-// Whoever is told may move the focus elsewhere, or destroy the dialog.
-void Dialog::MoveFocus(Control* to, bool tell_view) {
-    if (to == m_focused) return;
-    const WindowHandle handle = Handle();
-    const Attachment lost = m_focused ? Attachment(*m_focused) : Attachment();
-    Control* const from = m_focus_told ? m_focused : nullptr;
-    m_focused = to;
-    m_focus_told = false;
-    if (tell_view && View()) View()->OnFocus();
-    if (to) {
-        Window* const other = g_focus_dialog == handle ? nullptr : FromHandle(g_focus_dialog);
-        g_focus_dialog = handle;
-        if (Dialog* const dialog = other ? other->AsDialog() : nullptr) dialog->MoveFocus(nullptr, true);
-    }
-    if (from && lost.Get()) from->OnFocus(false);
-    if (FromHandle(handle) != this || !to || m_focused != to || m_focus_told) return;
-    m_focus_told = true;
-    to->OnFocus(true);
-}
 
 Button* Dialog::DefaultButton() const {
     return m_default_button;
@@ -120,7 +69,15 @@ void Dialog::OnClose() {
     PressCancel();
 }
 
-bool Dialog::UserKey(uint32_t key) {
+bool Window::UserKey(uint32_t key, bool shift) {
+    if (key == VK_TAB) return UserTab(shift);
+    for (Window* window = this; window; window = window->Container()) {
+        if (window->TakeKey(key)) return true;
+    }
+    return false;
+}
+
+bool Dialog::TakeKey(uint32_t key) {
     if (key == VK_ESCAPE) return PressCancel();
     if (key != VK_RETURN) return false;
     auto* button = dynamic_cast<Button*>(m_focused);
@@ -130,7 +87,23 @@ bool Dialog::UserKey(uint32_t key) {
     return true;
 }
 
-bool Dialog::UserMnemonic(wchar_t character) {
+bool Window::UserMnemonic(wchar_t character) {
+    for (Window* window = this; window; window = window->Container()) {
+        if (window->TakeMnemonic(character)) return true;
+    }
+    return Top()->OfferMnemonic(character);
+}
+
+bool Window::OfferMnemonic(wchar_t character) {
+    if (TakeMnemonic(character)) return true;
+    for (Window* const child : m_children) {
+        const bool seen = child->m_kind == WindowKind::child && child->m_visible;
+        if (seen && child->OfferMnemonic(character)) return true;
+    }
+    return false;
+}
+
+bool Dialog::TakeMnemonic(wchar_t character) {
     const wchar_t letter = FoldCase(character);
     if (letter == 0 || m_controls.empty()) return false;
     // Beginning behind the control with the focus, so that those of the same letter take turns.

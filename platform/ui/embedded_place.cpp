@@ -67,6 +67,10 @@ HRESULT EmbeddedWindow::Place::MakeShownWindow(IWindowMaker& maker, IOleInPlaceS
     window->Create(WindowKind::child, parent, bounds);
     if (!window->IsCreated()) return E_FAIL;
     m_window = window;
+    window->WatchFocus([weak = weak_from_this()](bool within) {
+        const std::shared_ptr<Place> place = weak.lock();
+        if (place) within ? place->UIActivate() : place->UIDeactivate();
+    });
     const HRESULT ready = maker.OnWindowCreated(*window);
     if (FAILED(ready)) return ready;
     if (m_deactivations != deactivations) return E_ABORT;

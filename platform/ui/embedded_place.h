@@ -12,7 +12,7 @@
 
 namespace hx::ui {
 
-class EmbeddedWindow::Place final : public MessageWindow {
+class EmbeddedWindow::Place final : public MessageWindow, public std::enable_shared_from_this<Place> {
 public:
     Place(IOleClientSite* site, std::shared_ptr<const void> keeps_loaded);
     ~Place() override;

@@ -58,7 +58,11 @@ HRESULT EmbeddedWindow::DoVerb(IWindowMaker& maker, LONG verb, const RECT* place
         if (place) window->Move(ToRectangle(*place));
         window->Show(true);
     }
-    return verb == OLEIVERB_PRIMARY || verb == OLEIVERB_UIACTIVATE ? here->UIActivate() : S_OK;
+    if (verb != OLEIVERB_PRIMARY && verb != OLEIVERB_UIACTIVATE) return S_OK;
+    const HRESULT told = here->UIActivate();
+    Window* const window = SUCCEEDED(told) ? here->Active() : nullptr;
+    if (window && !window->FocusedWithin()) window->FocusFirst();
+    return told;
 }
 
 HRESULT EmbeddedWindow::SetExtent(DWORD aspect, const SIZEL* size) {

@@ -40,6 +40,10 @@ struct FullControlClass : ControlClass {
     IID events;
 };
 
+// The class's own interface may have methods that are called as one of these, as Save.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+
 template <class Self, class Base>
 class FullControlMethods : public Base {
 public:
@@ -148,6 +152,8 @@ private:
     const ComPtr<ConnectionPoint> m_events;
     bool m_dirty = true;  // a new one has never been stored
 };
+
+#pragma GCC diagnostic pop
 
 template <class Self, class Threading, class First, class... Others>
 using FullControlObject = FullControlMethods<

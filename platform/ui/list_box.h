@@ -17,12 +17,21 @@ struct RowDrawing {
     bool enabled = true;   // the list
 };
 
+// What tools and assistive technology can ask about a row; a list that has no such notions tells the text.
+struct RowFacts {
+    std::wstring key;     // names the row whatever the language
+    bool own = false;     // made by the person rather than delivered
+    bool marked = false;  // has changes that are not stored
+};
+
 class HX_PLATFORM_API ListBox : public Control {
 public:
     ListBox() : Control(ControlKind::list_box) {}
 
     int32_t Count() const { return static_cast<int32_t>(m_rows.size()); }
     const std::wstring& RowText(int32_t index) const { return m_rows.at(static_cast<size_t>(index)); }
+    // Of a row that there is.
+    virtual RowFacts FactsOf(int32_t index) const { return {RowText(index), false, false}; }
     // Before the row that is now there, or at the end. The selected row stays it.
     void Insert(int32_t index, std::wstring text);
     // The selection is gone if it was that row.

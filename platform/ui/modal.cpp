@@ -22,7 +22,10 @@ std::vector<WindowHandle>& InFront() {
 class FocusKept {
 public:
     explicit FocusKept(const Window* owner) {
-        for (const Window* window = owner; window; window = window->Parent()) Remember(*window);
+        for (const Window* window = owner; window && !m_control; window = window->Parent()) {
+            m_control = window->FocusedWithin();
+        }
+        if (m_control) m_attachment = Attachment(*m_control);
     }
     void Restore() const {
         Dialog* const dialog = m_attachment.Get();
@@ -30,13 +33,6 @@ public:
     }
 
 private:
-    void Remember(const Window& window) {
-        const Dialog* const dialog = const_cast<Window&>(window).AsDialog();
-        if (m_control || !dialog || !dialog->Focused()) return;
-        m_control = dialog->Focused();
-        m_attachment = Attachment(*m_control);
-    }
-
     Control* m_control = nullptr;
     Attachment m_attachment;
 };

@@ -72,6 +72,8 @@ public:
     virtual FontUnits DialogFont(const std::wstring& face, uint32_t points) const = 0;
     virtual Size TextExtent(std::wstring_view text) const = 0;
     virtual Colour ColourOf(SystemColour colour) const = 0;
+    // Where a window may be of the screen that most of it is on, or of the main one if it is on none.
+    virtual Rectangle WorkArea(const Rectangle& window) const = 0;
     // The screen's, at 100 %: 96.
     virtual int32_t VerticalDotsPerInch() const = 0;
 

@@ -44,7 +44,10 @@ Dialog* StillOpen(WindowHandle handle) {
 void Press(IUser& user, Dialog& dialog, const Script::Answer& answer) {
     switch (answer.by) {
         case Script::Answer::By::button:
-            if (Control* const button = dialog.Find(answer.button)) user.Click(*button);
+            if (Control* const button =
+                    dialog.Find(answer.find_button ? answer.find_button(dialog) : answer.button)) {
+                user.Click(*button);
+            }
             break;
         case Script::Answer::By::enter:
             user.Key(dialog, VK_RETURN);

@@ -26,7 +26,9 @@ public:
         // What is pressed in the end: the button of that id, a key, or the sign in the frame's corner.
         enum class By { button, enter, escape, close } by = By::button;
         uint32_t button = 0;
-        std::optional<std::wstring> typed;  // into the dialog's first edit, before
+        std::optional<std::wstring> typed = {};  // into the dialog's first edit, before
+        // The button's id where it depends on the dialog; 0 for none that there is.
+        std::function<uint32_t(const Dialog&)> find_button = {};
     };
     struct Modal {
         std::wstring title;
@@ -50,6 +52,9 @@ public:
     // Queued; a dialog that is still there after an answer gets the next one.
     void AnswerModal(Answer answer) { m_answers.push_back(std::move(answer)); }
     void AnswerMenu(uint32_t command) { m_commands.push_back(command); }
+
+    // Of menus that did not come up.
+    void DropMenuAnswers() { m_commands.clear(); }
 
     std::vector<Modal> TakeModals();
     std::vector<Box> TakeBoxes();

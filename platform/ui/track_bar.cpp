@@ -65,20 +65,20 @@ void TrackBar::SetPosition(int32_t position) {
     Changed(ControlChange::value);
 }
 
-void TrackBar::UserScroll(uint32_t code, int32_t position) {
+void TrackBar::UserScroll(uint32_t code, int32_t position, int32_t times) {
     const auto by = [this](int64_t distance) { return Clamped(m_position + distance, m_minimum, m_maximum); };
     switch (code) {
         case TB_LINEUP:
-            SetPosition(by(-int64_t{m_line_size}));
+            SetPosition(by(-int64_t{m_line_size} * times));
             break;
         case TB_LINEDOWN:
-            SetPosition(by(m_line_size));
+            SetPosition(by(int64_t{m_line_size} * times));
             break;
         case TB_PAGEUP:
-            SetPosition(by(-int64_t{m_page_size}));
+            SetPosition(by(-int64_t{m_page_size} * times));
             break;
         case TB_PAGEDOWN:
-            SetPosition(by(m_page_size));
+            SetPosition(by(int64_t{m_page_size} * times));
             break;
         case TB_TOP:
             SetPosition(m_minimum);

@@ -39,6 +39,9 @@ public:
     virtual bool Close(Window& frame) = 0;
     // A click that the machine has noticed and no window has been told of: done at the next Pump.
     virtual void QueueClick(Control& control) = 0;
+    // A move of the mouse that drags the thumb there, likewise. Of moves that wait one after the other, only
+    // the last is done.
+    virtual void QueueDrag(TrackBar& track_bar, int32_t position) = 0;
 
 protected:
     ~IUser() = default;

@@ -50,6 +50,12 @@ Window* Window::FromHandle(WindowHandle handle) {
     return found->second.window;
 }
 
+Window* Window::Top() {
+    Window* window = this;
+    while (window->Container()) window = window->Container();
+    return window;
+}
+
 void Window::Create(WindowKind kind, Window* parent, const Rectangle& bounds) {
     IRenderer* const renderer = CurrentRenderer();
     if (m_view || !renderer) return;
@@ -89,6 +95,7 @@ void Window::Remove() {
     m_visible = false;
     if (m_parent) std::erase(m_parent->m_children, this);
     m_parent = nullptr;
+    m_focus_within = false;
     m_destroying = false;
 }
 
@@ -131,7 +138,7 @@ void Window::TellShown(bool shown) {
     }
     // What is not to be seen cannot have the focus.
     const WindowHandle own_handle = Handle();
-    if (Dialog* const dialog = shown ? nullptr : AsDialog()) dialog->UserFocus(nullptr);
+    if (Dialog* const dialog = shown ? nullptr : AsDialog()) dialog->SetFocus(nullptr);
     if (FromHandle(own_handle) != this) return;
     OnShown(shown);
     for (const WindowHandle handle : children) {

@@ -2,6 +2,7 @@
 // are windows that controls do it for. The current renderer shows it. On the thread of the user interface.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 
 namespace hx::ui {
 
+class Control;
 class Dialog;
 class IPainter;
 class IWindowView;
@@ -34,6 +36,10 @@ public:
     WindowKind Kind() const { return m_kind; }
     // Null for none.
     Window* Parent() const { return m_parent; }
+    // What it is a part of: its parent, unless it is a frame.
+    Window* Container() const { return m_kind == WindowKind::child ? m_parent : nullptr; }
+    // The outermost one that it is a part of, itself if it is none.
+    Window* Top();
     const std::vector<Window*>& Children() const { return m_children; }
     // That of this thread with the handle, created or not; null if there is none.
     static Window* FromHandle(WindowHandle handle);
@@ -52,6 +58,14 @@ public:
     void SetAccessibleName(std::wstring name);
     void Invalidate(bool now = false);
 
+    // The control that has the focus, if it is in this window or anything embedded in it; else null.
+    Control* FocusedWithin() const;
+    // To the first tab stop in it; false if there is none.
+    bool FocusFirst();
+    // Told with true when the focus has come into the window or anything embedded in it, and with false when
+    // it has left; must not throw.
+    void WatchFocus(std::function<void(bool within)> watch) { m_focus_watch = std::move(watch); }
+
     virtual Dialog* AsDialog() { return nullptr; }
 
     // Called by a renderer. What derived classes do in these, and in those below, must not throw: a toolkit
@@ -59,6 +73,12 @@ public:
     virtual void OnPaint(IPainter& /*painter*/) {}
     // A person has resized or moved it.
     void UserMoved(const Rectangle& bounds);
+    // A key that no control took: Enter and Escape are offered to the dialogs that it is in, the innermost
+    // first; Tab goes through all of the frame. True if somebody did something with it.
+    bool UserKey(uint32_t key, bool shift = false);
+    // The control with that mnemonic, or the one that it labels, gets the focus or is pressed: in the dialogs
+    // that it is in, the innermost first, then in any of the frame. False if there is none.
+    bool UserMnemonic(wchar_t character);
     // A person wants a frame closed; it does not unless whoever owns it destroys it.
     virtual void OnClose() {}
     // What the system shows changed: colours, scale.
@@ -72,6 +92,9 @@ protected:
     virtual void OnSize(const Size& /*size*/) {}
     // It or something that it is a part of was shown or hidden.
     virtual void OnShown(bool /*shown*/) {}
+    // Enter or Escape, and the letter of a mnemonic; true if it did something with it.
+    virtual bool TakeKey(uint32_t /*key*/) { return false; }
+    virtual bool TakeMnemonic(wchar_t /*character*/) { return false; }
     // Before the children are destroyed; the view is still there.
     virtual void OnDestroy() {}
 
@@ -79,7 +102,11 @@ protected:
     void Remove();
 
 private:
+    friend class Dialog;
     void TellShown(bool shown);
+    void TellFocus();
+    bool UserTab(bool backwards);
+    bool OfferMnemonic(wchar_t character);
 
     WindowKind m_kind = WindowKind::child;
     Window* m_parent = nullptr;
@@ -88,6 +115,8 @@ private:
     bool m_visible = false;
     std::wstring m_caption;
     std::wstring m_accessible_name;
+    std::function<void(bool)> m_focus_watch;
+    bool m_focus_within = false;  // was told
     std::unique_ptr<IWindowView> m_view;
     bool m_destroying = false;
 };

@@ -5,12 +5,13 @@
 #include "hxapi/IHXApiInternal.h"
 #include "hxapi/IHXLocale.h"
 #include "hxapi/IHXSimulator.h"
+#include "hxapi/IHXSimulatorPresets.h"
 #include "simulator/api/EventPoint.h"
 
 namespace hx::simulator {
 
 class ApiObject final : public Implements<ApiObject, FreeThreaded, IHXApi, IHXApiInternal, IHXLocale,
-                                          IHXSimulator, IConnectionPointContainer> {
+                                          IHXSimulator, IHXSimulatorPresets, IConnectionPointContainer> {
 public:
     ApiObject();
     ~ApiObject() override;
@@ -47,6 +48,8 @@ public:
     HRESULT STDMETHODCALLTYPE GetOperations(SAFEARRAY** operations) override;
     HRESULT STDMETHODCALLTYPE TakeCalls(BSTR* json) override;
     HRESULT STDMETHODCALLTYPE LogCall(BSTR on, BSTR operation, BSTR arguments) override;
+
+    HRESULT STDMETHODCALLTYPE ReadPresets(BSTR owner, BSTR* json) override;
 
 private:
     ModuleLock m_module_lock;

@@ -16,14 +16,25 @@ protected:
     }
 };
 
-TEST_F(Screenshot, ThePreviewHasAPicture) {
-    const Answer answer =
-        Run("screenshot preview out.png --width 300 --height 200 --scale 2 --dark --locale ja-JP");
-    EXPECT_EQ(answer.exit, 0) << answer.err;
-    EXPECT_EQ(answer.out, "out.png\n");
+TEST_F(Screenshot, PagesAndThePreviewHavePictures) {
+    for (const std::string page : {"preview", "measurement"}) {
+        const std::string file = page + ".png";
+        const Answer answer = Run("screenshot " + page + " " + file +
+                                  " --width 700 --height 500 --scale 2 --dark --locale ja-JP");
+        EXPECT_EQ(answer.exit, 0) << answer.err;
+        EXPECT_EQ(answer.out, file + "\n");
+        EXPECT_EQ(Read(file).substr(1, 3), "PNG");
+        EXPECT_EQ(NumberAt(file, 16), 1400u);
+        EXPECT_EQ(NumberAt(file, 20), 1000u);
+    }
+}
+
+// There is a picture all the same.
+TEST_F(Screenshot, AScriptThatFailsIsTold) {
+    const Answer answer = Run("screenshot measurement out.png --script -", "jump\nselect\n");
+    EXPECT_EQ(answer.exit, 1);
+    EXPECT_NE(answer.err.find("no command \"jump\""), std::string::npos) << answer.err;
     EXPECT_EQ(Read("out.png").substr(1, 3), "PNG");
-    EXPECT_EQ(NumberAt("out.png", 16), 600u);
-    EXPECT_EQ(NumberAt("out.png", 20), 400u);
 }
 
 TEST_F(Screenshot, WhatCannotBeDoneIsSaid) {
@@ -32,6 +43,7 @@ TEST_F(Screenshot, WhatCannotBeDoneIsSaid) {
         int exit;
         const char* reason;
     } rows[] = {{"attic out.png", 2, "no page \"attic\""},
+                {"measurement out.png --script nowhere", 1, "cannot be read"},
                 {"preview out.png --locale xx-nothing", 2, "no locale"},
                 {"preview out.png --surface velvet", 2, "no surface"},
                 {"preview out.png --scale 0", 2, "--scale"},

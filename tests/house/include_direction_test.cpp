@@ -43,8 +43,8 @@ const std::vector<Room>& Rooms() {
         {"bench/", {"controls/", "preview/", "settings/", "core/", "hxapi/", "platform/"}},
         {"fuzz/", {"simulator/", "settings/", "core/", "hxapi/", "platform/"}},
         {"tests/",
-         {"fuzz/", "bench/allocations.h", "apps/hxctl/", "server/", "controls/", "preview/", "simulator/",
-          "settings/", "core/", "hxapi/", "platform/"}},
+         {"fuzz/", "bench/allocations.h", "apps/hosting/", "apps/hxctl/", "apps/hxhost/", "server/",
+          "controls/", "preview/", "simulator/", "settings/", "core/", "hxapi/", "platform/"}},
     };
     return rooms;
 }

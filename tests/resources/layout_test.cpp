@@ -94,8 +94,12 @@ const hx::DialogControl& ControlOf(const hx::DialogTemplate& dialog, uint32_t id
     throw std::out_of_range("no control " + std::to_string(id));
 }
 
-TEST(Layout, ControlsLieInTheirDialogAndApart) {
-    for (const Script& script : Scripts()) {
+class Layout : public testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Modules, Layout, testing::Values(hx_test::kPages, hx_test::kHost));
+
+TEST_P(Layout, ControlsLieInTheirDialogAndApart) {
+    for (const Script& script : Scripts(GetParam())) {
         for (const auto& [id, dialog] : script.resources.dialogs) {
             SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
             const hx::DialogRectangle client = {0, 0, dialog.rectangle.width, dialog.rectangle.height};
@@ -112,9 +116,9 @@ TEST(Layout, ControlsLieInTheirDialogAndApart) {
     }
 }
 
-TEST(Layout, TextsFitTheirControls) {
+TEST_P(Layout, TextsFitTheirControls) {
     constexpr int32_t kTitleButtons = 40;
-    for (const Script& script : Scripts()) {
+    for (const Script& script : Scripts(GetParam())) {
         for (const auto& [id, dialog] : script.resources.dialogs) {
             SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
             EXPECT_LE(TextWidth(dialog.caption), dialog.rectangle.width - kTitleButtons);
@@ -125,11 +129,12 @@ TEST(Layout, TextsFitTheirControls) {
     }
 }
 
-TEST(Layout, TextsThatAreSetLaterFitTheirControls) {
+TEST(LayoutOfModules, TextsThatAreSetLaterFitTheirControls) {
     struct LaterText {
         uint32_t dialog;
         uint32_t control;
         uint32_t string;
+        const char* module = hx_test::kPages;
     };
     constexpr uint32_t kOk = 1;
     constexpr LaterText kLater[] = {
@@ -149,11 +154,16 @@ TEST(Layout, TextsThatAreSetLaterFitTheirControls) {
         {208, 238, 30},
         {208, 242, 30},
         {208, 244, 30},
+        // what the desktop host says in the place of a page, and below it
+        {100, 1003, 2, hx_test::kHost},
+        {100, 1040, 21, hx_test::kHost},
+        {100, 1040, 24, hx_test::kHost},
+        {100, 1040, 25, hx_test::kHost},
     };
     const std::wstring widest_number = L"00000";
-    for (const Script& script : Scripts()) {
-        SCOPED_TRACE(script.tag);
-        for (const LaterText& later : kLater) {
+    for (const LaterText& later : kLater) {
+        for (const Script& script : Scripts(later.module)) {
+            SCOPED_TRACE(script.tag);
             std::wstring text = script.resources.strings.at(later.string);
             if (const size_t number = text.find(L"%d"); number != std::wstring::npos) {
                 text.replace(number, 2, widest_number);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cwctype>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <stdexcept>
 
@@ -32,9 +33,8 @@ Script ReadScript(const fs::path& path, const std::string& tag) {
     return {tag, std::move(*resources)};
 }
 
-std::vector<Script> ReadScripts() {
-    const fs::path folder = fs::path(HX_SOURCE_DIR) / "resources";
-    const std::string module = "HXScannerCtrls";
+std::vector<Script> ReadScripts(const std::string& module) {
+    const fs::path folder = fs::path(HX_SOURCE_DIR) / (module == kHost ? "apps/hxhost" : "resources");
     std::vector<Script> scripts = {ReadScript(folder / (module + ".rc"), "")};
     for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
         const std::string stem = entry.path().stem().string();
@@ -57,13 +57,15 @@ void ForEachItem(const std::vector<hx::MenuItem>& items, const std::string& menu
 
 }  // namespace
 
-const std::vector<Script>& Scripts() {
-    static const std::vector<Script> scripts = ReadScripts();
-    return scripts;
+const std::vector<Script>& Scripts(const std::string& module) {
+    static std::map<std::string, std::vector<Script>> scripts;
+    const auto found = scripts.find(module);
+    return found != scripts.end() ? found->second
+                                  : scripts.emplace(module, ReadScripts(module)).first->second;
 }
 
-const Script& Base() {
-    return Scripts().front();
+const Script& Base(const std::string& module) {
+    return Scripts(module).front();
 }
 
 Kind KindOf(const hx::DialogControl& control) {

@@ -15,9 +15,13 @@ struct Script {
     hx::Resources resources;
 };
 
+// Those with scripts: of the pages, and the desktop host.
+inline constexpr char kPages[] = "HXScannerCtrls";
+inline constexpr char kHost[] = "hxhost";
+
 // The base first, then one script per language. Throws if one of them is no resource script.
-const std::vector<Script>& Scripts();
-const Script& Base();
+const std::vector<Script>& Scripts(const std::string& module = kPages);
+const Script& Base(const std::string& module = kPages);
 
 // The kinds of control that the tests tell apart.
 enum class Kind { label, group, check_box, push_button, edit, combo_box, list_box, slider, component };

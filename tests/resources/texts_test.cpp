@@ -28,14 +28,17 @@ constexpr uint32_t kCustom = 284;  // its text is set when its dialog opens
 constexpr uint32_t kTabStop = 0x10000;
 
 // Words that a language shares with English. Product names are the same everywhere.
-const std::map<std::string, std::set<std::wstring>>& SharedWords() {
-    static const std::map<std::string, std::set<std::wstring>> words = {
-        {"de-DE", {L"HXScannerCtrls", L"Auto"}},
-        {"es-ES", {L"HXScannerCtrls", L"Auto", L"General"}},
-        {"fr-FR", {L"HXScannerCtrls", L"Auto", L"Gain", L"Versions"}},
-        {"ja-JP", {L"HXScannerCtrls"}},
+using WordsByTag = std::map<std::string, std::set<std::wstring>>;
+const WordsByTag& SharedWords(const std::string& module) {
+    static const std::map<std::string, WordsByTag> words = {
+        {hx_test::kPages,
+         {{"de-DE", {L"HXScannerCtrls", L"Auto"}},
+          {"es-ES", {L"HXScannerCtrls", L"Auto", L"General"}},
+          {"fr-FR", {L"HXScannerCtrls", L"Auto", L"Gain", L"Versions"}},
+          {"ja-JP", {L"HXScannerCtrls"}}}},
+        {hx_test::kHost, {{"de-DE", {L"Operation:"}}, {"es-ES", {}}, {"fr-FR", {}}, {"ja-JP", {}}}},
     };
-    return words;
+    return words.at(module);
 }
 
 bool IsEnglish(const Script& script) {
@@ -161,9 +164,13 @@ bool NeedsHelp(const hx::DialogControl& control) {
            id == kExposureRows || (id >= kFirstSpeed && id <= kLastSpeed);
 }
 
-TEST(Texts, EveryPromisedLanguageIsThere) {
+class Texts : public testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Modules, Texts, testing::Values(hx_test::kPages, hx_test::kHost));
+
+TEST_P(Texts, EveryPromisedLanguageIsThere) {
     std::set<std::string> tags;
-    for (const Script& script : Scripts()) {
+    for (const Script& script : Scripts(GetParam())) {
         tags.insert(script.tag);
     }
     for (const char* tag : {"", "en-US", "de-DE", "fr-FR", "es-ES", "ja-JP"}) {
@@ -171,9 +178,9 @@ TEST(Texts, EveryPromisedLanguageIsThere) {
     }
 }
 
-TEST(Texts, EveryLanguageHasTheTextsOfTheBaseWithTheirPlaceholdersAndLines) {
-    const std::map<std::string, std::wstring> base = TextsByPlace(Base().resources);
-    for (const Script& script : Scripts()) {
+TEST_P(Texts, EveryLanguageHasTheTextsOfTheBaseWithTheirPlaceholdersAndLines) {
+    const std::map<std::string, std::wstring> base = TextsByPlace(Base(GetParam()).resources);
+    for (const Script& script : Scripts(GetParam())) {
         SCOPED_TRACE(script.tag);
         const std::map<std::string, std::wstring> texts = TextsByPlace(script.resources);
         EXPECT_EQ(base.size(), texts.size());
@@ -188,10 +195,10 @@ TEST(Texts, EveryLanguageHasTheTextsOfTheBaseWithTheirPlaceholdersAndLines) {
     }
 }
 
-TEST(Texts, EveryLanguageHasTheDialogsOfTheBase) {
-    for (const Script& script : Scripts()) {
-        EXPECT_EQ(Base().resources.dialogs.size(), script.resources.dialogs.size());
-        for (const auto& [id, base] : Base().resources.dialogs) {
+TEST_P(Texts, EveryLanguageHasTheDialogsOfTheBase) {
+    for (const Script& script : Scripts(GetParam())) {
+        EXPECT_EQ(Base(GetParam()).resources.dialogs.size(), script.resources.dialogs.size());
+        for (const auto& [id, base] : Base(GetParam()).resources.dialogs) {
             SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
             const auto found = script.resources.dialogs.find(id);
             ASSERT_NE(found, script.resources.dialogs.end());
@@ -209,11 +216,11 @@ TEST(Texts, EveryLanguageHasTheDialogsOfTheBase) {
     }
 }
 
-TEST(Texts, EveryLanguageHasTheMenusOfTheBase) {
-    for (const Script& script : Scripts()) {
+TEST_P(Texts, EveryLanguageHasTheMenusOfTheBase) {
+    for (const Script& script : Scripts(GetParam())) {
         SCOPED_TRACE(script.tag);
-        EXPECT_EQ(Base().resources.menus.size(), script.resources.menus.size());
-        for (const auto& [id, base] : Base().resources.menus) {
+        EXPECT_EQ(Base(GetParam()).resources.menus.size(), script.resources.menus.size());
+        for (const auto& [id, base] : Base(GetParam()).resources.menus) {
             const auto found = script.resources.menus.find(id);
             ASSERT_NE(found, script.resources.menus.end()) << id;
             ExpectSameItems(base.items, found->second.items);
@@ -221,17 +228,18 @@ TEST(Texts, EveryLanguageHasTheMenusOfTheBase) {
     }
 }
 
-TEST(Texts, NothingIsLeftUntranslated) {
-    const std::map<std::string, std::wstring> english = TextsByPlace(Base().resources);
-    for (const Script& script : Scripts()) {
+TEST_P(Texts, NothingIsLeftUntranslated) {
+    const std::map<std::string, std::wstring> english = TextsByPlace(Base(GetParam()).resources);
+    for (const Script& script : Scripts(GetParam())) {
         SCOPED_TRACE(script.tag);
         const std::map<std::string, std::wstring> texts = TextsByPlace(script.resources);
         if (IsEnglish(script)) {
             EXPECT_EQ(english, texts);
             continue;
         }
-        const auto allowed = SharedWords().find(script.tag);
-        ASSERT_NE(allowed, SharedWords().end()) << "name the words that are the same in this language";
+        const auto allowed = SharedWords(GetParam()).find(script.tag);
+        ASSERT_NE(allowed, SharedWords(GetParam()).end())
+            << "name the words that are the same in this language";
         std::set<std::wstring> shared;
         for (const auto& [place, text] : texts) {
             const auto original = english.find(place);
@@ -245,11 +253,11 @@ TEST(Texts, NothingIsLeftUntranslated) {
     }
 }
 
-TEST(Texts, MnemonicsAreUniqueAndReachEveryInput) {
-    for (const Script& script : Scripts()) {
+TEST_P(Texts, MnemonicsAreUniqueAndReachEveryInput) {
+    for (const Script& script : Scripts(GetParam())) {
         for (const auto& [id, dialog] : script.resources.dialogs) {
             SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
-            const hx::DialogTemplate& base = Base().resources.dialogs.at(id);
+            const hx::DialogTemplate& base = Base(GetParam()).resources.dialogs.at(id);
             ClaimedMnemonics claimed;
             for (size_t i = 0; i < dialog.controls.size(); ++i) {
                 const std::wstring& text = dialog.controls[i].text;
@@ -266,7 +274,7 @@ TEST(Texts, MnemonicsAreUniqueAndReachEveryInput) {
     }
 }
 
-TEST(Texts, EveryControlOfTheSettingsPagesHasHelpAndEveryReasonItsWords) {
+TEST(TextsOfPages, EveryControlOfTheSettingsPagesHasHelpAndEveryReasonItsWords) {
     constexpr uint32_t kFirstHelp = 3000;
     constexpr uint32_t kEndOfHelp = 10000;
     for (const Script& script : Scripts()) {
@@ -290,7 +298,7 @@ TEST(Texts, EveryControlOfTheSettingsPagesHasHelpAndEveryReasonItsWords) {
     }
 }
 
-TEST(Texts, HelpIsShortSentencesWithTheSameNumbersInEveryLanguage) {
+TEST(TextsOfPages, HelpIsShortSentencesWithTheSameNumbersInEveryLanguage) {
     constexpr uint32_t kFirst = static_cast<uint32_t>(hx::Disabled::kNotSetUp);
     constexpr uint32_t kEnd = 10000;
     constexpr size_t kMostColumns = 200;  // four lines or so

@@ -1,7 +1,7 @@
 #include "apps/hxctl/scanner/desk.h"
 
+#include "apps/hosting/FaultText.h"
 #include "apps/hxctl/scanner/failed_call.h"
-#include "apps/hxctl/scanner/fault_text.h"
 #include "hxapi/HXApiErrors.h"
 #include "hxapi/HXSimulatorClasses.h"
 #include "hxapi/IDeviceManager.h"
@@ -98,18 +98,22 @@ void Desk::Choose(const ScannerRequest& request) {
 }
 
 void Desk::Inject(const std::string& fault) {
-    const FaultText parsed = ParseFault(fault);
-    const hx::Bstr operation = BstrOf(parsed.operation);
+    const auto parsed = hosting::ParseFault(fault);
+    if (!parsed) {
+        throw WrongUsage("a fault is OPERATION=RESULT, or OPERATION=RESULT:TIMES with * for always, not \"" +
+                         fault + "\"; RESULT is a name such as E_FAIL or a number");
+    }
+    const hx::Bstr operation = BstrOf(parsed->operation);
     HXSimulatorFault injected{};
     injected.operation = operation.get();
-    injected.result = parsed.result;
-    injected.times = parsed.times;
+    injected.result = parsed->result;
+    injected.times = parsed->times;
     const HRESULT result = m_simulator->InjectFault(&injected);
     if (result == HX_E_NOTFOUND) {
-        throw WrongUsage("no operation \"" + parsed.operation + "\": `hxctl scanner list` has them");
+        throw WrongUsage("no operation \"" + parsed->operation + "\": `hxctl scanner list` has them");
     }
     if (result == E_INVALIDARG) {
-        throw WrongUsage(NamedResult(parsed.result) + " is no failure of " + parsed.operation);
+        throw WrongUsage(NamedResult(parsed->result) + " is no failure of " + parsed->operation);
     }
     CheckCall("InjectFault", result);
 }

@@ -1,15 +1,14 @@
 // The picture of the preview: a window that embeds the component, as a dialog does.
 #include <chrono>
-#include <filesystem>
 
 #include "apps/hxctl/scanner/failed_call.h"
 #include "apps/hxctl/scanner/tracking_session.h"
 #include "apps/hxctl/screenshot/cycle_relay.h"
+#include "apps/hxctl/screenshot/picture_file.h"
 #include "apps/hxctl/screenshot/screenshot_command.h"
 #include "hxapi/HXPreviewClasses.h"
 #include "platform/system/locale_data.h"
 #include "platform/system/sleep.h"
-#include "platform/system/utf8.h"
 #include "platform/ui/component_site.h"
 #include "platform/ui/renderer.h"
 
@@ -42,13 +41,6 @@ private:
     const hx::ComPtr<hx::ui::ComponentSite> m_site;
 };
 
-bool Save(Frame& frame, const std::string& file) {
-    std::error_code error;
-    const std::filesystem::path path = std::filesystem::absolute(file, error);
-    const auto name = hx::FromUtf8(path.string());
-    return !error && !path.empty() && name && hx::ui::CurrentRenderer()->SavePicture(frame, *name);
-}
-
 // What is posted and painted is dealt with, until that is so or the time is over.
 template <class Condition>
 bool PumpUntil(Condition condition, std::chrono::milliseconds patience) {
@@ -79,14 +71,13 @@ void Track(const ScreenshotRequest& request, Desk& desk, const hx::ComPtr<IUnkno
 
 void SavePreviewPicture(const ScreenshotRequest& request, Desk& desk, DeskAnswer& answer) {
     Frame frame;
-    const hx::ui::Rectangle inside{0, 0, request.width, request.height};
+    const hx::ui::Rectangle inside{0, 0, request.width.value_or(kPreviewEdge),
+                                   request.height.value_or(kPreviewEdge)};
     frame.Create(hx::ui::WindowKind::frame, nullptr, inside);
     const OpenSite site(request.locale, frame, inside);
     frame.Show(true);
     Track(request, desk, site.Component());
-    if (!Save(frame, request.file)) {
-        throw FailedCall("the picture cannot be written to \"" + request.file + "\"");
-    }
+    SavePicture(frame, request.file);
     answer.json["file"] = request.file;
     answer.text = request.file + "\n";
 }

@@ -9,7 +9,8 @@ namespace hxctl {
 void ScreenshotArguments::Add(CLI::App& app) {
     CLI::App* command = app.add_subcommand(
         "screenshot", "the picture of a page, or of the preview, with a simulated scanner; needs no screen");
-    command->add_option("PAGE", m_request.page, "preview")->required();
+    command->add_option("PAGE", m_request.page, "measurement, or preview: that of the field of view")
+        ->required();
     command->add_option("OUT.png", m_request.file, "the picture")->required();
     AddCommon(*command, m_request.scanner);
     AddSurface(*command, m_request.scanner);
@@ -19,12 +20,10 @@ void ScreenshotArguments::Add(CLI::App& app) {
         ->capture_default_str()
         ->check(CLI::Range(kSmallestScale, kLargestScale));
     command->add_flag("--dark", m_request.dark, "dark colours");
-    command->add_option("--width", m_request.width, "of the window, at 100 %")
-        ->capture_default_str()
-        ->check(CLI::Range(1, 4096));
-    command->add_option("--height", m_request.height, "the same")
-        ->capture_default_str()
-        ->check(CLI::Range(1, 4096));
+    command->add_option("--script", m_request.script,
+                        "of a page, as `hxctl page` has it, before the picture is taken");
+    command->add_option("--width", m_request.width, "of the window, at 100 %")->check(CLI::Range(1, 4096));
+    command->add_option("--height", m_request.height, "the same")->check(CLI::Range(1, 4096));
     command->callback([this] { m_run = [this] { return RunScreenshot(m_request, m_json); }; });
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "apps/hxctl/renderer_in_use.h"
 #include "platform/system/locale_data.h"
 #include "platform/system/utf8.h"
 #include "platform/ui/load_renderer.h"
@@ -16,6 +17,7 @@ struct PageRow {
 };
 constexpr PageRow kPages[] = {
     {"preview", &SavePreviewPicture},
+    {"measurement", &SavePagePicture},
 };
 
 // As many as an 8K screen has: more take minutes.
@@ -26,25 +28,14 @@ std::string WrongSize(const ScreenshotRequest& request) {
     if (!(request.scale >= kSmallestScale && request.scale <= kLargestScale)) {
         return "--scale: no number between 0.5 and 4";
     }
-    if (request.width * request.scale * request.height * request.scale > kMostPixels) {
+    const int width = request.width.value_or(kPreviewEdge);
+    const int height = request.height.value_or(kPreviewEdge);
+    if (width * request.scale * height * request.scale > kMostPixels) {
         return "the picture is too large: --width and --height times --scale make more than 33 million "
                "pixels";
     }
     return {};
 }
-
-// The renderer is the current one until the end of this.
-class RendererInUse {
-public:
-    explicit RendererInUse(std::shared_ptr<hx::ui::IRenderer> renderer)
-        : m_before(hx::ui::SetRenderer(std::move(renderer))) {}
-    ~RendererInUse() { hx::ui::SetRenderer(m_before); }
-    RendererInUse(const RendererInUse&) = delete;
-    RendererInUse& operator=(const RendererInUse&) = delete;
-
-private:
-    const std::shared_ptr<hx::ui::IRenderer> m_before;
-};
 
 }  // namespace
 

@@ -13,6 +13,7 @@ namespace {
 
 constexpr FontUnits kFont = {6, 13};
 constexpr int32_t kDotsPerInch = 96;
+constexpr Rectangle kScreen{0, 0, 1920, 1080};
 
 class Renderer final : public HeadlessRenderer {
 public:
@@ -38,14 +39,15 @@ public:
     FontUnits DialogFont(const std::wstring& /*face*/, uint32_t /*points*/) const override { return kFont; }
     Size TextExtent(std::wstring_view text) const override { return HeadlessTextExtent(text); }
     Colour ColourOf(SystemColour colour) const override { return HeadlessColour(colour, m_dark); }
+    Rectangle WorkArea(const Rectangle& /*window*/) const override { return kScreen; }
     int32_t VerticalDotsPerInch() const override { return kDotsPerInch; }
 
     void ShowWaitCursor(bool shown) override { m_wait_cursors += shown ? 1 : -1; }
-    void DiscardMouseMessages() override { m_discarded += m_user.DropQueuedClicks(); }
+    void DiscardMouseMessages() override { m_discarded += m_user.DropQueued(); }
     void Pump() override {
         constexpr int kRounds = 100;  // whoever posts to himself for ever does not hold up the caller
         for (int round = 0; round < kRounds; ++round) {
-            if (m_user.DoQueuedClicks() + DispatchWaitingMessages() == 0) break;
+            if (m_user.DoQueued() + DispatchWaitingMessages() == 0) break;
         }
     }
     IUser& User() override { return m_user; }

@@ -19,12 +19,10 @@ bool IsReachable(const Control& control) {
     return control.Parent() && IsReachable(*control.Parent()) && control.IsEnabled() && control.IsVisible();
 }
 
-// A key that has to do with the dialog rather than with one control of it.
-bool DoDialogKey(Dialog& dialog, uint32_t key, bool shift) {
-    if (key != VK_TAB) return dialog.UserKey(key);
-    Control* const next = dialog.NextTabStop(dialog.Focused(), shift);
-    if (next) dialog.UserFocus(next);
-    return next != nullptr;
+// Where keys go that are pressed in the dialog.
+Dialog& InnermostOf(Dialog& dialog) {
+    const Control* const focused = dialog.FocusedWithin();
+    return focused ? *focused->Parent() : dialog;
 }
 
 bool IsControlCharacter(wchar_t character) {
@@ -35,7 +33,10 @@ bool IsControlCharacter(wchar_t character) {
 }  // namespace
 
 bool HeadlessUser::Focus(Control& control) {
-    if (!IsReachable(control) || control.Kind() == ControlKind::static_text) return false;
+    if (!IsReachable(control) || control.Kind() == ControlKind::static_text ||
+        control.Kind() == ControlKind::component) {
+        return false;
+    }
     const Attachment attachment(control);
     control.Parent()->UserFocus(&control);
     return attachment.Get() && control.HasFocus();
@@ -43,7 +44,7 @@ bool HeadlessUser::Focus(Control& control) {
 
 bool HeadlessUser::Leave(Control& control) {
     if (!control.HasFocus() || !IsReachable(*control.Parent())) return false;
-    control.Parent()->UserFocus(control.Parent()->NextTabStop(&control, false));
+    if (!control.Parent()->UserKey(VK_TAB)) control.Parent()->UserFocus(nullptr);
     return true;
 }
 
@@ -142,7 +143,7 @@ bool HeadlessUser::Key(Control& control, uint32_t key) {
     if (control.OnKeyDown(key) || !attachment.Get()) return true;
     const bool of_dialog = key == VK_TAB || key == VK_RETURN || key == VK_ESCAPE;
     if (of_dialog) {
-        DoDialogKey(*attachment.Get(), key, false);
+        attachment.Get()->UserKey(key);
     } else {
         DoKey(control, key);
     }
@@ -151,13 +152,14 @@ bool HeadlessUser::Key(Control& control, uint32_t key) {
 
 bool HeadlessUser::Key(Dialog& dialog, uint32_t key, bool shift) {
     if (!IsReachable(dialog)) return false;
-    if (dialog.Focused() && !shift) return Key(*dialog.Focused(), key);
-    DoDialogKey(dialog, key, shift);
+    Control* const focused = dialog.FocusedWithin();
+    if (focused && !shift) return Key(*focused, key);
+    InnermostOf(dialog).UserKey(key, shift);
     return true;
 }
 
 bool HeadlessUser::Mnemonic(Dialog& dialog, wchar_t letter) {
-    return IsReachable(dialog) && dialog.UserMnemonic(letter);
+    return IsReachable(dialog) && InnermostOf(dialog).UserMnemonic(letter);
 }
 
 bool HeadlessUser::Close(Window& frame) {
@@ -167,7 +169,11 @@ bool HeadlessUser::Close(Window& frame) {
 }
 
 void HeadlessUser::QueueClick(Control& control) {
-    m_clicks.Add(control);
+    m_queued.AddClick(control);
+}
+
+void HeadlessUser::QueueDrag(TrackBar& track_bar, int32_t position) {
+    m_queued.AddDrag(track_bar, position);
 }
 
 }  // namespace hx::ui

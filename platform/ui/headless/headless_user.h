@@ -1,7 +1,7 @@
 // Somebody at a machine without a screen: does to the controls what a renderer would when a person did it.
 #pragma once
 
-#include "platform/ui/queued_clicks.h"
+#include "platform/ui/queued_input.h"
 #include "platform/ui/user.h"
 
 namespace hx::ui {
@@ -25,12 +25,13 @@ public:
     bool Mnemonic(Dialog& dialog, wchar_t letter) override;
     bool Close(Window& frame) override;
     void QueueClick(Control& control) override;
+    void QueueDrag(TrackBar& track_bar, int32_t position) override;
 
-    size_t DoQueuedClicks() { return m_clicks.Do(*this); }
-    size_t DropQueuedClicks() { return m_clicks.Drop(); }
+    size_t DoQueued() { return m_queued.Do(*this); }
+    size_t DropQueued() { return m_queued.Drop(); }
 
 private:
-    QueuedClicks m_clicks;
+    QueuedInput m_queued;
     const TrackBar* m_dragged = nullptr;  // compared only
 };
 

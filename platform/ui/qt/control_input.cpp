@@ -9,16 +9,9 @@
 #include "platform/ui/qt/keys.h"
 #include "platform/ui/qt/released.h"
 #include "platform/ui/services.h"
+#include "platform/ui/tab_order.h"
 
 namespace hx::ui {
-
-bool GiveToDialogs(Window* window, uint32_t key) {
-    for (; window; window = window->Parent()) {
-        if (Dialog* const dialog = window->AsDialog(); dialog && dialog->UserKey(key)) return true;
-        if (window->Kind() == WindowKind::frame) break;
-    }
-    return false;
-}
 
 ControlInput::ControlInput(ControlView& view) : QObject(&view.Widget()), m_view(view) {
     view.Widget().installEventFilter(this);
@@ -35,8 +28,12 @@ bool ControlInput::eventFilter(QObject* watched, QEvent* event) {
             if (!Wants(static_cast<QKeyEvent&>(*event))) return false;
             event->accept();
             return true;
-        case QEvent::KeyPress:
-            return OnKey(static_cast<QKeyEvent&>(*event));
+        case QEvent::KeyPress: {
+            // A key that is held adds to what waits.
+            auto& key = static_cast<QKeyEvent&>(*event);
+            if (!key.isAutoRepeat()) m_view.TellWaiting();
+            return m_view.Model() && control->Parent() && OnKey(key);
+        }
         case QEvent::Shortcut:
             return control->Parent()->UserMnemonic(MnemonicOf(control->Text()));
         case QEvent::FocusIn:
@@ -50,7 +47,11 @@ bool ControlInput::eventFilter(QObject* watched, QEvent* event) {
             return true;
         case QEvent::MouseButtonPress: {
             const auto& mouse = static_cast<QMouseEvent&>(*event);
-            if (!on_surface || mouse.button() != Qt::RightButton || !control->IsEnabled()) return false;
+            m_view.TellWaiting();
+            if (!m_view.Model() || !on_surface || mouse.button() != Qt::RightButton ||
+                !control->IsEnabled()) {
+                return false;
+            }
             const QPoint where = mouse.position().toPoint();
             const bool has_own_menu = control->Kind() == ControlKind::edit;
             control->OnContextMenu({where.x(), where.y()});
@@ -71,14 +72,14 @@ bool ControlInput::OnKey(const QKeyEvent& event) {
     const uint32_t key = SystemKeyOf(event);
     if (key == 0) return false;
     if (control.OnKeyDown(key)) return true;
-    const bool of_dialog = key == VK_RETURN || key == VK_ESCAPE;
-    return of_dialog && m_view.Model() && GiveToDialogs(control.Parent(), key);
+    const bool of_dialog = key == VK_RETURN || key == VK_ESCAPE || key == VK_TAB;
+    return of_dialog && m_view.Model() && control.Parent()->UserKey(key, IsBackwards(event));
 }
 
 bool ControlInput::Wants(const QKeyEvent& event) const {
     const Control& control = *m_view.Model();
     if (const wchar_t letter = MnemonicIn(event)) {
-        for (const Control* const other : control.Parent()->Controls()) {
+        for (const Control* const other : ControlsIn(*control.Parent()->Top())) {
             if (MnemonicOf(other->Text()) == MnemonicOf(std::wstring{L'&', letter})) return true;
         }
         return false;
@@ -96,9 +97,9 @@ void ControlInput::OnFocus(const QFocusEvent& event) {
         control.Parent()->UserFocus(&control);
         return;
     }
-    // If it goes to another control of the dialog, that one tells.
-    const QWidget* const now = QApplication::focusWidget();
-    if (!now || now->parentWidget() != m_view.Widget().parentWidget()) control.Parent()->UserFocus(nullptr);
+    // If it goes to another control, of whatever dialog, that one tells.
+    const auto* const now = dynamic_cast<const ControlView*>(QApplication::focusWidget());
+    if (!now || !now->Model()) control.Parent()->UserFocus(nullptr);
 }
 
 }  // namespace hx::ui

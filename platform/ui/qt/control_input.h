@@ -10,12 +10,6 @@
 
 namespace hx::ui {
 
-class Dialog;
-class Window;
-
-// True if one of the dialogs that the window is in did something with it, the innermost first.
-bool GiveToDialogs(Window* window, uint32_t key);
-
 class ControlInput final : public QObject {
 public:
     explicit ControlInput(ControlView& view);

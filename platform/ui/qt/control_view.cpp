@@ -85,6 +85,7 @@ void ControlView::ShowCommon(ControlChange change) {
             break;
         case ControlChange::tool_tip:
             m_widget->setToolTip(ToolTipText(m_control->ToolTip()));
+            m_widget->setAccessibleDescription(ToQt(m_control->ToolTip()));
             break;
         default:
             break;

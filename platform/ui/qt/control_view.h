@@ -33,6 +33,8 @@ public:
     // Of a label: the widget that it stands for.
     virtual void SetBuddy(QWidget* /*buddy*/) {}
     virtual void ShowDefault() {}
+    // What a person did and the control was not told of yet: before anything else that he does.
+    virtual void TellWaiting() {}
 
 protected:
     ControlView(Control& control, QWidget& widget);

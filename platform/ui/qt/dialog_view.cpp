@@ -26,7 +26,6 @@ DialogView::DialogView(Dialog& dialog) : WindowView(dialog), m_dialog(dialog) {
     for (Control* const control : dialog.Controls()) {
         m_controls.emplace(control, ControlView::Make(*control, Widget()));
     }
-    SetTabOrder();
     Relate();
     OnDefaultButton();
     if (dialog.Kind() != WindowKind::frame) return;
@@ -49,17 +48,6 @@ ControlView* DialogView::ViewOf(const Control& control) const {
 ControlView* DialogView::Of(const Control& control) {
     const Dialog* const dialog = control.Parent();
     return dialog && dialog->View() ? static_cast<DialogView*>(dialog->View())->ViewOf(control) : nullptr;
-}
-
-// Tab goes from one to the next as the template has them.
-void DialogView::SetTabOrder() {
-    QWidget* before = nullptr;
-    for (const Control* const control : m_dialog.Controls()) {
-        QWidget& widget = ViewOf(*control)->Widget();
-        if (widget.focusPolicy() == Qt::NoFocus) continue;
-        if (before) QWidget::setTabOrder(before, &widget);
-        before = &widget;
-    }
 }
 
 // A label stands for the first control that has its name.

@@ -2,11 +2,15 @@
 // thread of the user interface.
 #pragma once
 
+#include <QEvent>
 #include <QPoint>
 #include <QString>
 #include <QWidget>
 
 namespace hx::ui {
+
+// Posted by a widget to itself behind everything that has arrived: it is told what input came to by then.
+inline constexpr auto kTellWaiting = static_cast<QEvent::Type>(QEvent::User + 1);
 
 // Down and up again.
 void SendKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,

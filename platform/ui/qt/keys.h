@@ -11,6 +11,10 @@ uint32_t SystemKeyOf(const QKeyEvent& event);
 // Qt::Key_unknown if it is none of them.
 Qt::Key ToolkitKeyOf(uint32_t key);
 
+// Whether Shift is held, which turns Tab round.
+inline bool IsBackwards(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Backtab || (event.modifiers() & Qt::ShiftModifier);
+}
 // Whether it is that for menus: the key of that name, or Shift and F10.
 bool IsMenuKey(const QKeyEvent& event);
 // The letter that Alt is held for, 0 for none.

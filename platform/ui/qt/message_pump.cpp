@@ -8,18 +8,19 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ui/qt/events.h"
 #include "platform/ui/qt/released.h"
 
 namespace hx::ui {
 
 namespace {
 
-// Swallows what the mouse did, and keeps what was typed for later.
+// Swallows what the mouse did, and keeps what was typed, or taken by a widget, for later.
 class MouseSwallower final : public QObject {
 public:
     MouseSwallower() { qApp->installEventFilter(this); }
     ~MouseSwallower() override {
-        for (auto& [receiver, event] : m_typed) {
+        for (auto& [receiver, event] : m_kept) {
             if (receiver) QCoreApplication::postEvent(receiver, event.release());
         }
     }
@@ -50,15 +51,18 @@ public:
                 return true;
             case QEvent::KeyPress:
             case QEvent::KeyRelease:
-                m_typed.emplace_back(receiver, std::unique_ptr<QEvent>(event->clone()));
+                m_kept.emplace_back(receiver, std::unique_ptr<QEvent>(event->clone()));
                 return true;
             default:
-                return false;
+                // What a widget has taken already waits, too.
+                if (event->type() != kTellWaiting) return false;
+                m_kept.emplace_back(receiver, std::unique_ptr<QEvent>(event->clone()));
+                return true;
         }
     }
 
 private:
-    std::vector<std::pair<QPointer<QObject>, std::unique_ptr<QEvent>>> m_typed;
+    std::vector<std::pair<QPointer<QObject>, std::unique_ptr<QEvent>>> m_kept;
 };
 
 void OnMessageArrived(void* context) {

@@ -5,6 +5,7 @@
 #include <QBuffer>
 #include <QEventLoop>
 #include <QPixmap>
+#include <QScreen>
 #include <filesystem>
 
 #include "platform/system/files.h"
@@ -72,6 +73,19 @@ Colour QtRenderer::ColourOf(SystemColour colour) const {
     return ColourIn(QApplication::palette(), colour);
 }
 
+Rectangle QtRenderer::WorkArea(const Rectangle& window) const {
+    const QRect place = ToQt(window);
+    const auto shown = [&place](const QScreen* screen) {
+        const QSize common = screen->availableGeometry().intersected(place).size();
+        return common.isEmpty() ? 0 : int64_t{common.width()} * common.height();
+    };
+    const QScreen* best = QGuiApplication::primaryScreen();
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        if (!best || shown(screen) > shown(best)) best = screen;
+    }
+    return best ? FromQt(best->availableGeometry()) : Rectangle();
+}
+
 // Of our pixels, which are larger on the screen if it is scaled.
 int32_t QtRenderer::VerticalDotsPerInch() const {
     return 96;
@@ -86,14 +100,14 @@ void QtRenderer::ShowWaitCursor(bool shown) {
 }
 
 void QtRenderer::DiscardMouseMessages() {
-    m_user.DropQueuedClicks();
+    m_user.DropQueued();
     m_pump.DiscardMouse();
 }
 
 void QtRenderer::Pump() {
     do {
         m_pump.Run();
-    } while (m_user.DoQueuedClicks() > 0);
+    } while (m_user.DoQueued() > 0);
 }
 
 bool QtRenderer::SavePicture(Window& window, const std::wstring& file_name) {

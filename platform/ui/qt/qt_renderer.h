@@ -17,6 +17,7 @@ public:
     FontUnits DialogFont(const std::wstring& face, uint32_t points) const override;
     Size TextExtent(std::wstring_view text) const override;
     Colour ColourOf(SystemColour colour) const override;
+    Rectangle WorkArea(const Rectangle& window) const override;
     int32_t VerticalDotsPerInch() const override;
     void ShowWaitCursor(bool shown) override;
     void DiscardMouseMessages() override;

@@ -77,11 +77,9 @@ bool QtUser::Leave(Control& control) {
     const InCall call;
     ControlView* const view = control.HasFocus() ? Reach(control) : nullptr;
     if (!view) return false;
-    if (control.Parent()->NextTabStop(&control, false)) {
-        SendKey(view->Widget(), Qt::Key_Tab);
-    } else {
-        view->Widget().clearFocus();
-    }
+    const Attachment attachment(control);
+    SendKey(view->Widget(), Qt::Key_Tab);
+    if (attachment.Get() && control.HasFocus()) view->Widget().clearFocus();
     return true;
 }
 
@@ -140,6 +138,7 @@ bool QtUser::Drag(TrackBar& track_bar, int32_t position) {
     if (!widget.IsDragging()) SendButton(widget, widget.Handle().center(), Qt::LeftButton, true);
     // Between two pixels there are positions, too.
     widget.DragTo(position);
+    widget.TellWaiting();
     return true;
 }
 
@@ -171,6 +170,7 @@ bool QtUser::Wheel(Control& control, int32_t notches) {
     const Attachment attachment(control);
     for (int32_t i = 0; i < std::abs(notches) && attachment.Get(); ++i) {
         SendWheel(view->Surface(), notches > 0 ? 1 : -1);
+        view->TellWaiting();
     }
     return true;
 }
@@ -210,7 +210,7 @@ bool QtUser::Key(Control& control, uint32_t key) {
 bool QtUser::Key(Dialog& dialog, uint32_t key, bool shift) {
     const InCall call;
     if (!IsReachable(dialog)) return false;
-    const Control* const focused = dialog.Focused();
+    const Control* const focused = dialog.FocusedWithin();
     ControlView* const view = focused ? Reach(*focused) : nullptr;
     QWidget& widget = view ? view->Widget() : WindowView::Of(&dialog)->Widget();
     const bool backwards = shift && key == VK_TAB;
@@ -222,7 +222,7 @@ bool QtUser::Key(Dialog& dialog, uint32_t key, bool shift) {
 bool QtUser::Mnemonic(Dialog& dialog, wchar_t letter) {
     const InCall call;
     if (!IsReachable(dialog)) return false;
-    const Control* const focused = dialog.Focused();
+    const Control* const focused = dialog.FocusedWithin();
     ControlView* const view = focused ? Reach(*focused) : nullptr;
     QWidget& widget = view ? view->Widget() : WindowView::Of(&dialog)->Widget();
     QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, Qt::AltModifier, ToQt({&letter, 1}));
@@ -237,7 +237,11 @@ bool QtUser::Close(Window& frame) {
 }
 
 void QtUser::QueueClick(Control& control) {
-    m_clicks.Add(control);
+    m_queued.AddClick(control);
+}
+
+void QtUser::QueueDrag(TrackBar& track_bar, int32_t position) {
+    m_queued.AddDrag(track_bar, position);
 }
 
 }  // namespace hx::ui

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/ui/qt/control_view.h"
-#include "platform/ui/queued_clicks.h"
+#include "platform/ui/queued_input.h"
 #include "platform/ui/user.h"
 
 class QKeyEvent;
@@ -29,9 +29,10 @@ public:
     bool Mnemonic(Dialog& dialog, wchar_t letter) override;
     bool Close(Window& frame) override;
     void QueueClick(Control& control) override;
+    void QueueDrag(TrackBar& track_bar, int32_t position) override;
 
-    size_t DoQueuedClicks() { return m_clicks.Do(*this); }
-    void DropQueuedClicks() { m_clicks.Drop(); }
+    size_t DoQueued() { return m_queued.Do(*this); }
+    void DropQueued() { m_queued.Drop(); }
 
 private:
     // Null if a person could not reach it; its window is the active one then.
@@ -39,7 +40,7 @@ private:
     // The same, and it has the focus.
     ControlView* Focused(Control& control);
 
-    QueuedClicks m_clicks;
+    QueuedInput m_queued;
 };
 
 }  // namespace hx::ui

@@ -1,13 +1,16 @@
 #include "platform/ui/qt/track_bar_view.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QStyleOptionSlider>
 #include <QTimerEvent>
 #include <cstdlib>
 #include <utility>
 
 #include "platform/ui/codes.h"
+#include "platform/ui/qt/events.h"
 #include "platform/ui/qt/keys.h"
 
 namespace hx::ui {
@@ -37,12 +40,45 @@ TrackBar* TrackBarView::Bar() const {
     return static_cast<TrackBar*>(Model());
 }
 
-void TrackBarView::Tell(uint32_t code, int position) {
+void TrackBarView::Tell(uint32_t code, int position, int times) {
     if (!Model()) return;
     const InCall call;
-    Bar()->UserScroll(code, position);
+    {
+        const QScopedValueRollback telling(m_telling, true);
+        Bar()->UserScroll(code, position, times);
+    }
     // The control may have refused.
     Show(ControlChange::value);
+    if (m_waiting) Post();
+}
+
+void TrackBarView::Wait(const Waiting& input) {
+    if (m_waiting && m_waiting->code != input.code) TellWaiting();
+    const int before = m_waiting ? m_waiting->times : 0;
+    m_waiting = input;
+    m_waiting->times += before;
+    Post();
+}
+
+void TrackBarView::Post() {
+    QCoreApplication::removePostedEvents(this, kTellWaiting);
+    QCoreApplication::postEvent(this, new QEvent(kTellWaiting));
+}
+
+void TrackBarView::TellWaiting() {
+    const std::optional<Waiting> input = std::exchange(m_waiting, std::nullopt);
+    if (!input || !Model() || !isEnabled() || !isVisible()) return;
+    const bool moved = input->code != TB_THUMBTRACK || input->position != Bar()->Position();
+    if (moved) Tell(input->code, input->position, input->times);
+    if (input->ends) Tell(TB_ENDTRACK);
+}
+
+// Not inside the call that it waits for: that one posts it again when it is over.
+bool TrackBarView::event(QEvent* event) {
+    if (event->type() != kTellWaiting) return CallingWidget::event(event);
+    const InCall call;
+    if (!m_telling) TellWaiting();
+    return true;
 }
 
 void TrackBarView::ShowOwn(ControlChange change) {
@@ -69,10 +105,11 @@ void TrackBarView::ShowOwn(ControlChange change) {
 }
 
 void TrackBarView::DragTo(int position) {
-    if (m_dragging) Tell(TB_THUMBTRACK, position);
+    if (m_dragging) Wait({TB_THUMBTRACK, position, 0, false});
 }
 
 void TrackBarView::End() {
+    TellWaiting();
     const bool dragged = std::exchange(m_dragging, false);
     const bool tracking = std::exchange(m_tracking, false);
     m_repeat.stop();
@@ -127,8 +164,7 @@ void TrackBarView::mousePressEvent(QMouseEvent* event) {
 void TrackBarView::mouseMoveEvent(QMouseEvent* event) {
     m_pressed = event->position().toPoint();
     if (!m_dragging || !Model()) return;
-    const int position = PositionAt(m_pressed - m_grip);
-    if (position != Bar()->Position()) DragTo(position);
+    DragTo(PositionAt(m_pressed - m_grip));
 }
 
 void TrackBarView::mouseReleaseEvent(QMouseEvent* event) {
@@ -152,7 +188,11 @@ void TrackBarView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     m_tracking = true;
-    Tell(*code);
+    if (event->isAutoRepeat()) {
+        Wait({*code, 0, 1, false});
+    } else {
+        Tell(*code);
+    }
 }
 
 void TrackBarView::keyReleaseEvent(QKeyEvent* event) {
@@ -164,11 +204,9 @@ void TrackBarView::wheelEvent(QWheelEvent* event) {
     event->accept();
     // Fine wheels turn by parts of a notch.
     m_wheel += event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
-    if (std::abs(m_wheel) < kNotch) return;
-    for (; std::abs(m_wheel) >= kNotch && Model(); m_wheel -= m_wheel > 0 ? kNotch : -kNotch) {
-        Tell(Bar()->CodeOfWheel(m_wheel > 0));
-    }
-    Tell(TB_ENDTRACK);
+    const int notches = m_wheel / kNotch;
+    m_wheel %= kNotch;
+    if (notches != 0 && Model()) Wait({Bar()->CodeOfWheel(notches > 0), 0, std::abs(notches), true});
 }
 
 void TrackBarView::focusOutEvent(QFocusEvent* event) {

@@ -1,8 +1,11 @@
-// A track bar's widget: what moves it has the system's codes. On the thread of the user interface.
+// A track bar's widget: what moves it has the system's codes. What moves it on while its dialog is busy with
+// what came before is merged: of the thumb the dialog hears where it is by then, of keys that are held and
+// the wheel how far they have come. On the thread of the user interface.
 #pragma once
 
 #include <QBasicTimer>
 #include <QSlider>
+#include <optional>
 
 #include "platform/ui/controls.h"
 #include "platform/ui/qt/control_view.h"
@@ -18,8 +21,10 @@ public:
     // The thumb is held.
     bool IsDragging() const { return m_dragging; }
     void DragTo(int position);
+    void TellWaiting() override;
 
 protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -33,14 +38,26 @@ protected:
     void ShowOwn(ControlChange change) override;
 
 private:
+    struct Waiting {
+        uint32_t code;
+        int position;  // of the thumb
+        int times;     // of other codes
+        bool ends;     // TB_ENDTRACK follows
+    };
+
     TrackBar* Bar() const;
-    void Tell(uint32_t code, int position = 0);
+    void Tell(uint32_t code, int position = 0, int times = 1);
+    // Told once everything that has arrived is known.
+    void Wait(const Waiting& input);
+    void Post();
     // Towards where the button is held.
     void Page();
     // Whatever moved it is over.
     void End();
     int PositionAt(QPoint handle_corner) const;
 
+    std::optional<Waiting> m_waiting;
+    bool m_telling = false;
     bool m_dragging = false;
     bool m_tracking = false;  // by a key or a click beside the thumb
     QPoint m_pressed;

@@ -1,7 +1,9 @@
 #include "platform/ui/qt/window_view.h"
 
 #include <QCloseEvent>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "platform/ui/codes.h"
 #include "platform/ui/dialog.h"
@@ -26,6 +28,16 @@ public:
     }
 
 protected:
+    // With the focus on no control. The toolkit does not give Tab to keyPressEvent.
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ToolTip && ShowToolTip(static_cast<QHelpEvent&>(*event))) return true;
+        const bool is_key = event->type() == QEvent::KeyPress;
+        const auto* const key = is_key ? static_cast<QKeyEvent*>(event) : nullptr;
+        if (!key || !m_window || SystemKeyOf(*key) != VK_TAB) return CallingWidget::event(event);
+        const InCall call;
+        return m_window->UserKey(VK_TAB, IsBackwards(*key));
+    }
+
     void paintEvent(QPaintEvent* /*event*/) override {
         if (!m_window) return;
         QPainter painter(this);
@@ -46,11 +58,13 @@ protected:
         const uint32_t key = SystemKeyOf(*event);
         const bool of_dialog = key == VK_RETURN || key == VK_ESCAPE;
         const wchar_t letter = MnemonicIn(*event);
-        Dialog* const dialog = m_window ? m_window->AsDialog() : nullptr;
-        const bool done =
-            (of_dialog && GiveToDialogs(m_window, key)) || (letter && dialog && dialog->UserMnemonic(letter));
+        const bool done = m_window && ((of_dialog && m_window->UserKey(key)) ||
+                                       (letter != 0 && m_window->UserMnemonic(letter)));
         if (!done) QWidget::keyPressEvent(event);
     }
+
+    // Where Tab goes, and the focus of what is disabled or hidden, the dialogs decide.
+    bool focusNextPrevChild(bool /*next*/) override { return true; }
 
     void changeEvent(QEvent* event) override {
         QWidget::changeEvent(event);
@@ -61,6 +75,18 @@ protected:
     }
 
 private:
+    // Of what the mouse goes through: frames around others, and places of components.
+    bool ShowToolTip(const QHelpEvent& event) {
+        for (const QWidget* const part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            const bool here =
+                part->isVisible() && !part->isWindow() && part->geometry().contains(event.pos());
+            if (!here || part->toolTip().isEmpty()) continue;
+            QToolTip::showText(event.globalPos(), part->toolTip(), this, part->geometry());
+            return true;
+        }
+        return false;
+    }
+
     void TellMoved() {
         if (!m_window || !m_window->IsCreated() || !isVisible()) return;
         const Rectangle bounds = FromQt(geometry());

@@ -54,7 +54,6 @@ public:
     void OnDefaultButton() override;
 
 private:
-    void SetTabOrder();
     void Relate();
 
     Dialog& m_dialog;

@@ -77,6 +77,7 @@ TEST_F(EditFloat, FollowsWhatIsTypedInTheLanguageOfThePage) {
         dialog.number.SetText(L"42");
         User().Type(dialog.number, row.typed);
         EXPECT_EQ(dialog.number.IsValid(), row.valid);
+        EXPECT_EQ(static_cast<const ui::Edit&>(dialog.number).HoldsValidText(), row.valid);
         EXPECT_EQ(dialog.Colour(), row.valid ? (ui::Colour{255, 255, 255}) : (ui::Colour{255, 176, 176}));
         EXPECT_EQ(dialog.number.IsValid(true), row.valid && !row.typed.empty());
         EXPECT_EQ(dialog.number.Value(), row.value);

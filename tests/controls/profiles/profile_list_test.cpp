@@ -62,6 +62,10 @@ TEST_F(ProfilesTest, MarkingKeepsOrderNamesAndFlags) {
         EXPECT_EQ(page.list.Row(i).modified, marks[name]);
         EXPECT_EQ(page.list.RowText(i), (marks[name] ? L"*" : L"") + name);
         EXPECT_EQ(page.list.Row(i).user_defined, name[0] != L'$');
+        const ui::RowFacts facts = static_cast<const ui::ListBox&>(page.list).FactsOf(i);
+        EXPECT_EQ(facts.key, name);
+        EXPECT_EQ(facts.own, name[0] != L'$');
+        EXPECT_EQ(facts.marked, marks[name]);
     }
     const size_t painted = m_renderer->ImmediatePaints(page.list);
     page.list.MarkModified(L"nobody", true);

@@ -230,7 +230,7 @@ TEST_F(ControlTest, ArgumentsAreChecked) {
 
 TEST_F(ControlTest, TextsAndTheAnswerGoByNumber) {
     for (const DISPID id : {DISPID_CAPTION, DISPID_TEXT}) {
-        hx::Variant kept, text(id == DISPID_TEXT ? L"Text" : L"Caption");
+        hx::Variant text(id == DISPID_TEXT ? L"Text" : L"Caption");
         EXPECT_EQ(Invoke(id, DISPATCH_PROPERTYPUT, {text.get()}), S_OK);
     }
     for (const DISPID id : {DISPID_CAPTION, DISPID_TEXT}) {

@@ -1,4 +1,7 @@
 // What a person does to controls, and what their dialog is told.
+#include <algorithm>
+#include <iterator>
+
 #include "tests/platform/ui/behaviour_fixture.h"
 
 namespace hx_test {
@@ -197,6 +200,21 @@ TEST_F(Behaviour, DiscardedClicksAreNeverDone) {
     renderer.Pump();
     EXPECT_TRUE(Get<CheckBox>(kAutomatic).IsChecked());
     EXPECT_EQ(Events(), (Texts{"14 BN_CLICKED"}));
+}
+
+TEST_F(Behaviour, OfDragsThatWaitTheLastIsDoneInItsPlace) {
+    auto& power = Get<TrackBar>(kPower);
+    for (const int32_t position : {10, 20, 30}) user.QueueDrag(power, position);
+    user.QueueClick(Get<CheckBox>(kAutomatic));
+    for (const int32_t position : {50, 40}) user.QueueDrag(power, position);
+    renderer.Pump();
+    EXPECT_TRUE(user.Drop(power));
+    const Texts events = Events();
+    EXPECT_EQ(std::count(events.begin(), events.end(), "14 BN_CLICKED"), 1);
+    Texts tracked;
+    std::copy_if(events.begin(), events.end(), std::back_inserter(tracked),
+                 [](const std::string& event) { return event.starts_with("12 TB_THUMBTRACK"); });
+    EXPECT_EQ(tracked, (Texts{"12 TB_THUMBTRACK 30", "12 TB_THUMBTRACK 40"}));
 }
 
 }  // namespace

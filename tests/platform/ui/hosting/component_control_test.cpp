@@ -3,6 +3,7 @@
 #include "platform/ui/component_control.h"
 
 #include "platform/module/resources.h"
+#include "platform/ui/component_site.h"
 #include "platform/ui/dialog.h"
 #include "tests/platform/ui/hosting/gauge_fixture.h"
 
@@ -167,6 +168,24 @@ TEST_F(ComponentControl, ADialogMayGoInTheMiddleOfAnyStep) {
         EXPECT_EQ(Gauges::LivingWindows(), 0);
         EXPECT_TRUE(Gauges::NoneLeft());
     }
+}
+
+TEST_F(ComponentControl, AContainerMayBringAComponentThatItHasMade) {
+    for (const HRESULT answer : {S_OK, E_OUTOFMEMORY}) {
+        script() = {};
+        if (FAILED(answer)) script().results["OnWindowCreated"] = answer;
+        hx::ComPtr<IOleObject> object;
+        ASSERT_EQ(CoCreateInstance(CLSID_Gauge, nullptr, CLSCTX_INPROC_SERVER, hx::uuid_of<IOleObject>(),
+                                   object.put_void()),
+                  S_OK);
+        const auto site = hx::Make<hx::ui::ComponentSite>(LCID{1033});
+        EXPECT_EQ(site->Open(object, *m_frame, {1, 2, 30, 40}, true), answer);
+        EXPECT_EQ(site->Component() == object.as<IUnknown>(), SUCCEEDED(answer));
+        EXPECT_EQ(Gauges::LivingWindows(), SUCCEEDED(answer) ? 1 : 0);
+        site->Close();
+        EXPECT_EQ(script().steps.back(), "SetClientSite null");
+    }
+    EXPECT_EQ(hx::Make<hx::ui::ComponentSite>(LCID{1033})->Open(nullptr, *m_frame, {}, true), E_NOINTERFACE);
 }
 
 TEST_F(ComponentControl, AComponentIsToldTheLanguageOfItsDialog) {

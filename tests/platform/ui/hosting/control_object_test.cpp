@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <thread>
 
+#include "platform/module/resources.h"
+#include "platform/ui/dialog.h"
 #include "platform/ui/hwnd.h"
 #include "tests/platform/ui/hosting/gauge_fixture.h"
 
@@ -110,6 +112,47 @@ TEST_F(ControlObject, VerbsThatAreNotOfShowingAreRefused) {
     };
     for (const auto& [verb, result] : rows) EXPECT_EQ(Do(verb), result) << verb;
     EXPECT_EQ(m_container.steps, Steps{});
+}
+
+// A page in the gauge's window, with two edits.
+class TwoEdits final : public hx::ui::Dialog {
+public:
+    ~TwoEdits() override { Destroy(); }
+    static hx::ModuleHandle Module() {
+        hx::ResourceError error;
+        auto resources = hx::ReadResourceScript(
+            L"7 DIALOGEX 0, 0, 90, 40 STYLE WS_CHILD | WS_VISIBLE {\n"
+            L"EDITTEXT 1, 0, 0, 40, 12, WS_TABSTOP\nEDITTEXT 2, 0, 20, 40, 12, WS_TABSTOP }",
+            error);
+        return hx::MakeResourceModule(L"/nowhere/edits.so", resources.value_or(hx::Resources{}));
+    }
+};
+
+TEST_F(ControlObject, TheContainerIsToldWhenTheFocusComesAndGoes) {
+    TwoEdits inside;
+    TwoEdits outside;
+    script().doings["OnWindowCreated"] = [&] {
+        ASSERT_FALSE(inside.Create(TwoEdits::Module(), 7, Gauges::TheWindow()));
+    };
+    m_frame->Show(true);
+    ASSERT_EQ(Do(OLEIVERB_INPLACEACTIVATE), S_OK);
+    ASSERT_FALSE(outside.Create(TwoEdits::Module(), 7, &*m_frame));
+    m_container.TakeSteps();
+    inside.Find(2)->SetFocus();
+    inside.Find(1)->SetFocus();
+    EXPECT_EQ(m_container.TakeSteps(), Steps{"OnUIActivate"});
+    outside.Find(1)->SetFocus();
+    EXPECT_EQ(m_container.TakeSteps(), Steps{"OnUIDeactivate"});
+    EXPECT_EQ(Do(OLEIVERB_UIACTIVATE), S_OK);
+    EXPECT_TRUE(inside.Find(1)->HasFocus());
+    EXPECT_EQ(Do(OLEIVERB_HIDE), S_OK);
+    EXPECT_EQ(inside.Focused(), nullptr);
+    EXPECT_EQ(m_container.TakeSteps(), (Steps{"OnUIActivate", "OnUIDeactivate"}));
+    EXPECT_EQ(Do(OLEIVERB_SHOW), S_OK);
+    m_container.doings["OnUIActivate"] = [&] { m_gauge->Close(OLECLOSE_NOSAVE); };
+    inside.Find(2)->SetFocus();
+    EXPECT_EQ(Gauges::LivingWindows(), 0) << "closed by whoever was told";
+    inside.Destroy();
 }
 
 TEST_F(ControlObject, AContainerThatFailsHasNothingToTakeBack) {

@@ -24,15 +24,19 @@ namespace {
 class QtDialogs : public hx_test::QtTest {
 protected:
     void ForEachDialog(const std::function<void(hx::ui::Dialog&, uint32_t)>& visit) {
-        for (const hx_test::Script& script : hx_test::Scripts()) {
-            const hx::ModuleHandle module = hx_test::ModuleOf(script.resources);
-            for (const auto& [id, dialog] : script.resources.dialogs) {
-                SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
-                hx_test::Page page;
-                Show(page, module, id);
-                hx::SetAccessibleNames(page, *module);
-                visit(page, id);
-            }
+        for (const char* const module : {hx_test::kPages, hx_test::kHost}) {
+            for (const hx_test::Script& script : hx_test::Scripts(module)) Visit(script, visit);
+        }
+    }
+
+    void Visit(const hx_test::Script& script, const std::function<void(hx::ui::Dialog&, uint32_t)>& visit) {
+        const hx::ModuleHandle module = hx_test::ModuleOf(script.resources);
+        for (const auto& [id, dialog] : script.resources.dialogs) {
+            SCOPED_TRACE(script.tag + ", dialog " + std::to_string(id));
+            hx_test::Page page;
+            Show(page, module, id);
+            hx::SetAccessibleNames(page, *module);
+            visit(page, id);
         }
     }
 
@@ -76,7 +80,8 @@ void Audit(QAccessibleInterface& part, int& labelled) {
 
 TEST_F(QtDialogs, EveryControlHasANameAndFieldsHaveTheirLabels) {
     // Combo boxes and sliders with a label of their own, and the one edit whose label is for it alone.
-    const std::map<uint32_t, int> labelled_fields = {{201, 0}, {203, 7}, {205, 1}, {208, 0}, {280, 4}};
+    const std::map<uint32_t, int> labelled_fields = {{100, 8}, {201, 0}, {203, 7},
+                                                     {205, 1}, {208, 0}, {280, 4}};
     ForEachDialog([&](hx::ui::Dialog& dialog, uint32_t id) {
         int labelled = 0;
         Audit(*QAccessible::queryAccessibleInterface(&DialogWidget(dialog)), labelled);

@@ -1,4 +1,5 @@
 // What a person does at the machine, by the toolkit's own events and loops.
+#include <QAccessible>
 #include <QApplication>
 #include <QEventLoop>
 #include <QHelpEvent>
@@ -37,6 +38,8 @@ constexpr uint32_t kChoice = 12;
 constexpr uint32_t kList = 13;
 constexpr uint32_t kPush = 14;
 constexpr uint32_t kCheck = 15;
+constexpr uint32_t kValue = 16;  // text
+constexpr uint32_t kGroup = 20;
 constexpr wchar_t kScript[] =
     LR"(
 1 DIALOGEX 0, 0, 200, 120
@@ -45,7 +48,7 @@ FONT 8, "MS Shell Dlg"
 BEGIN
     LTEXT "&Name", -1, 4, 4, 60, 8
     EDITTEXT 10, 4, 14, 80, 12
-    LTEXT "&Value", -1, 4, 30, 60, 8
+    LTEXT "&Value", 16, 4, 30, 60, 8
     CONTROL "", 11, "msctls_trackbar32", WS_TABSTOP, 4, 40, 100, 15
     LTEXT "&Choice", -1, 4, 60, 60, 8
     COMBOBOX 12, 4, 70, 60, 60, CBS_DROPDOWNLIST | WS_TABSTOP
@@ -143,6 +146,7 @@ TEST_F(QtPerson, WheelOverAControlWithoutFocusIsTheParents) {
             QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
                               Qt::NoScrollPhase, false);
             QCoreApplication::sendEvent(&widget, &event);
+            m_renderer->Pump();
             EXPECT_EQ(m_page.told.empty(), !focused) << id;
         }
     }
@@ -155,6 +159,7 @@ TEST_F(QtPerson, MouseMovesAThumbByTracksAndPages) {
     const int middle = bar.height() / 2;
     Mouse(bar, QEvent::MouseButtonPress, {4, middle});
     Mouse(bar, QEvent::MouseMove, {bar.width() * 3, middle});
+    m_renderer->Pump();
     EXPECT_EQ(m_page.told, (std::vector<Told>{{kBar, TB_THUMBTRACK, 100}}));
     Mouse(bar, QEvent::MouseButtonRelease, {bar.width() * 3, middle});
     Mouse(bar, QEvent::MouseButtonPress, {4, middle});
@@ -165,6 +170,84 @@ TEST_F(QtPerson, MouseMovesAThumbByTracksAndPages) {
                                               {kBar, TB_PAGEUP, 80},
                                               {kBar, TB_ENDTRACK, 80}}));
     EXPECT_EQ(bar.value(), 80);
+}
+
+// The dialog is busy with the first of each row while the others come.
+TEST_F(QtPerson, WhatMovesATrackBarMeanwhileIsToldAtOnce) {
+    using Told = RecordingPage::Told;
+    auto& bar = static_cast<QSlider&>(Widget(kBar));
+    m_page.SetFocus(m_page.Find(kBar));
+    const auto post = [&bar](QEvent* event) { QCoreApplication::postEvent(&bar, event); };
+    const auto mouse = [&](QEvent::Type type, int x) {
+        const bool up = type == QEvent::MouseButtonRelease;
+        const QPoint at(x, bar.height() / 2);
+        post(new QMouseEvent(type, at, bar.mapToGlobal(at),
+                             type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                             up ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier));
+    };
+    const auto key = [&](QEvent::Type type, Qt::Key which, bool repeated) {
+        post(new QKeyEvent(type, which, Qt::NoModifier, QString(), repeated));
+    };
+    const auto wheel = [&](int notches) {
+        post(new QWheelEvent({4, 4}, bar.mapToGlobal(QPoint(4, 4)), {}, {0, notches * 120}, Qt::NoButton,
+                             Qt::NoModifier, Qt::NoScrollPhase, false));
+    };
+    const int far = bar.width() * 3;
+    struct Case {
+        std::function<void()> first;
+        std::function<void()> meanwhile;
+        std::vector<Told> told;
+    };
+    const Case cases[] = {
+        {[&] { mouse(QEvent::MouseButtonPress, 4), mouse(QEvent::MouseMove, far); },
+         [&] {
+             for (int x = 20; x < 60; ++x) mouse(QEvent::MouseMove, x);
+             mouse(QEvent::MouseMove, -far);
+             key(QEvent::KeyPress, Qt::Key_Right, false);
+             for (int x = 20; x < 60; ++x) mouse(QEvent::MouseMove, x);
+             mouse(QEvent::MouseMove, far);
+             mouse(QEvent::MouseButtonRelease, far);
+         },
+         {{kBar, TB_THUMBTRACK, 100},
+          {kBar, TB_THUMBTRACK, 0},
+          {kBar, TB_LINEDOWN, 1},
+          {kBar, TB_THUMBTRACK, 100},
+          {kBar, TB_THUMBPOSITION, 100},
+          {kBar, TB_ENDTRACK, 100}}},
+        {[&] { key(QEvent::KeyPress, Qt::Key_Left, false); },
+         [&] {
+             for (int i = 0; i < 7; ++i) key(QEvent::KeyPress, Qt::Key_Left, true);
+             key(QEvent::KeyRelease, Qt::Key_Left, false);
+             key(QEvent::KeyPress, Qt::Key_Right, false);
+             for (int i = 0; i < 3; ++i) key(QEvent::KeyPress, Qt::Key_Right, true);
+             key(QEvent::KeyRelease, Qt::Key_Right, false);
+         },
+         {{kBar, TB_LINEUP, 99},
+          {kBar, TB_LINEUP, 92},
+          {kBar, TB_ENDTRACK, 92},
+          {kBar, TB_LINEDOWN, 93},
+          {kBar, TB_LINEDOWN, 96},
+          {kBar, TB_ENDTRACK, 96}}},
+        {[&] { wheel(-1); },
+         [&] { wheel(-2), wheel(-1), wheel(1), wheel(2); },
+         {{kBar, TB_LINEUP, 95},
+          {kBar, TB_ENDTRACK, 95},
+          {kBar, TB_LINEUP, 92},
+          {kBar, TB_ENDTRACK, 92},
+          {kBar, TB_LINEDOWN, 95},
+          {kBar, TB_ENDTRACK, 95}}},
+    };
+    for (const Case& row : cases) {
+        m_page.told.clear();
+        auto meanwhile = row.meanwhile;
+        m_page.on_command = [&] {
+            if (const auto input = std::exchange(meanwhile, nullptr)) input();
+        };
+        row.first();
+        // What is posted in the handler comes by the next.
+        for (int i = 0; i < 3; ++i) m_renderer->Pump();
+        EXPECT_EQ(m_page.told, row.told) << &row - cases;
+    }
 }
 
 TEST_F(QtPerson, ProgramTellsNobody) {
@@ -194,11 +277,10 @@ TEST_F(QtPerson, MnemonicsWorkFromWhereverTheFocusIs) {
     EXPECT_TRUE(m_page.Find(kName)->Text().empty());
 }
 
-TEST_F(QtPerson, ToolTipsAreThereForWhatIsDisabled) {
-    hx::ui::Control& button = *m_page.Find(kPush);
-    button.Enable(false);
+TEST_F(QtPerson, ToolTipsAreThereForWhatIsDisabledAndForFrames) {
     const std::pair<const wchar_t*, const char*> kRows[] = {
         {L"a < b & c", "a < b & c"},
+        {L"one\ntwo", "one\ntwo"},
         {L"<b>x</b>\ny", "<qt>&lt;b&gt;x&lt;/b&gt;<br>y</qt>"},
         {L"Exposure: 1 to 100% of the longest time.\nConnect the scanner that these settings belong to, "
          L"then try 100\u00A0% again.",
@@ -208,11 +290,25 @@ TEST_F(QtPerson, ToolTipsAreThereForWhatIsDisabled) {
         {L"スキャナーの前にある表面に適した露光を検出します。次にレーザー出力も検出します。",
          "スキャナーの前にある表面に適した露光を検出します。次にレー\nザー出力も検出します。"},
     };
-    for (const auto& [text, shown] : kRows) {
-        button.SetToolTip(text);
-        QHelpEvent event(QEvent::ToolTip, {2, 2}, Widget(kPush).mapToGlobal(QPoint(2, 2)));
-        QCoreApplication::sendEvent(&Widget(kPush), &event);
-        EXPECT_EQ(QToolTip::text().toStdString(), shown);
+    for (const uint32_t id : {kName, kBar, kChoice, kList, kPush, kCheck, kValue, kGroup}) {
+        hx::ui::Control& control = *m_page.Find(id);
+        QWidget& widget = Widget(id);
+        for (const auto& [text, shown] : kRows) {
+            control.Enable(!control.IsEnabled());
+            control.SetToolTip(text);
+            QToolTip::hideText();
+            // As the toolkit finds who is under the mouse.
+            const QPoint at = widget.mapTo(&DialogWidget(m_page), QPoint(2, 2));
+            QWidget* const under = DialogWidget(m_page).childAt(at);
+            QWidget& target = under ? *under : DialogWidget(m_page);
+            QHelpEvent event(QEvent::ToolTip, target.mapFrom(&DialogWidget(m_page), at),
+                             widget.mapToGlobal(QPoint(2, 2)));
+            QCoreApplication::sendEvent(&target, &event);
+            EXPECT_EQ(QToolTip::text().toStdString(), shown) << id;
+            EXPECT_EQ(QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Description),
+                      QString::fromWCharArray(text));
+        }
+        control.SetToolTip({});
     }
     QToolTip::hideText();
 }

@@ -1,14 +1,12 @@
-#include "apps/hxctl/scanner/fault_text.h"
+#include "apps/hosting/FaultText.h"
 
 #include <algorithm>
 #include <charconv>
 #include <iterator>
-#include <string_view>
 
-#include "apps/hxctl/scanner/failed_call.h"
 #include "hxapi/HXApiErrors.h"
 
-namespace hxctl {
+namespace hosting {
 namespace {
 
 template <class T>
@@ -16,6 +14,8 @@ bool Parse(std::string_view text, T& value, int base = 10) {
     const auto [behind, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
     return error == std::errc() && behind == text.data() + text.size();
 }
+
+}  // namespace
 
 bool ParseResult(std::string_view text, HRESULT& result) {
     const auto* const named = std::ranges::find(kHXApiErrors, text, &HXApiError::name);
@@ -28,28 +28,23 @@ bool ParseResult(std::string_view text, HRESULT& result) {
     return true;
 }
 
-}  // namespace
-
-FaultText ParseFault(const std::string& text) {
+std::optional<FaultText> ParseFault(const std::string& text) {
     const std::string_view whole = text;
     const size_t equals = whole.find('=');
     const size_t colon = std::min(whole.find(':', std::min(equals, whole.size())), whole.size());
     FaultText fault{std::string(whole.substr(0, equals)), E_FAIL, 1};
-    bool good = equals != std::string_view::npos && equals != 0 && whole.find(':') >= equals &&
-                ParseResult(whole.substr(equals + 1, colon - equals - 1), fault.result);
-    if (good && colon != whole.size()) {
-        const std::string_view times = whole.substr(colon + 1);
-        if (times == "*") {
-            fault.times = -1;
-        } else {
-            good = Parse(times, fault.times) && fault.times > 0;
-        }
+    if (equals == std::string_view::npos || equals == 0 || whole.find(':') < equals ||
+        !ParseResult(whole.substr(equals + 1, colon - equals - 1), fault.result)) {
+        return std::nullopt;
     }
-    if (!good) {
-        throw WrongUsage("a fault is OPERATION=RESULT, or OPERATION=RESULT:TIMES with * for always, not \"" +
-                         text + "\"; RESULT is a name such as E_FAIL or a number");
+    if (colon == whole.size()) return fault;
+    const std::string_view times = whole.substr(colon + 1);
+    if (times == "*") {
+        fault.times = -1;
+    } else if (!Parse(times, fault.times) || fault.times <= 0) {
+        return std::nullopt;
     }
     return fault;
 }
 
-}  // namespace hxctl
+}  // namespace hosting

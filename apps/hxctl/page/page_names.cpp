@@ -1,0 +1,29 @@
+#include "apps/hxctl/page/page_names.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "hxapi/HXScannerCtrlsClasses.h"
+
+namespace hxctl {
+namespace {
+
+constexpr PageName kPages[] = {
+    {"measurement", kProgIdHXMeasSettingsCtrl},
+};
+
+}  // namespace
+
+const PageName* FindPage(std::string_view name) {
+    const auto* const found =
+        std::ranges::find_if(kPages, [&](const PageName& page) { return name == page.name; });
+    return found != std::end(kPages) ? found : nullptr;
+}
+
+std::string NoPageText(std::string_view name) {
+    std::string text = "no page \"" + std::string(name) + "\": there are";
+    for (const PageName& page : kPages) text += std::string(" ") + page.name;
+    return text;
+}
+
+}  // namespace hxctl

@@ -1,0 +1,80 @@
+// The picture of a page: hosted as `hxctl page` does it, on a screen that is none.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "apps/hxctl/page/page_command.h"
+#include "apps/hxctl/scanner/failed_call.h"
+#include "apps/hxctl/screenshot/picture_file.h"
+#include "apps/hxctl/screenshot/screenshot_command.h"
+
+namespace hxctl {
+namespace {
+
+// A preview that lives draws thirty times a second.
+constexpr std::chrono::milliseconds kPatience{2000};
+constexpr std::chrono::milliseconds kBetweenPictures{50};
+constexpr std::chrono::milliseconds kAfterwards{300};  // every laser plane has been drawn
+
+std::string FirstSession(Desk& desk) {
+    hx::Bstr driver;
+    hx::Bstr device;
+    CheckCall("GetDevice", desk.Simulator().GetDevice(driver.put(), device.put()));
+    return "initialise \"" + TextOf(driver) + "\" \"" + TextOf(device) +
+           "\" EditDynamicSettingsPresets $DEFAULT\nselect\napi 1\n";
+}
+
+std::string BytesOf(const std::string& file) {
+    std::ifstream in(file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+// Until the picture changes by itself, as it does while the scanner looks; it may not, and that is all right.
+void SaveLivePicture(PageHost& host, const std::string& file) {
+    hx::ui::Window& frame = host.Page().frame;
+    const auto pump_for = [](std::chrono::milliseconds time) {
+        PageHost::WaitUntil([] { return false; }, time);
+    };
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    SavePicture(frame, file);
+    const std::string first = BytesOf(file);
+    bool live = false;
+    while (!live && std::chrono::steady_clock::now() < end) {
+        pump_for(kBetweenPictures);
+        SavePicture(frame, file);
+        live = BytesOf(file) != first;
+    }
+    if (!live) return;
+    pump_for(kAfterwards);
+    SavePicture(frame, file);
+}
+
+void Resize(const ScreenshotRequest& request, PageHost& host) {
+    if (!request.width && !request.height) return;
+    const hx::ui::Size size = host.Page().frame.ClientSize();
+    RunLine(host,
+            "resize " + std::to_string(request.width.value_or(size.width)) + " " +
+                std::to_string(request.height.value_or(size.height)),
+            0);
+}
+
+}  // namespace
+
+void SavePagePicture(const ScreenshotRequest& request, Desk& desk, DeskAnswer& answer) {
+    const std::shared_ptr<std::istream> script =
+        request.script.empty() ? std::make_shared<std::istringstream>(FirstSession(desk))
+                               : OpenScript(request.script);
+    PageHost host(hx::ComPtr<IHXSimulator>(&desk.Simulator()), request.locale, false);
+    host.Add("main", *FindPage(request.page));
+    Resize(request, host);
+    const ScriptTally tally = RunScript(host, *script, [&](const Json& each) {
+        if (!each.at("ok")) desk.Notice(each.at("error"));
+    });
+    SaveLivePicture(host, request.file);
+    answer.json["file"] = request.file;
+    answer.text = request.file + "\n";
+    if (tally.failed != 0) throw FailedCall(tally.Text());
+}
+
+}  // namespace hxctl

@@ -1,0 +1,43 @@
+#include "apps/hxhost/CallLog.h"
+
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "apps/hxhost/CallWords.h"
+#include "apps/hxhost/ids.h"
+
+namespace hxhost {
+
+void CallLog::Fetch() {
+    const auto calls = nlohmann::json::parse(m_scanner.TakeCalls(), nullptr, false);
+    if (!calls.is_array()) return;
+    std::vector<std::wstring> lines;
+    for (const nlohmann::json& call : calls) {
+        if (!call.is_object()) continue;
+        m_state = StateTold(call).value_or(m_state);
+        m_preview_fed = PreviewTold(call).value_or(m_preview_fed);
+        CallInWords words = InWords(call, m_texts);
+        const bool is_news = IsNews(call) && !words.is_question;
+        if (m_questions || is_news) lines.push_back(std::move(words.text));
+    }
+    Append(lines);
+}
+
+bool CallLog::IsNews(const nlohmann::json& call) {
+    if (call.value("result", 0) != 0) return true;
+    const std::string operation = call.value("op", "");
+    const auto values = call.find("args");
+    if (!call.value("on", "").starts_with("preset:") || !operation.starts_with("Set") ||
+        values == call.end()) {
+        return true;
+    }
+    return std::exchange(m_values[operation], values->dump()) != values->dump();
+}
+
+void CallLog::Append(const std::vector<std::wstring>& lines) {
+    m_list.Append(lines, [this](const std::wstring& line, int32_t count) {
+        return m_texts.Text(IDS_REPEATED, {{L"call", line}, {L"count", std::to_wstring(count)}});
+    });
+}
+
+}  // namespace hxhost

@@ -1,0 +1,78 @@
+// hxhost: the hardware configuration dialog of a measuring application, with a simulated scanner. Exit 0
+// closed, 1 it could not be shown (the reason goes to standard error), 2 usage.
+#include <iostream>
+
+#include "apps/hxhost/HostDialog.h"
+#include "apps/hxhost/host_options.h"
+#include "apps/hxhost/picture.h"
+#include "platform/com/loader.h"
+#include "platform/system/utf8.h"
+#include "platform/ui/load_renderer.h"
+
+namespace {
+
+enum Exit { kClosed = 0, kRefused = 1, kUsage = 2 };
+
+int Refuse(const std::string& reason, int exit = kRefused) {
+    std::cerr << "hxhost: " << reason << '\n';
+    return exit;
+}
+
+std::string UnknownModel(const std::string& model, const std::vector<std::wstring>& models) {
+    std::string known;
+    for (const std::wstring& each : models) known.append(" ").append(hx::ToUtf8(each));
+    return "no model \"" + model + "\": there are" + known;
+}
+
+int Show(hxhost::SimulatedScanner& scanner, const hxhost::HostOptions& options, hxhost::WindowMemory memory) {
+    const hxhost::HostTexts texts(options.locale);
+    hxhost::HostDialog dialog(scanner, texts, std::move(memory));
+    scanner.Plug();
+    if (options.picture.empty()) {
+        if (dialog.Run() < 0) return Refuse("no window: " + hx::ToUtf8(dialog.WhyNotCreated()));
+        if (!SaveMemory(dialog.Memory())) return Refuse("the window's place could not be stored");
+        return kClosed;
+    }
+    const std::string reason = SavePicture(dialog, texts, options);
+    return reason.empty() ? kClosed : Refuse(reason);
+}
+
+int Run(const hxhost::HostOptions& options) {
+    hxhost::SimulatedScanner scanner;
+    const auto locale = hx::FromUtf8(options.locale);
+    if (const HRESULT result = scanner.Create(*locale); FAILED(result)) {
+        return Refuse("no simulated scanner: " + hx::ToUtf8(hxhost::NameOf(result)));
+    }
+    // A picture looks the same whatever was done before.
+    hxhost::WindowMemory memory = options.picture.empty() ? hxhost::LoadMemory() : hxhost::WindowMemory();
+    if (!options.model.empty()) {
+        const auto model = hx::FromUtf8(options.model);
+        if (!model || FAILED(scanner.SetModel(*model))) {
+            return Refuse(UnknownModel(options.model, scanner.Models()), kUsage);
+        }
+    } else if (!memory.model.empty()) {
+        scanner.SetModel(memory.model);
+    }
+    std::wstring reason;
+    auto renderer = hx::ui::LoadScreenRenderer(
+        {!options.picture.empty(), options.scale, options.dark ? std::optional(true) : std::nullopt}, reason);
+    if (!renderer) return Refuse(hx::ToUtf8(reason));
+    hx::ui::SetRenderer(std::move(renderer));
+    return Show(scanner, options, std::move(memory));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    int exit = kClosed;
+    try {
+        const auto options = hxhost::ReadOptions(argc, argv, exit);
+        if (!options) return exit;
+        exit = Run(*options);
+        hx::ui::SetRenderer(nullptr);
+        CoFreeUnusedLibraries();
+        return exit;
+    } catch (const std::exception& error) {
+        return Refuse(error.what());
+    }
+}

@@ -1,0 +1,59 @@
+#include "apps/hxhost/picture.h"
+
+#include <chrono>
+#include <filesystem>
+
+#include "platform/system/sleep.h"
+#include "platform/system/utf8.h"
+#include "platform/ui/renderer.h"
+#include "platform/ui/script.h"
+
+namespace hxhost {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::seconds kPatience{15};
+constexpr std::chrono::milliseconds kUntilDrawn{1200};  // many cycles of the scanner
+constexpr uint32_t kPause_ms = 5;
+
+template <class Condition>
+bool PumpUntil(Condition condition, std::chrono::milliseconds patience) {
+    const auto end = Clock::now() + patience;
+    while (!condition()) {
+        if (Clock::now() >= end) return false;
+        hx::ui::CurrentRenderer()->Pump();
+        hx::SleepMilliseconds(kPause_ms);
+    }
+    return true;
+}
+
+std::string Take(HostDialog& dialog, const std::string& file) {
+    const bool fed = dialog.IsPageOpen() && PumpUntil([&] { return dialog.IsPreviewFed(); }, kPatience);
+    PumpUntil([] { return false; }, kUntilDrawn);
+    std::error_code error;
+    const auto name = hx::FromUtf8(std::filesystem::absolute(file, error).string());
+    if (error || !name || !hx::ui::CurrentRenderer()->SavePicture(dialog, *name)) {
+        return "the picture cannot be written to \"" + file + "\"";
+    }
+    if (!dialog.IsPageOpen()) return "the picture shows no page: none could be opened";
+    return fed ? std::string() : "the picture shows no preview: the page asked for none";
+}
+
+}  // namespace
+
+std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOptions& options) {
+    hx::ui::Script script;
+    if (dialog.Create(texts.Module(), IDD_HOST, nullptr)) return "the window has no template";
+    if (options.size) dialog.Move({0, 0, options.size->width, options.size->height});
+    dialog.Show(true);
+    std::string reason = Take(dialog, options.picture);
+    for (const hx::ui::Script::Box& box : script.TakeBoxes()) {
+        if (!reason.empty()) reason += "; ";
+        reason += "the page said: " + hx::ToUtf8(box.text);
+    }
+    dialog.Destroy();
+    return reason;
+}
+
+}  // namespace hxhost
