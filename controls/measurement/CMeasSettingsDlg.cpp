@@ -99,6 +99,8 @@ void CMeasSettingsDlg::NoteConnectionState() {
 }
 
 void CMeasSettingsDlg::EnableControls(bool enable) noexcept {
+    // Nothing can be done to controls that do not show the profile.
+    enable = enable && IsReady();
     m_enabled = enable;
     const ui::Control* const focused = Focused();
     EnableState state;

@@ -65,8 +65,9 @@ bool CMeasSettingsDlg::Follow() {
     if (Operations().IsClosed()) return false;
     const Scope scope(Operations());
     const bool followed = Attempt([&](const Scope&) { OnSettingChanged(true); });
-    // Also of a value that the scanner refused: it is what the controls show.
-    if (scope.MayGoOn() && IsReady()) EnableControls(true);
+    // Also of a value that the scanner refused, and if the host came in while that was told: it is what the
+    // controls show.
+    if (scope.IsSessionOpen() && IsReady()) EnableControls(true);
     return followed && scope.MayGoOn();
 }
 

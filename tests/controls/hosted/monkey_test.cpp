@@ -1,0 +1,500 @@
+// Whatever an operator, a host, a cable and a failing scanner do to the measurement page, in whatever order:
+// what may never be of what can be seen from outside. HX_SEED and HX_STEPS choose another and a longer run;
+// HX_TRACE tells each step before it is done.
+#include <algorithm>
+#include <iostream>
+#include <random>
+
+#include "core/keys/MRegistryKeyLib.h"
+#include "platform/com/text_array.h"
+#include "platform/system/sleep.h"
+#include "platform/system/utf8.h"
+#include "platform/ui/codes.h"
+#include "platform/ui/headless/headless_renderer.h"
+#include "platform/ui/script.h"
+#include "platform/ui/user.h"
+#include "tests/controls/hosted/hosted_scanner.h"
+#include "tests/memory_registry.h"
+
+namespace {
+
+using namespace hosted;
+namespace ui = hx::ui;
+
+constexpr uint64_t kUsualSteps = 6000;
+constexpr size_t kStepsOfARun = 50;
+constexpr uint32_t kDetectButton = 269;
+constexpr uint32_t kThreshold = 2;  // of the sliders: it is enabled whenever a profile is shown
+constexpr uint32_t kExposure = 1;
+
+struct Step {
+    size_t action = 0;
+    std::array<uint32_t, 4> numbers{};
+};
+using Steps = std::vector<Step>;
+
+template <size_t kCount, class T>
+const T& Pick(const T (&rows)[kCount], uint32_t number) {
+    return rows[number % kCount];
+}
+
+class Monkey {
+public:
+    struct Action;
+    static const std::vector<Action>& Actions();
+    static std::string Text(const Step& step);
+
+    Monkey(const std::shared_ptr<ui::HeadlessRenderer>& renderer, uint32_t model)
+        : m_renderer(renderer), m_scanner(Pick(kModels, model)), m_predefined(Predefined()) {
+        OpenAnew();
+        if (!s_operations.empty()) return;
+        hx::SafeArray names;
+        m_scanner.hands->GetOperations(names.put());
+        const auto operations = hx::TextsOf(names.get());
+        for (const std::wstring& name : *operations) {
+            s_operations.push_back(hx::ToUtf8(name.substr(name.find(L'.') + 1)));
+        }
+    }
+
+    // What is wrong afterwards; "" if nothing is.
+    std::string Run(const Steps& steps, bool trace) {
+        for (const Step& step : steps) {
+            if (trace) std::cerr << "    " << Text(step) << std::endl;
+            std::string wrong = Do(step);
+            if (!wrong.empty()) return wrong + " after " + Text(step);
+        }
+        std::string wrong = Revive();
+        return wrong.empty() ? "" : wrong + " at the end";
+    }
+
+private:
+    static constexpr const char* kModels[] = {"HX", "KT05FxR3PA", "T820"};
+    static constexpr const wchar_t* kNames[] = {L"Own 1", L"$DEFAULT", L"Own 2", L"own 3", L"", L"none"};
+
+    std::string Do(const Step& step);
+    std::string Wrong(const ui::Dialog& page);
+    std::string WrongRows(const ui::Dialog& page);
+    std::string Revive();
+
+    std::map<std::string, Profile> Predefined() const {
+        std::map<std::string, Profile> profiles = m_scanner.Stored();
+        std::erase_if(profiles, [](const auto& each) { return !each.first.starts_with('$'); });
+        return profiles;
+    }
+    void OpenAnew() {
+        m_page.Close();
+        m_trusted = OpenPage(m_page, m_frame, m_scanner, L"Own 1");
+        m_foreign = !m_trusted;
+    }
+    ui::IUser& User() { return m_renderer->User(); }
+    template <class T>
+    T& At(uint32_t id) {
+        return *m_page.Dialog()->FindAs<T>(id);
+    }
+    ui::TrackBar& Slider(uint32_t number) { return At<ui::TrackBar>(Pick(kSliders, number)); }
+    ui::ListBox& List() { return At<ui::ListBox>(kList); }
+    static std::string Row(const ui::Dialog& page, int32_t row) {
+        const auto& list = *page.FindAs<ui::ListBox>(kList);
+        return row < 0 ? "" : hx::ToUtf8(list.RowText(row));
+    }
+    static bool HasEdits(const ui::Dialog& page) {
+        const auto& list = *page.FindAs<ui::ListBox>(kList);
+        return Row(page, list.Selected()).starts_with('*');
+    }
+    // The text of an edit that is left may become another number.
+    static bool IsTyping(const ui::Dialog& page) {
+        return page.Focused() != nullptr && page.Focused()->Kind() == ui::ControlKind::edit;
+    }
+    static bool IsShown(const ui::Dialog& page) { return page.Find(kSliders[kThreshold])->IsEnabled(); }
+
+    void Initialise(uint32_t profile, uint32_t names) {
+        // The last ones are another scanner's, and profiles that are only there for a while.
+        const bool custom = names % 16 == 14, other = names % 16 == 15;
+        m_foreign = m_foreign || custom || other;
+        m_page.Initialise(m_scanner.driver, other ? L"other" : m_scanner.device, L"",
+                          hosting::HostedPage::ArgumentsOf(custom ? L"$CUSTOM" : Pick(kNames, profile)));
+    }
+    void InitialiseMalformed(uint32_t number) {
+        hx::SafeArray array;
+        if (number % 4 != 0) {
+            array.attach(SafeArrayCreateVector(number % 4 == 1 ? VT_BSTR : VT_VARIANT, 3, number % 4 == 2));
+        }
+        m_page.Initialise(m_scanner.driver, m_scanner.device, L"", std::move(array));
+    }
+    void Save() {
+        m_may_close = false;
+        m_page.Save(m_may_close);
+        m_saved = true;
+    }
+    void MoveCable(uint32_t how) {
+        static constexpr int32_t kStates[] = {0, 1, 2, 1, 0, 7, -1};
+        if (how % 16 < 6) m_scanner.hands->Connect();
+        if (how % 16 == 6) m_scanner.hands->Disconnect();
+        if (how % 16 > 6) m_scanner.hands->SetConnectionState(Pick(kStates, how / 16), how % 16 != 7);
+        // Thus whoever dispatches next finds them.
+        m_scanner.hands->WaitForEvents();
+    }
+    // What may come while a question or a message is on the screen.
+    void Interrupt(uint32_t what, uint32_t number) {
+        switch (what % 8) {
+            case 0:
+                return m_page.Select(), void();
+            case 1:
+                return m_page.Deselect(), void();
+            case 2:
+                return Save();
+            case 3:
+                return m_page.SetApi(m_scanner.api.get()), void();
+            case 4:
+                return m_page.Close();
+            case 5:
+                return Initialise(number, number / 16);
+            default:
+                return MoveCable(number), m_scanner.Settle();
+        }
+    }
+
+    const std::shared_ptr<ui::HeadlessRenderer> m_renderer;
+    const Scanner m_scanner;
+    const std::map<std::string, Profile> m_predefined;
+    inline static std::vector<std::string> s_operations;  // that can fail
+    Frame m_frame;
+    hosting::HostedPage m_page;
+    std::unique_ptr<ui::Script> m_script;  // the step's
+    bool m_trusted = false;                // what the page takes for stored is stored
+    bool m_foreign = false;                // it was told to edit something else
+    bool m_fails = false;                  // the scanner, in this step
+    bool m_saved = false;                  // the host has asked in this step
+    bool m_may_close = false;
+};
+
+struct Monkey::Action {
+    enum class Kind { leaves_edits, edits, drops, fault };
+    const char* name;
+    uint32_t weight;
+    Kind kind;
+    bool needs_window;
+    void (*run)(Monkey& monkey, const std::array<uint32_t, 4>& numbers);
+};
+
+const std::vector<Monkey::Action>& Monkey::Actions() {
+    using enum Action::Kind;
+    using N = const std::array<uint32_t, 4>&;
+    static constexpr const wchar_t* kTyped[] = {L"",   L"0",    L"1",  L"37",          L"90", L"100", L"101",
+                                                L"-5", L"12.7", L"x9", L"99999999999", L" 7", L"\t-"};
+    static constexpr uint32_t kKeys[] = {VK_F2, VK_DELETE, VK_UP, VK_DOWN, VK_HOME, VK_END, VK_BACK, VK_TAB};
+    static constexpr uint32_t kCommands[] = {32771, 32772, 32773, 32773, 32774, 0};
+    static constexpr HRESULT kResults[] = {E_FAIL, E_OUTOFMEMORY, E_ACCESSDENIED, HRESULT(0x80040201)};
+    static constexpr uint32_t kCodes[] = {TB_LINEUP, TB_LINEDOWN, TB_PAGEUP, TB_PAGEDOWN, TB_TOP, TB_BOTTOM};
+    static constexpr uint32_t kOtherSliders[] = {276, 277, 289};
+    static constexpr uint32_t kAllBoxes[] = {224, 225, 253, 288};
+    static const std::vector<Action> actions = {
+        {"drag", 12, edits, true,
+         [](Monkey& m, N n) {
+             auto& slider = m.Slider(n[0]);
+             m.User().Drag(slider, static_cast<int32_t>(n[1] % static_cast<uint32_t>(slider.Maximum() + 2)));
+         }},
+        {"drop", 8, edits, true, [](Monkey& m, N n) { m.User().Drop(m.Slider(n[0])); }},
+        {"scroll", 8, edits, true,
+         [](Monkey& m, N n) { m.User().Scroll(m.Slider(n[0]), Pick(kCodes, n[1])); }},
+        {"type", 10, edits, true,
+         [](Monkey& m, N n) { m.User().Type(m.At<ui::Edit>(Pick(kEdits, n[0])), Pick(kTyped, n[1])); }},
+        {"leave", 5, edits, true,
+         [](Monkey& m, N n) { m.User().Focus(m.At<ui::Control>(Pick(kEdits, n[0]))); }},
+        {"box", 6, edits, true,
+         [](Monkey& m, N n) { m.User().Click(m.At<ui::CheckBox>(Pick(kAllBoxes, n[0]))); }},
+        {"gain", 4, edits, true,
+         [](Monkey& m, N n) {
+             m.User().Choose(m.At<ui::ComboBox>(kGainList), static_cast<int32_t>(n[0] % 4));
+         }},
+        {"detect", 1, edits, true, [](Monkey& m, N) { m.User().Click(m.At<ui::Button>(kDetectButton)); }},
+        {"view", 2, leaves_edits, true,
+         [](Monkey& m, N n) { m.User().Scroll(m.At<ui::TrackBar>(Pick(kOtherSliders, n[0])), n[1] % 2); }},
+        {"row", 14, leaves_edits, true,
+         [](Monkey& m, N n) {
+             m.User().ClickRow(m.List(), static_cast<int32_t>(n[0]) % std::max(m.List().Count(), 1));
+         }},
+        {"menu", 8, drops, true,
+         [](Monkey& m, N n) {
+             m.m_script->AnswerMenu(Pick(kCommands, n[0]));
+             const int32_t y = n[1] % 2 ? static_cast<int32_t>(n[1] % 128) : -1;
+             m.User().ContextMenu(m.List(), {y < 0 ? -1 : 5, y});
+         }},
+        {"key", 6, drops, true, [](Monkey& m, N n) { m.User().Key(m.List(), Pick(kKeys, n[0])); }},
+        {"resize", 1, leaves_edits, true,
+         [](Monkey& m, N n) {
+             m.m_page.Move({0, 0, static_cast<int32_t>(n[0] % 1500), static_cast<int32_t>(n[1] % 900)});
+         }},
+        {"select", 3, leaves_edits, false, [](Monkey& m, N) { m.m_page.Select(); }},
+        {"deselect", 2, leaves_edits, false, [](Monkey& m, N) { m.m_page.Deselect(); }},
+        {"save", 3, leaves_edits, false, [](Monkey& m, N) { m.Save(); }},
+        {"api", 2, leaves_edits, false,
+         [](Monkey& m, N n) {
+             m.m_page.SetApi(n[0] % 4 ? m.m_scanner.api.get() : nullptr);
+             m.m_page.SetSettingsObjectMap(m.m_scanner.api.get());
+         }},
+        {"initialise", 1, leaves_edits, false, [](Monkey& m, N n) { m.Initialise(n[0], n[1]); }},
+        {"malformed", 1, leaves_edits, false, [](Monkey& m, N n) { m.InitialiseMalformed(n[0]); }},
+        {"reopen", 2, drops, false, [](Monkey& m, N) { m.OpenAnew(); }},
+        {"close", 1, drops, false, [](Monkey& m, N) { m.m_page.Close(); }},
+        {"bare", 1, drops, false, [](Monkey& m, N) { m.m_foreign = !MakePage(m.m_page) || true; }},
+        {"destroy", 1, drops, false,
+         [](Monkey& m, N) {
+             if (!m.m_frame.Children().empty()) m.m_frame.Children().front()->Destroy();
+         }},
+        {"cable", 8, leaves_edits, false, [](Monkey& m, N n) { m.MoveCable(n[0]); }},
+        {"fault", 10, fault, false,
+         [](Monkey& m, N n) {
+             m.m_scanner.Fail(s_operations[n[0] % s_operations.size()], Pick(kResults, n[1]),
+                              static_cast<int32_t>(n[2] % 12 * (n[2] / 16 % 2)),
+                              n[3] % 4 == 0 ? -1 : static_cast<int32_t>(n[3] % 4), n[1] / 16 % 8 == 0);
+         }},
+    };
+    return actions;
+}
+
+std::string Monkey::Text(const Step& step) {
+    std::string text = Actions()[step.action].name;
+    if (Actions()[step.action].kind == Action::Kind::fault && !s_operations.empty()) {
+        text += " of " + s_operations[step.numbers[0] % s_operations.size()];
+    }
+    for (const uint32_t number : step.numbers) text += " " + std::to_string(number);
+    return text;
+}
+
+std::string Monkey::Do(const Step& step) {
+    static constexpr const wchar_t* kTyped[] = {L"new", L"Zoo", L"OWN 1", L"%s (1)", L"", L"@x", L"$FINE"};
+    static constexpr uint32_t kButtons[] = {284, IDOK, 284, IDCANCEL, IDOK};
+    const Action& action = Actions()[step.action];
+    const ui::Dialog* page = m_page.Dialog();
+    if (action.needs_window && page == nullptr) return "";
+    if (action.kind == Action::Kind::fault) {
+        m_fails = true;
+        action.run(*this, step.numbers);
+        return "";
+    }
+    const bool had_edits =
+        page != nullptr && IsShown(*page) && HasEdits(*page) && !IsTyping(*page) && !m_foreign;
+    const Values edits = had_edits ? Shown(*page) : Values();
+    const hx::WindowHandle window = page != nullptr ? page->Handle() : 0;
+
+    m_script = std::make_unique<ui::Script>();
+    const auto& [first, second, third, fourth] = step.numbers;
+    for (uint32_t i = 0; i < third % 4; ++i) {
+        ui::Script::Answer answer;
+        answer.button = Pick(kButtons, third / 8 + i);
+        if (third / 64 % 4 != 0) answer.typed = Pick(kTyped, third / 256 + i);
+        m_script->AnswerModal(answer);
+    }
+    bool interrupted = false;
+    const auto interrupt = [&] {
+        if (fourth % 8 != 0 || std::exchange(interrupted, true)) return;
+        Interrupt(fourth / 8, fourth / 64);
+    };
+    m_script->while_box = interrupt;
+    m_script->while_modal = [&](ui::Dialog&) { interrupt(); };
+    m_saved = false;
+    m_scanner.Calls();
+    action.run(*this, step.numbers);
+    // Sometimes the next step comes before the event.
+    const bool late = fourth / 1024 % 8 == 0;
+    if (!late) m_scanner.Settle();
+    m_scanner.hands->ClearFaults();
+    const bool asked = !m_script->TakeModals().empty();
+    const bool told = !m_script->TakeBoxes().empty();
+    m_script.reset();
+    const std::string calls = m_scanner.Calls();
+    const bool stores = calls.find("SaveDynamicSettingsPresets") != std::string::npos;
+    if (m_fails) m_trusted = false;
+    if (!m_fails && !asked && !told && stores) m_trusted = true;
+    const bool failed = std::exchange(m_fails, false);
+
+    if (m_renderer->WaitCursors() != 0) return "a wait cursor is left";
+    if (m_renderer->Unscripted() != 0) return "a box came up with nobody there";
+    if (stores) {
+        const auto stored = m_scanner.Stored();
+        for (const auto& [name, profile] : m_predefined) {
+            const auto found = stored.find(name);
+            if (found == stored.end() || !(found->second.values == profile.values)) {
+                return "the predefined profile " + name + " has changed";
+            }
+        }
+    }
+    page = m_page.Dialog();
+    if (page == nullptr || page->Handle() != window) return "";
+    if (std::string wrong = Wrong(*page); !wrong.empty()) return wrong;
+    if (m_saved && !interrupted) {
+        if (!m_may_close && !asked && !told) return "a refused close that nobody was told of";
+        if (m_may_close && !told && IsShown(*page) && HasEdits(*page)) return "a close that would lose edits";
+    }
+    const bool may_go = action.kind != Action::Kind::leaves_edits || asked || told || m_foreign;
+    if (had_edits && !may_go && !(HasEdits(*page) && Shown(*page).IsSame(edits))) {
+        const auto stored = m_scanner.Stored();
+        const bool kept =
+            std::ranges::any_of(stored, [&](const auto& each) { return each.second.values.IsSame(edits); });
+        if (!kept)
+            return failed ? "edits were lost without a word at a failure" : "edits were lost without a word";
+    }
+    return "";
+}
+
+std::string Monkey::Wrong(const ui::Dialog& page) {
+    const auto& list = *page.FindAs<ui::ListBox>(kList);
+    if (!list.IsEnabled()) return "the list is disabled";
+    if (list.Count() > 0 && list.Selected() < 0) return "no row is selected";
+    for (int32_t row = 0; row < list.Count(); ++row) {
+        if (row != list.Selected() && Row(page, row).starts_with('*')) return "another row has the mark";
+    }
+    const bool shown = IsShown(page);
+    const auto checked = [&](uint32_t box) { return page.FindAs<ui::CheckBox>(box)->IsChecked(); };
+    const struct {
+        uint32_t control;
+        bool enabled;
+    } kRules[] = {{207, shown && !checked(224)},
+                  {210, shown && !checked(224)},
+                  {204, shown},
+                  {206, shown},
+                  {218, shown && checked(225)},
+                  {219, shown && checked(225)},
+                  {214, shown},
+                  {217, shown},
+                  {212, shown},
+                  {224, shown},
+                  {225, shown},
+                  {253, shown}};
+    for (const auto& rule : kRules) {
+        if (page.Find(rule.control)->IsEnabled() != rule.enabled) {
+            return "the rule of " + std::to_string(rule.control);
+        }
+    }
+    for (size_t i = 0; shown && i < std::size(kSliders); ++i) {
+        const ui::Control& edit = *page.Find(kEdits[i]);
+        const int32_t position = page.FindAs<ui::TrackBar>(kSliders[i])->Position();
+        const std::wstring text = std::to_wstring(i == kExposure ? position / 100 : position);
+        // What is being typed may be anything.
+        if (!edit.HasFocus() && edit.Text() != text) return "the text in " + std::to_string(kEdits[i]);
+    }
+    return shown && m_trusted && !m_foreign ? WrongRows(page) : "";
+}
+
+std::string Monkey::WrongRows(const ui::Dialog& page) {
+    const auto& list = *page.FindAs<ui::ListBox>(kList);
+    const auto stored = m_scanner.Stored();
+    if (static_cast<size_t>(list.Count()) != stored.size()) return "not the rows that are stored";
+    const bool modified = HasEdits(page);
+    const std::string display_name = Row(page, list.Selected()).substr(modified ? 1 : 0);
+    const auto current = std::ranges::find_if(
+        stored, [&](const auto& each) { return each.second.display_name == display_name; });
+    if (current == stored.end()) return "the selected row is none that is stored";
+    const bool differs = !Shown(page).IsSame(current->second.values);
+    if (differs == modified) return "";
+    return modified ? "the mark without an edit" : "the controls do not show what is stored";
+}
+
+// Nothing may be stuck: a scanner that is there again can be worked with.
+std::string Monkey::Revive() {
+    m_script = std::make_unique<ui::Script>();
+    m_scanner.hands->ClearFaults();
+    m_scanner.Settle();
+    if (m_foreign || m_page.Dialog() == nullptr) OpenAnew();
+    m_page.Select();
+    m_scanner.hands->Connect();
+    m_scanner.Settle();
+    m_scanner.hands->Connect();
+    if (m_page.Dialog() == nullptr) return "no page";
+    m_page.Dialog()->SetFocus(nullptr);
+    if (!IsShown(*m_page.Dialog())) return "no profile is shown";
+    m_scanner.Calls();
+    ui::TrackBar& slider = Slider(kThreshold);
+    const int32_t position = slider.Position() == 70 ? 30 : 70;
+    m_page.Move({0, 0, 1000, 700});
+    User().Drag(slider, position);
+    User().Drop(slider);
+    User().Type(At<ui::Edit>(kEdits[kExposure]), L"37");
+    User().Focus(List());
+    User().Click(At<ui::Button>(kDetectButton));
+    const std::string calls = m_scanner.Calls();
+    if (slider.Position() != position || calls.find("ActivateDynamicSettings") == std::string::npos) {
+        return "a slider is not followed";
+    }
+    if (calls.find("DetectExposureTime") == std::string::npos) return "nothing is detected";
+    m_script->TakeBoxes();
+    User().Key(List(), VK_F2);
+    if (m_script->TakeBoxes().empty() && m_script->TakeModals().empty()) return "the menu does nothing";
+    m_script->AnswerMenu(32774);
+    User().ContextMenu(List(), {-1, -1});
+    if (HasEdits(*m_page.Dialog())) return "edits cannot be discarded";
+    Save();
+    const bool told = !m_script->TakeBoxes().empty();
+    m_script.reset();
+    m_page.Close();
+    return m_may_close && !told ? "" : "it cannot be closed";
+}
+
+class PageMonkey : public WithMemoryRegistry {
+protected:
+    void SetUp() override {
+        WithMemoryRegistry::SetUp();
+        for (const uint32_t key : {78, 79, 88}) {
+            EXPECT_TRUE(Orvel::RegistryKeys::MRegistryKeyLib::GetRegistryKey(key).Set(true));
+        }
+        hx::SetSleeper([](uint32_t) {});
+        ui::SetRenderer(m_renderer);
+    }
+    void TearDown() override {
+        ui::SetRenderer(nullptr);
+        hx::SetSleeper(nullptr);
+        WithMemoryRegistry::TearDown();
+    }
+    std::string Run(uint32_t model, const Steps& steps, bool trace = false) {
+        return Monkey(m_renderer, model).Run(steps, trace);
+    }
+    static std::string What(const std::string& wrong) { return wrong.substr(0, wrong.find(" after ")); }
+    // As few of the steps as still go wrong in the same way.
+    Steps Shrunk(uint32_t model, Steps steps, const std::string& wrong) {
+        for (size_t length = steps.size() / 2 + 1; length > 0; length /= 2) {
+            for (size_t at = 0; at < steps.size();) {
+                Steps fewer = steps;
+                const auto from = fewer.begin() + static_cast<ptrdiff_t>(at);
+                fewer.erase(from,
+                            fewer.begin() + static_cast<ptrdiff_t>(std::min(at + length, steps.size())));
+                if (What(Run(model, fewer)) != What(wrong)) {
+                    at += length;
+                } else {
+                    steps = std::move(fewer);
+                }
+            }
+        }
+        return steps;
+    }
+
+    const std::shared_ptr<ui::HeadlessRenderer> m_renderer = ui::HeadlessRenderer::Make();
+};
+
+TEST_F(PageMonkey, FindsNothingThatMayNeverBe) {
+    const uint64_t seed = FromEnvironment("HX_SEED", 1);
+    const uint64_t runs = FromEnvironment("HX_STEPS", kUsualSteps) / kStepsOfARun;
+    const bool trace = FromEnvironment("HX_TRACE", 0) != 0;
+    std::vector<size_t> weighted;
+    for (size_t i = 0; i < Monkey::Actions().size(); ++i) {
+        weighted.insert(weighted.end(), Monkey::Actions()[i].weight, i);
+    }
+    for (uint64_t run = 0; run < runs; ++run) {
+        std::mt19937 random(static_cast<uint32_t>(seed + run));
+        const auto model = static_cast<uint32_t>(random());
+        Steps steps(kStepsOfARun);
+        for (Step& step : steps) {
+            step.action = weighted[random() % weighted.size()];
+            for (uint32_t& number : step.numbers) number = static_cast<uint32_t>(random()) >> 8;
+        }
+        if (trace) std::cerr << "HX_SEED=" << seed + run << std::endl;
+        const std::string wrong = Run(model, steps, trace);
+        if (wrong.empty()) continue;
+        std::string text = "HX_SEED=" + std::to_string(seed + run) + ": " + wrong + "\n";
+        const Steps shrunk = Shrunk(model, steps, wrong);
+        for (const Step& step : shrunk) text += "    " + Monkey::Text(step) + "\n";
+        FAIL() << text << Run(model, shrunk);
+    }
+}
+
+}  // namespace
