@@ -39,5 +39,6 @@ void CompareSessions(Benchmark& benchmark);
 void CompareProfileLists(Benchmark& benchmark);
 void ComparePreview(Benchmark& benchmark);
 void CompareProfileEditing(Benchmark& benchmark);
+void ComparePages(Benchmark& benchmark);
 
 }  // namespace hx::bench

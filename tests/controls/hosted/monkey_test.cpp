@@ -21,8 +21,8 @@ namespace {
 using namespace hosted;
 namespace ui = hx::ui;
 
-constexpr uint64_t kUsualSteps = 6000;
-constexpr size_t kStepsOfARun = 50;
+constexpr uint64_t kUsualSteps = 12000;
+constexpr size_t kStepsOfARun = 100;
 constexpr uint32_t kDetectButton = 269;
 constexpr uint32_t kThreshold = 2;  // of the sliders: it is enabled whenever a profile is shown
 constexpr uint32_t kExposure = 1;
@@ -61,6 +61,7 @@ public:
         for (const Step& step : steps) {
             if (trace) std::cerr << "    " << Text(step) << std::endl;
             std::string wrong = Do(step);
+            if (trace) std::cerr << "      " << State() << std::endl;
             if (!wrong.empty()) return wrong + " after " + Text(step);
         }
         std::string wrong = Revive();
@@ -83,8 +84,21 @@ private:
     }
     void OpenAnew() {
         m_page.Close();
+        m_foreign = false;
         m_trusted = OpenPage(m_page, m_frame, m_scanner, L"Own 1");
-        m_foreign = !m_trusted;
+        m_foreign = m_foreign || !m_trusted;
+    }
+    static std::string TextOf(const Values& values) {
+        std::string text;
+        for (const double number : values.numbers) text += " " + std::to_string(number);
+        for (const bool flag : values.flags) text += flag ? " on" : " off";
+        return text + " " + std::to_string(values.gain);
+    }
+    std::string State() const {
+        const ui::Dialog* const page = m_page.Dialog();
+        if (page == nullptr) return "no page";
+        const int32_t selected = page->FindAs<ui::ListBox>(kList)->Selected();
+        return Row(*page, selected) + TextOf(Shown(*page)) + (IsShown(*page) ? "" : " disabled");
     }
     ui::IUser& User() { return m_renderer->User(); }
     template <class T>
@@ -305,7 +319,8 @@ std::string Monkey::Do(const Step& step) {
     m_script.reset();
     const std::string calls = m_scanner.Calls();
     const bool stores = calls.find("SaveDynamicSettingsPresets") != std::string::npos;
-    if (m_fails) m_trusted = false;
+    // After a failure the page may know more than the scanner has, until it stores the next time.
+    if (m_fails || told) m_trusted = false;
     if (!m_fails && !asked && !told && stores) m_trusted = true;
     const bool failed = std::exchange(m_fails, false);
 
@@ -388,7 +403,8 @@ std::string Monkey::WrongRows(const ui::Dialog& page) {
     if (current == stored.end()) return "the selected row is none that is stored";
     const bool differs = !Shown(page).IsSame(current->second.values);
     if (differs == modified) return "";
-    return modified ? "the mark without an edit" : "the controls do not show what is stored";
+    return (modified ? "the mark without an edit" : "the controls do not show what is stored") +
+           (" after: " + display_name) + TextOf(Shown(page)) + " instead of" + TextOf(current->second.values);
 }
 
 // Nothing may be stuck: a scanner that is there again can be worked with.
@@ -397,10 +413,11 @@ std::string Monkey::Revive() {
     m_scanner.hands->ClearFaults();
     m_scanner.Settle();
     if (m_foreign || m_page.Dialog() == nullptr) OpenAnew();
+    // Also one that could not be told of events.
+    m_page.SetApi(m_scanner.api.get());
     m_page.Select();
     m_scanner.hands->Connect();
     m_scanner.Settle();
-    m_scanner.hands->Connect();
     if (m_page.Dialog() == nullptr) return "no page";
     m_page.Dialog()->SetFocus(nullptr);
     if (!IsShown(*m_page.Dialog())) return "no profile is shown";
@@ -412,6 +429,8 @@ std::string Monkey::Revive() {
     User().Drop(slider);
     User().Type(At<ui::Edit>(kEdits[kExposure]), L"37");
     User().Focus(List());
+    // Looking takes the simulated scanner longer than all the rest.
+    m_scanner.Fail("DetectExposureTime", E_FAIL, 0, 1, false);
     User().Click(At<ui::Button>(kDetectButton));
     const std::string calls = m_scanner.Calls();
     if (slider.Position() != position || calls.find("ActivateDynamicSettings") == std::string::npos) {
