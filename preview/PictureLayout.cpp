@@ -86,7 +86,8 @@ public:
             const int32_t half = (m_measure(text).width + kMargin) / 2;
             const ui::Rectangle place = {Rounded(x) - half, top_x, Rounded(x) + half, top_x + text_height};
             // The line is there without the number that the unit is in the way of.
-            if (place.left >= m_layout.unit.rectangle.right) m_layout.numbers_x.push_back({place, text});
+            if (place.left < m_layout.unit.rectangle.right + kMargin / 2) continue;
+            m_layout.numbers_x.push_back({place, text});
         }
         for (const double tick : TicksBetween(m_from_y, m_to_y, step)) {
             const double y = map.At(0, tick).y;
