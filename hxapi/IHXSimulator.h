@@ -13,10 +13,11 @@
 // A failure on demand. Null texts are none.
 struct HXSimulatorFault {
     BSTR operation;     // of an interface of the API, as "AcquireHandle"; or of the recorder
-    HRESULT result;     // what it answers with; of the recorder any number but 0
-    int32_t times;      // how many calls fail; negative: all from now on
+    HRESULT result;     // what it answers with; of the recorder any number but 0. S_OK, with a delay or
+                        // hang_up: what it does anyway, after these
+    int32_t times;      // of how many calls; negative: all from now on
     int32_t after;      // how many calls pass before
-    uint32_t delay_ms;  // how long each of the failing calls takes
+    uint32_t delay_ms;  // how much longer each of these calls takes
     BOOL hang_up;       // the connection is lost while the call runs
     BSTR chain_code;    // error information with a chain of one record of that code
     BSTR text;          // error information, or detail, with that text; with a code: the message of its chain
@@ -54,9 +55,9 @@ struct IHXSimulator : IUnknown {
     // before.
     virtual HRESULT STDMETHODCALLTYPE ResetPresets(BSTR owner) = 0;
 
-    // HX_E_NOTFOUND for an operation that does not exist, E_INVALIDARG for a result that is no failure, and
-    // for a preset with an operation that is not of IDynamicSettingsPreset. The fault injected first is used
-    // up first.
+    // HX_E_NOTFOUND for an operation that does not exist; E_INVALIDARG for a result that is no failure, but
+    // for S_OK with a delay or hang_up, and for a preset with an operation that is not of
+    // IDynamicSettingsPreset. The fault injected first is used up first.
     virtual HRESULT STDMETHODCALLTYPE InjectFault(const HXSimulatorFault* fault) = 0;
     virtual HRESULT STDMETHODCALLTYPE ClearFaults() = 0;
     // The operations that can fail, as VT_BSTR "Interface.Operation".

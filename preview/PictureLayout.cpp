@@ -77,14 +77,17 @@ public:
     void Place(double step, int32_t text_height) {
         const ui::Rectangle& plot = m_layout.plot;
         const PlaneMap& map = m_layout.map;
+        const int32_t top_x = plot.bottom + kMargin / 2;
+        m_layout.unit = {{0, top_x, plot.left - kMargin, top_x + text_height}, m_texts.unit};
         for (const double tick : TicksBetween(m_from_x, m_to_x, step)) {
             const double x = map.At(tick, 0).x;
             m_layout.ticks_x.push_back(x);
             const std::wstring text = TickText(tick, step, m_texts.decimal_separator);
             const int32_t half = (m_measure(text).width + kMargin) / 2;
-            const int32_t top = plot.bottom + kMargin / 2;
-            m_layout.numbers_x.push_back(
-                {{Rounded(x) - half, top, Rounded(x) + half, top + text_height}, text});
+            const ui::Rectangle place = {Rounded(x) - half, top_x, Rounded(x) + half, top_x + text_height};
+            // The line is there without the number that the unit is in the way of.
+            if (place.left < m_layout.unit.rectangle.right + kMargin / 2) continue;
+            m_layout.numbers_x.push_back({place, text});
         }
         for (const double tick : TicksBetween(m_from_y, m_to_y, step)) {
             const double y = map.At(0, tick).y;
@@ -144,8 +147,6 @@ PictureLayout LayOut(ui::Size size, const std::vector<PlaneArea>& areas, const L
     const double step = scale.Step();
     if (!(step > 0)) return layout;
     scale.Place(step, text_height);
-    const int32_t top = layout.plot.bottom + kMargin / 2;
-    layout.unit = {{0, top, layout.plot.left - kMargin, top + text_height}, texts.unit};
     return layout;
 }
 

@@ -102,7 +102,6 @@ protected:
     void OnSize(const Size& size) override;
     // Enter presses the button that has the focus, or the default button, Escape the one with IDCANCEL.
     bool TakeKey(uint32_t key) override;
-    bool TakeMnemonic(wchar_t character) override;
     void OnDestroy() override;
     // Controls that are neither bound nor simple are made here; null leaves it to the dialog.
     virtual std::unique_ptr<Control> MakeControl(const DialogControl& /*line*/) { return nullptr; }

@@ -77,7 +77,8 @@ public:
     // first; Tab goes through all of the frame. True if somebody did something with it.
     bool UserKey(uint32_t key, bool shift = false);
     // The control with that mnemonic, or the one that it labels, gets the focus or is pressed: in the dialogs
-    // that it is in, the innermost first, then in any of the frame. False if there is none.
+    // that it is in, the innermost first, then in any of the frame; from one that has the focus the next of
+    // the frame, so that all take turns. False if there is none.
     bool UserMnemonic(wchar_t character);
     // A person wants a frame closed; it does not unless whoever owns it destroys it.
     virtual void OnClose() {}
@@ -92,9 +93,8 @@ protected:
     virtual void OnSize(const Size& /*size*/) {}
     // It or something that it is a part of was shown or hidden.
     virtual void OnShown(bool /*shown*/) {}
-    // Enter or Escape, and the letter of a mnemonic; true if it did something with it.
+    // Enter or Escape; true if it did something with it.
     virtual bool TakeKey(uint32_t /*key*/) { return false; }
-    virtual bool TakeMnemonic(wchar_t /*character*/) { return false; }
     // Before the children are destroyed; the view is still there.
     virtual void OnDestroy() {}
 
@@ -106,7 +106,6 @@ private:
     void TellShown(bool shown);
     void TellFocus();
     bool UserTab(bool backwards);
-    bool OfferMnemonic(wchar_t character);
 
     WindowKind m_kind = WindowKind::child;
     Window* m_parent = nullptr;

@@ -22,12 +22,13 @@ HRESULT FaultList::Inject(const HXSimulatorFault* wanted) {
     if (wanted->preset != nullptr && fault.operation->logged_as != kPresetPrefix) return E_INVALIDARG;
     fault.result = wanted->result;
     fault.hangs_up = wanted->hang_up != FALSE;
-    // A call during which the scanner is lost says so, unless it is to say something else.
-    if (fault.hangs_up && fault.result == S_OK) fault.result = HX_E_NOTCONNECTED;
-    if (!IsFailure(*fault.operation, fault.result)) return E_INVALIDARG;
+    fault.delay_ms = wanted->delay_ms;
+    // A call that succeeds may be slow, or the last one before the cable goes.
+    const bool does_something = IsFailure(*fault.operation, fault.result) ||
+                                (fault.result == S_OK && (fault.hangs_up || fault.delay_ms != 0));
+    if (!does_something) return E_INVALIDARG;
     fault.times = wanted->times;
     fault.after = std::max(wanted->after, 0);
-    fault.delay_ms = wanted->delay_ms;
     fault.chain_code = TextOf(wanted->chain_code);
     fault.text = TextOf(wanted->text);
     if (wanted->preset) fault.preset = TextOf(wanted->preset);

@@ -14,8 +14,8 @@ namespace hx::simulator {
 
 struct Fault {
     const Operation* operation = nullptr;
-    HRESULT result = E_FAIL;
-    int32_t times = 1;  // negative: for ever
+    HRESULT result = E_FAIL;  // S_OK: what the operation does anyway
+    int32_t times = 1;        // negative: for ever
     int32_t after = 0;
     uint32_t delay_ms = 0;
     bool hangs_up = false;
@@ -29,7 +29,7 @@ public:
     // E_POINTER, HX_E_NOTFOUND, E_INVALIDARG as IHXSimulator says.
     HRESULT Inject(const HXSimulatorFault* wanted);
     void Clear();
-    // The fault of this call, if it is to fail. The first that is for the operation, and for the preset,
+    // The fault of this call, if it has one. The first that is for the operation, and for the preset,
     // counts the call.
     std::optional<Fault> Take(const Operation& operation, std::wstring_view preset);
 

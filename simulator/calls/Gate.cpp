@@ -61,7 +61,7 @@ void Gate::FailOnDemand(const Operation& operation, std::wstring_view preset) co
     // The time that the scanner takes: it is none of the waits of the program under test.
     std::this_thread::sleep_for(std::chrono::milliseconds(fault->delay_ms));
     if (fault->hangs_up) m_line->HangUp();
-    throw Refusal{fault->result, fault->text, fault->chain_code};
+    if (fault->result != S_OK) throw Refusal{fault->result, fault->text, fault->chain_code};
 }
 
 void Gate::Finish(const Operation& operation, std::initializer_list<Argument> arguments, HRESULT result,

@@ -63,7 +63,7 @@ public:
     const SharedCalls& Calls() const { return m_calls; }
 
 private:
-    // Throws a Refusal.
+    // Throws a Refusal, unless the call is only slow or the connection lost in it.
     void FailOnDemand(const Operation& operation, std::wstring_view preset) const;
     void Finish(const Operation& operation, std::initializer_list<Argument> arguments, HRESULT result,
                 const Refusal& refusal, const CallExtras& extras) const noexcept;

@@ -46,7 +46,7 @@ TEST_F(Screenshot, WhatCannotBeDoneIsSaid) {
                 {"measurement out.png --script nowhere", 1, "cannot be read"},
                 {"preview out.png --locale xx-nothing", 2, "no locale"},
                 {"preview out.png --surface velvet", 2, "no surface"},
-                {"preview out.png --scale 0", 2, "--scale"},
+                {"preview out.png --scale 0.99", 2, "--scale"},
                 {"preview out.png --scale NaN", 2, "--scale"},
                 {"preview out.png --width 4096 --height 4096 --scale 4", 2, "too large"},
                 {"preview \"\"", 1, "cannot be written"},

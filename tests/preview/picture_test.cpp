@@ -105,6 +105,8 @@ TEST(PictureLayout, AreasFitAtEqualScalesWithNumbersBesideThem) {
             const double width = 3 * size_mm * layout.map.scale;
             const double height = 2 * size_mm * layout.map.scale;
             EXPECT_GT(std::max(width / layout.plot.Width(), height / layout.plot.Height()), 0.9);
+            ASSERT_FALSE(layout.numbers_x.empty());
+            EXPECT_GE(layout.numbers_x.front().rectangle.left, layout.unit.rectangle.right);
             for (size_t i = 1; i < layout.numbers_x.size(); ++i) {
                 EXPECT_LE(layout.numbers_x[i - 1].rectangle.right, layout.numbers_x[i].rectangle.left);
             }

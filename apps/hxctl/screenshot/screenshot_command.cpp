@@ -26,7 +26,7 @@ constexpr double kMostPixels = 7680.0 * 4320.0;
 // Why there is no picture of that size; empty if there is one.
 std::string WrongSize(const ScreenshotRequest& request) {
     if (!(request.scale >= kSmallestScale && request.scale <= kLargestScale)) {
-        return "--scale: no number between 0.5 and 4";
+        return "--scale: no number between 1 and 4";
     }
     const int width = request.width.value_or(kPreviewEdge);
     const int height = request.height.value_or(kPreviewEdge);

@@ -7,7 +7,7 @@
 
 namespace hxctl {
 
-inline constexpr double kSmallestScale = 0.5;
+inline constexpr double kSmallestScale = 1;
 inline constexpr double kLargestScale = 4;
 
 struct ScreenshotRequest {

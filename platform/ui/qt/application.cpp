@@ -13,6 +13,7 @@
 #include <QStyleFactory>
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <string>
 
 #include "platform/ui/qt/appearance.h"
@@ -28,8 +29,12 @@ constexpr wchar_t kUnknownPlatform[] =
     L"QT_QPA_PLATFORM must name platforms among xcb, wayland, wayland-egl, offscreen, minimal and vnc.";
 constexpr wchar_t kNoPlatform[] = L"Nothing that QT_QPA_PLATFORM names is installed and answers.";
 
+// What was connected to find out whether it answers: a server that loses its only client begins anew, and
+// refuses those who come meanwhile.
+using Held = std::shared_ptr<void>;
+
 // Connects as the toolkit's own plugin does, with the same library: refusals are found, too.
-bool AnswersX() {
+bool AnswersX(Held& held) {
     struct Connection;
     void* const library = dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
     if (!library) return false;
@@ -45,12 +50,12 @@ bool AnswersX() {
         return false;
     }
     Connection* const connection = connect(nullptr, nullptr);
-    const bool answers = connection && has_error(connection) == 0;
-    if (connection) disconnect(connection);
-    return answers;
+    if (!connection) return false;
+    held.reset(connection, [disconnect](void* open) { disconnect(static_cast<Connection*>(open)); });
+    return has_error(connection) == 0;
 }
 
-bool AnswersWayland() {
+bool AnswersWayland(Held& /*held*/) {
     const std::string display = qgetenv("WAYLAND_DISPLAY").toStdString();
     if (display.empty()) return false;
     const std::string name =
@@ -66,7 +71,7 @@ bool AnswersWayland() {
     return answers;
 }
 
-bool IsThere() {
+bool IsThere(Held& /*held*/) {
     return true;
 }
 
@@ -74,7 +79,7 @@ bool IsThere() {
 struct Platform {
     const char* name;
     const char* plugins;
-    bool (*answers)();
+    bool (*answers)(Held& held);
 };
 constexpr Platform kPlatforms[] = {
     {"xcb", "libqxcb.so", AnswersX},
@@ -99,7 +104,7 @@ bool IsInstalled(const Platform& platform) {
 }
 
 // The toolkit ends the process if it finds no screen, so it is asked only if there is one. Null if so.
-const wchar_t* WhyNoScreen() {
+const wchar_t* WhyNoScreen(Held& held) {
     const QByteArray wanted = qgetenv("QT_QPA_PLATFORM");
     if (wanted.isEmpty() && qgetenv("DISPLAY").isEmpty() && qgetenv("WAYLAND_DISPLAY").isEmpty()) {
         return kNoDisplay;
@@ -112,7 +117,7 @@ const wchar_t* WhyNoScreen() {
             std::find_if(std::begin(kPlatforms), std::end(kPlatforms),
                          [&name](const Platform& known) { return name == known.name; });
         if (platform == std::end(kPlatforms)) return kUnknownPlatform;
-        works = works || (platform->answers() && IsInstalled(*platform));
+        works = works || (platform->answers(held) && IsInstalled(*platform));
     }
     if (works) return nullptr;
     return wanted.isEmpty() ? kNoServer : kNoPlatform;
@@ -147,9 +152,10 @@ void MakeApplication() {
 
 bool StartApplication(const ScreenOptions& options, std::wstring& reason) {
     if (!QCoreApplication::instance()) {
+        Held held;  // until the application is connected
         if (options.offscreen) {
             qputenv("QT_QPA_PLATFORM", "offscreen");
-        } else if (const wchar_t* const why = WhyNoScreen()) {
+        } else if (const wchar_t* const why = WhyNoScreen(held)) {
             reason = why;
             return false;
         }

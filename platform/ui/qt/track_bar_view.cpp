@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QStyleOptionSlider>
+#include <QStylePainter>
 #include <QTimerEvent>
 #include <cstdlib>
 #include <utility>
@@ -102,6 +103,19 @@ void TrackBarView::ShowOwn(ControlChange change) {
         default:
             break;
     }
+}
+
+// Styles make the ticks a little darker than what they are on, and in dark colours nobody sees them: they are
+// drawn once more, as if on the colour of texts.
+void TrackBarView::paintEvent(QPaintEvent* event) {
+    QSlider::paintEvent(event);
+    if (tickPosition() == QSlider::NoTicks) return;
+    QStylePainter painter(this);
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    option.subControls = QStyle::SC_SliderTickmarks;
+    option.palette.setColor(QPalette::Window, palette().color(QPalette::WindowText));
+    painter.drawComplexControl(QStyle::CC_Slider, option);
 }
 
 void TrackBarView::DragTo(int position) {

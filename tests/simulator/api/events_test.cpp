@@ -63,7 +63,7 @@ TEST_F(Events, ALostConnectionStaysLost) {
     });
     EXPECT_EQ(m_hands->Connect(), S_OK);
     told.get_future().wait();
-    HXSimulatorFault fault{Text("Resume"), S_OK, 1, 0, 0, TRUE, nullptr, nullptr, nullptr};
+    HXSimulatorFault fault{Text("Resume"), HX_E_NOTCONNECTED, 1, 0, 0, TRUE, nullptr, nullptr, nullptr};
     EXPECT_EQ(m_hands->InjectFault(&fault), S_OK);
     EXPECT_EQ(m_api->Resume(nullptr), HX_E_NOTCONNECTED);
     lost.set_value();

@@ -25,6 +25,7 @@ constexpr wchar_t kScript[] =
 STYLE DS_SETFONT | WS_POPUP | WS_CAPTION
 FONT 8, "MS Shell Dlg"
 BEGIN
+    LTEXT         "&Power", IDC_STATIC, 110, 4, 40, 8
     EDITTEXT      30, 4, 4, 100, 12, WS_TABSTOP
     LTEXT         "Pa&ge", IDC_STATIC, 4, 18, 40, 8
     CONTROL       "", 31, "Hx.Gauge", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 4, 28, 200, 80
@@ -166,6 +167,8 @@ TEST_F(Embedding, KeysThatThePageLeavesReachTheHost) {
         {kPress, L'g', {"40 EN_SETFOCUS"}, std::nullopt, kFirst},
         {kBefore, L'g', {"40 EN_SETFOCUS"}, std::nullopt, kFirst},
         {kBefore, L'p', {"42 BN_CLICKED"}, std::nullopt, kPress},
+        {kFirst, L'p', {"40 EN_KILLFOCUS", "42 BN_CLICKED"}, std::nullopt, kPress},
+        {kPress, L'p', {}, std::nullopt, kBefore},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(&row - cases);
