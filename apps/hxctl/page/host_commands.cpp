@@ -96,11 +96,12 @@ hx::SafeArray WrongArrayNamed(const Word& name) {
 void Initialise(PageHost& host, Words words, Json&) {
     const std::optional<Word> wrong = TakeOption(words, "--array");
     CheckNoOptions(words);
-    const size_t least = wrong ? 3 : 4;
-    if (words.size() < least) {
+    const size_t count = wrong ? 3 : 4;
+    if (words.size() < count) {
         throw WrongLine(words.empty() ? 1 : words.back().column,
                         "initialise DRIVER DEVICE FUNCTION ARGUMENT, or --array and a kind for ARGUMENT");
     }
+    if (words.size() > count) throw WrongLine(words[count], "a word too many");
     hx::SafeArray arguments =
         wrong ? WrongArrayNamed(*wrong) : hosting::HostedPage::ArgumentsOf(WideOf(words[3]));
     CheckAnswer("Initialise", host.Hosted().Initialise(WideOf(words[0]), WideOf(words[1]), WideOf(words[2]),

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "apps/hosting/HostedPage.h"
 #include "apps/hxctl/page/page_names.h"
@@ -52,8 +53,8 @@ public:
 
     // The page's, or that of the host.
     IHXSimulator& Simulator() const;
-    // The one of that model, a new one if there is none; an empty name is the model that there is. Throws an
-    // Impossible if there is no such model.
+    // The one of that model, which is the host's from now on: each model has one for the whole script. An
+    // empty name is the model that there is. Throws a FailedCall if there is no such model.
     hx::ComPtr<IHXSimulator> SimulatorOf(const std::string& model);
 
     hx::ui::Script& Dialogs() { return m_dialogs; }
@@ -70,7 +71,8 @@ private:
     const std::string m_locale_tag;
     const bool m_bare;
     hx::ui::Script m_dialogs;
-    hx::ComPtr<IHXSimulator> m_simulator;
+    hx::ComPtr<IHXSimulator> m_simulator;  // the one chosen last of:
+    std::vector<hx::ComPtr<IHXSimulator>> m_simulators;
     std::map<std::string, std::unique_ptr<ScriptedPage>, std::less<>> m_pages;
     ScriptedPage* m_current = nullptr;
 };
