@@ -158,11 +158,13 @@ TEST_F(PageScript, NobodyDoesWhatAPersonCouldNotDo) {
 TEST_F(PageScript, AModelHasOneScannerAndNoCallIsLost) {
     const std::vector<Json> answers = Answers(
         "initialise HXScanner HX F $DEFAULT\nselect\napi HX 1\ncalls\nrow Shiny\n"
-        "page measurement other\nuse other\napi T820 1\ncalls\napi HX 1\nconnection 0\nuse main\nshow 207\n");
-    ASSERT_EQ(answers.size(), 13u);
+        "page measurement other\nuse other\napi T820 1\ncalls\napi HX 1\n"
+        "fail AcquireHandle E_FAIL 1 --text gone\nconnection 2\nconnection 1\nmessages\n");
+    ASSERT_EQ(answers.size(), 14u);
     const auto activates = [](const Json& call) { return call.at("op") == "ActivateDynamicSettings"; };
     EXPECT_GE(std::ranges::count_if(answers[8].at("calls"), activates), 1);
-    EXPECT_EQ(answers[12].at("controls")[0].at("enabled"), false);
+    // The first page hears of it.
+    EXPECT_EQ(answers[13].at("messages").size(), 1u);
 }
 
 // As pages see them that share a scanner; and what reaches the preview alone is among the calls.
