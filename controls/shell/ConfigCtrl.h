@@ -107,14 +107,6 @@ public:
         }
     }
 
-    // IDispatch
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags,
-                                     DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
-                                     UINT* bad_argument) override {
-        ConfigArguments taken(member, arguments);
-        return Base::Invoke(member, reserved, locale, flags, taken.Get(), result, exception, bad_argument);
-    }
-
     StockTexts& Texts() { return m_texts; }
 
 private:
