@@ -344,6 +344,24 @@ TEST_F(ControlTest, DesignersSeeAPicture) {
     EXPECT_EQ(steps[0].colour, (ui::Colour{255, 255, 255}));
     EXPECT_EQ(steps[1].kind, ui::PaintStep::Kind::ellipse);
     for (const auto& step : steps) EXPECT_EQ(step.rectangle, (ui::Rectangle{0, 0, 700, 400}));
+
+    const struct {
+        bool is_designed;
+        DISPID told;
+        bool has_page;
+    } kChanges[] = {{false, DISPID_AMBIENT_LOCALEID, false},
+                    {false, DISPID_AMBIENT_USERMODE, true},
+                    {false, DISPID_UNKNOWN, true},
+                    {true, DISPID_UNKNOWN, false},
+                    {false, DISPID_UNKNOWN, true}};
+    for (const auto& change : kChanges) {
+        m_container->is_designed = change.is_designed;
+        EXPECT_EQ(m_control.as<IOleControl>()->OnAmbientPropertyChange(change.told), S_OK);
+        EXPECT_EQ(m_frame.Children().front(), &window);
+        EXPECT_EQ(PageDialog() != nullptr, change.has_page);
+        EXPECT_EQ(m_renderer->Paint(window).empty(), change.has_page);
+    }
+    EXPECT_EQ(PageDialog()->Bounds(), (ui::Rectangle{0, 0, 700, 400}));
 }
 
 TEST_F(ControlTest, PropertiesAreATextOnAPage) {
