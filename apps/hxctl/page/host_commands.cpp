@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <iterator>
 
+#include "apps/hosting/SettingsMap.h"
 #include "apps/hxctl/page/host_answer.h"
 #include "apps/hxctl/page/page_host.h"
 #include "apps/hxctl/page/script_command.h"
-#include "apps/hxctl/page/settings_map.h"
 #include "platform/com/variant.h"
 #include "platform/system/utf8.h"
 
@@ -36,8 +36,10 @@ void OpenWindow(PageHost& host, Words, Json&) {
 
 void Map(PageHost& host, Words words, Json&) {
     if (words.empty()) {
-        CheckAnswer("SetSettingsObjectMap",
-                    host.Hosted().SetSettingsObjectMap(hx::Make<SettingsMap>().get()));
+        hx::ComPtr<IHXSettingsObjectMap> map;
+        const hosting::CalledLast made = hosting::MakeSettingsMap(map);
+        CheckCall(made.operation, made.result);
+        CheckAnswer("SetSettingsObjectMap", host.Hosted().SetSettingsObjectMap(map.get()));
         return;
     }
     if (words[0].text != "none") throw WrongLine(words[0], "nothing, or none, stands behind map");
