@@ -116,9 +116,7 @@ void Resize(PageHost& host, Words words, Json&) {
     for (const auto& [edge, word] : {std::pair(width, words[0]), std::pair(height, words[1])}) {
         if (edge < 0 || edge > kLongestEdge) throw WrongLine(word, "an edge has 0 to 16384 pixels");
     }
-    host.Dialog();
-    host.Page().frame.Move({0, 0, width, height});
-    host.Hosted().Move({0, 0, width, height});
+    host.Resize({width, height});
 }
 
 void Select(PageHost& host, Words, Json&) {

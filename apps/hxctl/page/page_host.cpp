@@ -91,6 +91,15 @@ void PageHost::OpenWindow() {
     WatchPreview();
 }
 
+void PageHost::Resize(const hx::ui::Size& size) {
+    Dialog();
+    if (static_cast<double>(size.width) * size.height > m_most_pixels) {
+        throw Impossible("the picture would be too large: it has 33 million pixels at most");
+    }
+    Page().frame.Move({0, 0, size.width, size.height});
+    Hosted().Move({0, 0, size.width, size.height});
+}
+
 // What a preview is asked for reaches nobody else.
 void PageHost::WatchPreview() const {
     for (hx::ui::Control* const control : Dialog().Controls()) {
