@@ -2,8 +2,8 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "apps/hosting/SettingsObject.h"
 #include "apps/hxctl/command.h"
-#include "apps/hxctl/settings_object.h"
 #include "hxapi/ProfileSettingsType.h"
 #include "platform/com/loader.h"
 #include "platform/system/environment.h"
@@ -13,9 +13,9 @@ namespace hxctl {
 namespace {
 
 // The object's text is read back by itself, and then one that no settings object takes.
-Answer UseSettings() {
+hosting::CalledLast UseSettings() {
     hx::ComPtr<IXmlBstrSerializable> settings;
-    Answer answer = CreateSettings(ScannerConnectionSettings, settings);
+    hosting::CalledLast answer = hosting::CreateSettings(ScannerConnectionSettings, settings);
     if (FAILED(answer.result)) return answer;
     hx::Bstr text;
     answer = {"WriteXmlBstr", settings->WriteXmlBstr(text.put())};
@@ -38,7 +38,7 @@ Outcome RunLogEvents(const std::string& file, bool json) {
         std::filesystem::remove(path, error);
     }
     hx::SetEnvironmentValue("HX_EVENTS", path);
-    const Answer answer = UseSettings();
+    const hosting::CalledLast answer = UseSettings();
     CoFreeUnusedLibraries();
     if (FAILED(answer.result)) {
         return Refused(std::string(answer.operation) + " answered " + NamedResult(answer.result));

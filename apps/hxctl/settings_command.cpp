@@ -1,8 +1,8 @@
 // hxctl settings: a settings object as the scanner API uses it, created through the component library.
 #include <nlohmann/json.hpp>
 
+#include "apps/hosting/SettingsObject.h"
 #include "apps/hxctl/command.h"
-#include "apps/hxctl/settings_object.h"
 #include "core/errors/MErrorCom.h"
 #include "core/errors/MException.h"
 #include "platform/com/loader.h"
@@ -21,9 +21,10 @@ std::string SentCodes(HRESULT result, IXmlBstrSerializable& settings) {
     return hx::ToUtf8(hx::ErrorCodesText(sent));
 }
 
-Answer Exchange(const SettingsRequest& request, const hx::Bstr& text, hx::Bstr& written, std::string& codes) {
+hosting::CalledLast Exchange(const SettingsRequest& request, const hx::Bstr& text, hx::Bstr& written,
+                             std::string& codes) {
     hx::ComPtr<IXmlBstrSerializable> settings;
-    Answer answer = CreateSettings(request.type, settings);
+    hosting::CalledLast answer = hosting::CreateSettings(request.type, settings);
     if (FAILED(answer.result)) return answer;
     if (request.read) answer = {"ReadXmlBstr", settings->ReadXmlBstr(text.get())};
     if (SUCCEEDED(answer.result) && request.write) {
@@ -45,7 +46,7 @@ Outcome RunSettings(const SettingsRequest& request, bool json) {
     }
     hx::Bstr written;
     std::string codes;
-    const Answer answer = Exchange(request, text, written, codes);
+    const hosting::CalledLast answer = Exchange(request, text, written, codes);
     CoFreeUnusedLibraries();
 
     if (FAILED(answer.result)) {

@@ -1,5 +1,6 @@
 #include "apps/hxhost/PageArea.h"
 
+#include "apps/hosting/SettingsMap.h"
 #include "apps/hxhost/ids.h"
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "platform/system/locale_data.h"
@@ -14,6 +15,12 @@ constexpr wchar_t kFunction[] = L"EditDynamicSettingsPresets";
 
 bool IsNotInstalled(HRESULT result) {
     return result == CO_E_CLASSSTRING || result == REGDB_E_CLASSNOTREG;
+}
+
+hosting::Answer GiveSettings(hosting::HostedPage& page) {
+    hx::ComPtr<IHXSettingsObjectMap> map;
+    const HRESULT made = hosting::MakeSettingsMap(map).result;
+    return SUCCEEDED(made) ? page.SetSettingsObjectMap(map.get()) : hosting::Answer{made, {}};
 }
 
 }  // namespace
@@ -65,6 +72,7 @@ void PageArea::ShowChosen() {
 hosting::Answer PageArea::Open() {
     hosting::HostedPage& page = Current();
     hosting::Answer answer = page.Create(m_rows[m_current].prog_id);
+    if (answer.IsDone()) answer = GiveSettings(page);
     if (answer.IsDone()) {
         const LCID locale = hx::LcidOf(m_texts.Tag()).value_or(0);
         answer = page.Open(*m_place.Parent(), m_place.Bounds(), locale);

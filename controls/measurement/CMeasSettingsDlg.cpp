@@ -84,6 +84,8 @@ void CMeasSettingsDlg::EndSession() noexcept {
         Session().OnDestroy();
         return S_OK;
     });
+    m_settings.reset();
+    m_settings_map.reset();
 }
 
 void CMeasSettingsDlg::OnMessage(const WindowMessage& message) {

@@ -107,14 +107,6 @@ public:
         }
     }
 
-    // IDispatch
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags,
-                                     DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
-                                     UINT* bad_argument) override {
-        ConfigArguments taken(member, arguments);
-        return Base::Invoke(member, reserved, locale, flags, taken.Get(), result, exception, bad_argument);
-    }
-
     StockTexts& Texts() { return m_texts; }
 
 private:
@@ -138,6 +130,21 @@ private:
         page->Move(own.PageBounds());
         page->Show(true);
         return S_OK;
+    }
+    // The window stays, and the page comes or goes.
+    void OnAmbientChange(DISPID property) override {
+        if (property != DISPID_AMBIENT_USERMODE && property != DISPID_UNKNOWN) return;
+        const ComPtr<ConfigCtrl> self(this);
+        const bool is_designed = !this->IsInUserMode();
+        auto* const window = static_cast<ControlWindow*>(this->Embedded().Active());
+        if (!window || window->IsDesigned() == is_designed) return;
+        window->SetDesigned(is_designed);
+        if (is_designed) {
+            const std::shared_ptr<Page> page = m_page;
+            page->Destroy();
+        } else if (FAILED(OnWindowCreated(*window)) && this->Embedded().Active() == window) {
+            window->SetDesigned(true);
+        }
     }
     // There is only the one that shows the properties.
     HRESULT OnVerb(LONG, HWND) override {

@@ -23,20 +23,6 @@ HRESULT WriteStockText(std::wstring& text, const VARIANT& value);
 // Initialise of a DHXConfigCtrl; an exception becomes error information.
 HRESULT CallInitialise(void* object, const VARIANT* arguments, VARIANT* result);
 
-// The arguments of a call as the members take them. A reference to a boolean is as good as one to a number
-// for the answer of Save, of which 16 bits are written; and whether an array is of the right kind, Initialise
-// says.
-class ConfigArguments {
-public:
-    ConfigArguments(DISPID member, DISPPARAMS* given);
-    DISPPARAMS* Get() { return m_given ? &m_arguments : nullptr; }
-
-private:
-    DISPPARAMS* const m_given;
-    DISPPARAMS m_arguments{};
-    std::array<VARIANT, kMostDispatchParameters> m_values;
-};
-
 template <class Control>
 class ConfigDispatch {
 public:
@@ -77,6 +63,15 @@ private:
             DISPID_HXCONFIG_INITIALISE, L"Initialise", L"driverInternalName", L"deviceInternalName",
             L"functionName", L"arguments");
         row.call = &CallInitialise;
+        row.parameters[3].taking = DispatchTaking::any_array;
+        row.parameters[3].takes_null = true;
+        return row;
+    }
+    static constexpr DispatchMember Save() {
+        DispatchMember row =
+            Rows::Method<&DHXConfigCtrl::Save>(DISPID_HXCONFIG_SAVE, L"Save", L"reallyCloseDlg");
+        row.parameters[0].taking = DispatchTaking::half;
+        row.parameters[0].takes_null = true;
         return row;
     }
 
@@ -91,7 +86,7 @@ private:
         Rows::Method<&DHXConfigCtrl::OnSelected>(DISPID_HXCONFIG_ONSELECTED, L"OnSelected"),
         Rows::Method<&DHXConfigCtrl::OnDeselected>(DISPID_HXCONFIG_ONDESELECTED, L"OnDeselected"),
         Rows::Method<&DHXConfigCtrl::SetHXApi>(DISPID_HXCONFIG_SETHXAPI, L"SetHXApi", L"pApi"),
-        Rows::Method<&DHXConfigCtrl::Save>(DISPID_HXCONFIG_SAVE, L"Save", L"reallyCloseDlg"),
+        Save(),
         Initialise(),
     };
 };

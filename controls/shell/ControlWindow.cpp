@@ -10,6 +10,11 @@ constexpr ui::Colour kPen{0, 0, 0};
 
 }  // namespace
 
+void ControlWindow::SetDesigned(bool is_designed) {
+    m_is_designed = is_designed;
+    Invalidate();
+}
+
 void ControlWindow::OnPaint(ui::IPainter& painter) {
     if (!m_is_designed) return;
     painter.FillRectangle(PageBounds(), kPaper);

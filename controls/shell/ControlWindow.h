@@ -13,6 +13,7 @@ public:
     ~ControlWindow() override { Destroy(); }
 
     bool IsDesigned() const { return m_is_designed; }
+    void SetDesigned(bool is_designed);
     // The page's place in it.
     ui::Rectangle PageBounds() const { return {0, 0, ClientSize().width, ClientSize().height}; }
 
@@ -21,7 +22,7 @@ public:
 private:
     void OnSize(const ui::Size& size) override;
 
-    const bool m_is_designed;
+    bool m_is_designed;
 };
 
 }  // namespace hx

@@ -27,14 +27,33 @@ bool IsOmitted(const VARIANT& argument) {
     return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
 }
 
-HRESULT Convert(const VARIANT& argument, VARTYPE type, Variant& converted) {
-    if (IsOmitted(argument)) return DISP_E_PARAMNOTOPTIONAL;
-    // What a member writes through a reference must reach the caller's own variable.
-    if (type & VT_BYREF) {
-        if (argument.vt != type || !argument.byref) return DISP_E_TYPEMISMATCH;
-        return VariantCopy(converted.put(), &argument);
+bool IsTaken(const DispatchParameter& parameter, VARTYPE given) {
+    constexpr VARTYPE kArrays = VT_BYREF | VT_ARRAY;
+    if (given == parameter.type) return true;
+    switch (parameter.taking) {
+        case DispatchTaking::half:
+            return given == (VT_BYREF | VT_BOOL);
+        case DispatchTaking::any_array:
+            return (given & kArrays) == kArrays;
+        case DispatchTaking::exact:
+            break;
     }
-    return VariantChangeType(converted.put(), &argument, 0, type);
+    return false;
+}
+
+HRESULT Convert(const VARIANT& argument, const DispatchParameter& parameter, Variant& converted) {
+    if (IsOmitted(argument)) return DISP_E_PARAMNOTOPTIONAL;
+    if (!(parameter.type & VT_BYREF)) {
+        return VariantChangeType(converted.put(), &argument, 0, parameter.type);
+    }
+    if (!IsTaken(parameter, argument.vt)) return DISP_E_TYPEMISMATCH;
+    if (!argument.byref && !parameter.takes_null) return DISP_E_TYPEMISMATCH;
+    // What a member writes through a reference must reach the caller's own variable.
+    VARIANT reference{};
+    reference.vt = parameter.type;
+    reference.byref = argument.byref;
+    converted.attach(reference);
+    return S_OK;
 }
 
 // The parameter that an argument is for: the named ones lead, the others come last one first.
@@ -54,7 +73,7 @@ HRESULT TakeArgument(const DispatchMember& member, const DISPPARAMS& given, UINT
     const auto parameter = static_cast<UINT>(ParameterOf(member, given, index));
     if (parameter >= member.count || taken[parameter]) return DISP_E_PARAMNOTFOUND;
     taken[parameter] = true;
-    return Convert(given.rgvarg[index], member.parameters[parameter].type, arguments[parameter]);
+    return Convert(given.rgvarg[index], member.parameters[parameter], arguments[parameter]);
 }
 
 HRESULT TakeArguments(const DispatchMember& member, const DISPPARAMS& given, Arguments& arguments,

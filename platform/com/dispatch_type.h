@@ -21,9 +21,18 @@ namespace hx {
 
 inline constexpr size_t kMostDispatchParameters = 4;
 
+// What is taken for a parameter by reference, beside a reference to its type.
+enum class DispatchTaking : uint8_t {
+    exact,     // nothing
+    half,      // one to a boolean for one to a number: the member writes no more than 16 bits
+    any_array  // one to any array for one to an array: the member looks at its kind
+};
+
 struct DispatchParameter {
     const wchar_t* name;
     VARTYPE type;
+    DispatchTaking taking = DispatchTaking::exact;
+    bool takes_null = false;  // the member answers a null reference itself
 };
 
 // A property that can be read and written has two rows, with one number.
@@ -106,7 +115,7 @@ private:
                 name,
                 INVOKE_FUNC,
                 sizeof...(Parameters),
-                {DispatchParameter{names, DispatchKind<Parameters>::kType}...},
+                {DispatchParameter{names, DispatchKind<Parameters>::kType, {}, {}}...},
                 VT_VOID,
                 [](void* object, const VARIANT* arguments, VARIANT*) {
                     return Call<method, Parameters...>(object, arguments,
@@ -140,7 +149,7 @@ private:
 HRESULT IdsOfNames(const DispatchType& type, const LPOLESTR* names, UINT count, DISPID* ids);
 
 // Calls, reads or writes a member, whichever of its rows `flags` name. Arguments are converted as
-// VariantChangeType does; parameters by reference take exactly their type. A new value comes as the one
+// VariantChangeType does; parameters by reference take what their row says. A new value comes as the one
 // argument, named DISPID_PROPERTYPUT. `*result` [caller clears] is empty but for a property that is read. A
 // failure of the member, or an exception that leaves it, becomes DISP_E_EXCEPTION, with `*exception` [caller
 // owns strings] made of it and of the error information that the member left. DISP_E_MEMBERNOTFOUND also for

@@ -23,6 +23,11 @@ MGlobalScanningSettings* SettingsAt(const VARIANT& variant) {
     return variant.vt == VT_UI8 ? reinterpret_cast<MGlobalScanningSettings*>(variant.ullVal) : nullptr;
 }
 
+// With a chain, whose message is what the operator reads.
+HRESULT RefuseUnplugged() {
+    throw Refusal{HX_E_NOTCONNECTED, {}, L"CalibrationHandle:NotConnected"};
+}
+
 }  // namespace
 
 CalibrationHandle::CalibrationHandle(std::shared_ptr<Simulator> simulator)
@@ -35,7 +40,7 @@ CalibrationHandle::~CalibrationHandle() {
 
 HRESULT CalibrationHandle::AcquireHandle() {
     return m_gate.Perform(Op(L"AcquireHandle"), {}, [&] {
-        if (!m_simulator->IsConnected()) return HX_E_NOTCONNECTED;
+        if (!m_simulator->IsConnected()) return RefuseUnplugged();
         m_hold = Hold::kNow;
         return S_OK;
     });
@@ -172,11 +177,11 @@ HRESULT CalibrationHandle::Detect(const Operation& operation, Value* value,
                                   HRESULT (Scanner::*look)(double&) const, const Give& give) {
     return Query(operation, {}, value, [&](const Scanner& scanner) {
         if (m_hold != Hold::kNow) return HX_E_NOTACQUIRED;
-        if (!m_simulator->IsConnected()) return HX_E_NOTCONNECTED;
+        if (!m_simulator->IsConnected()) return RefuseUnplugged();
         double found = 0;
         const HRESULT result = (scanner.*look)(found);
         // It takes its time, in which a cable can be pulled.
-        if (!m_simulator->IsConnected()) return HX_E_NOTCONNECTED;
+        if (!m_simulator->IsConnected()) return RefuseUnplugged();
         if (SUCCEEDED(result)) *value = give(found);
         return result;
     });

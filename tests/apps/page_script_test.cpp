@@ -110,6 +110,8 @@ TEST_F(PageScript, WrongLinesAreAnsweredAndTheScriptGoesOn) {
         {"create", ""},
         {"create", "the page is created already"},
         {"initialise A B C", "column 16: initialise DRIVER"},
+        {"initialise A B C D E", "column 20: a word too many"},
+        {"initialise A B C D --array null", "column 18: a word too many"},
         {"initialise A B C --array odd", "column 26: no array \"odd\""},
         {"initialise A B C --array null", "CMeasSettingsDlg.Initialise:InvalidArguments"},
         {"initialise A B C --array empty", "CMeasSettingsDlg.Initialise:InvalidArgumentType"},
@@ -139,6 +141,7 @@ TEST_F(PageScript, NobodyDoesWhatAPersonCouldNotDo) {
         {"set 207 101", "position 101 is not in 1 to 100"},
         {"press 269", "control 269 is hidden"},
         {"press 207", "control 207 is no button"},
+        {"press -1", "control -1 is no button"},
         {"set 224 2", "column 9: a check box is set to 0 or 1"},
         {"set 999 1", "no control 999"},
         {"scroll 207 TB_THUMBTRACK", "column 12: no scroll code"},
@@ -150,6 +153,18 @@ TEST_F(PageScript, NobodyDoesWhatAPersonCouldNotDo) {
         {"key Default F13", "column 13: no key \"F13\""},
     };
     CheckSaid(Answers(ScriptOf(rows)), rows);
+}
+
+TEST_F(PageScript, AModelHasOneScannerAndNoCallIsLost) {
+    const std::vector<Json> answers = Answers(
+        "initialise HXScanner HX F $DEFAULT\nselect\napi HX 1\ncalls\nrow Shiny\n"
+        "page measurement other\nuse other\napi T820 1\ncalls\napi HX 1\n"
+        "fail AcquireHandle E_FAIL 1 --text gone\nconnection 2\nconnection 1\nmessages\n");
+    ASSERT_EQ(answers.size(), 14u);
+    const auto activates = [](const Json& call) { return call.at("op") == "ActivateDynamicSettings"; };
+    EXPECT_GE(std::ranges::count_if(answers[8].at("calls"), activates), 1);
+    // The first page hears of it.
+    EXPECT_EQ(answers[13].at("messages").size(), 1u);
 }
 
 // As pages see them that share a scanner; and what reaches the preview alone is among the calls.

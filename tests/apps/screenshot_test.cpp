@@ -31,9 +31,11 @@ TEST_F(Screenshot, PagesAndThePreviewHavePictures) {
 
 // There is a picture all the same.
 TEST_F(Screenshot, AScriptThatFailsIsTold) {
-    const Answer answer = Run("screenshot measurement out.png --script -", "jump\nselect\n");
+    const Answer answer =
+        Run("screenshot measurement out.png --scale 2 --script -", "jump\nresize 16384 16384\nselect\n");
     EXPECT_EQ(answer.exit, 1);
     EXPECT_NE(answer.err.find("no command \"jump\""), std::string::npos) << answer.err;
+    EXPECT_NE(answer.err.find("line 2: the picture would be too large"), std::string::npos) << answer.err;
     EXPECT_EQ(Read("out.png").substr(1, 3), "PNG");
 }
 
@@ -44,6 +46,9 @@ TEST_F(Screenshot, WhatCannotBeDoneIsSaid) {
         const char* reason;
     } rows[] = {{"attic out.png", 2, "no page \"attic\""},
                 {"measurement out.png --script nowhere", 1, "cannot be read"},
+                {"measurement out.png --script ''", 1, "cannot be read"},
+                {"measurement out.png --exposure 100", 2, "measurement takes no --exposure"},
+                {"preview out.png --script -", 2, "preview takes no --script"},
                 {"preview out.png --locale xx-nothing", 2, "no locale"},
                 {"preview out.png --surface velvet", 2, "no surface"},
                 {"preview out.png --scale 0.99", 2, "--scale"},

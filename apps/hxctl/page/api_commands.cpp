@@ -1,10 +1,10 @@
 // The scanner API that a page is given, and its connection.
 #include <algorithm>
 
+#include "apps/hosting/SettingsMap.h"
 #include "apps/hxctl/page/host_answer.h"
 #include "apps/hxctl/page/page_host.h"
 #include "apps/hxctl/page/script_command.h"
-#include "apps/hxctl/page/settings_map.h"
 #include "apps/hxctl/scanner/desk.h"
 #include "apps/hxctl/scanner/failed_call.h"
 
@@ -21,7 +21,7 @@ bool IsNumber(const Word& word) {
 void GiveApi(PageHost& host, Words words, Json& answer) {
     if (words.size() == 1 && words[0].text == "none") {
         // It is no scanner API.
-        CheckAnswer("SetHXApi", host.Hosted().SetApi(hx::Make<SettingsMap>().get()));
+        CheckAnswer("SetHXApi", host.Hosted().SetApi(hx::Make<hosting::SettingsMap>(nullptr).get()));
         return;
     }
     if (words.size() == 1 && IsNumber(words[0])) words.insert(words.begin(), Word{});

@@ -42,6 +42,10 @@ void ReportValue(const Control& control, Json& report) {
 
 }  // namespace
 
+std::string IdText(uint32_t id) {
+    return std::to_string(static_cast<int32_t>(id));
+}
+
 Json Report(const Control& control) {
     const auto* const text = As<hx::ui::StaticText>(control);
     const hx::ui::Rectangle& bounds = control.Bounds();

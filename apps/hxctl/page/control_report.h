@@ -8,6 +8,8 @@
 namespace hxctl {
 
 Json Report(const hx::ui::Control& control);
+// A control's id as reports have it: -1 of one without.
+std::string IdText(uint32_t id);
 // "error" and so on.
 const char* IconName(hx::ui::BoxIcon icon);
 // "saved", "cancelled", "discarded"; of any other dialog its number.

@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <iterator>
 
+#include "apps/hosting/SettingsMap.h"
 #include "apps/hxctl/page/host_answer.h"
 #include "apps/hxctl/page/page_host.h"
 #include "apps/hxctl/page/script_command.h"
-#include "apps/hxctl/page/settings_map.h"
 #include "platform/com/variant.h"
 #include "platform/system/utf8.h"
 
@@ -36,8 +36,10 @@ void OpenWindow(PageHost& host, Words, Json&) {
 
 void Map(PageHost& host, Words words, Json&) {
     if (words.empty()) {
-        CheckAnswer("SetSettingsObjectMap",
-                    host.Hosted().SetSettingsObjectMap(hx::Make<SettingsMap>().get()));
+        hx::ComPtr<IHXSettingsObjectMap> map;
+        const hosting::CalledLast made = hosting::MakeSettingsMap(map);
+        CheckCall(made.operation, made.result);
+        CheckAnswer("SetSettingsObjectMap", host.Hosted().SetSettingsObjectMap(map.get()));
         return;
     }
     if (words[0].text != "none") throw WrongLine(words[0], "nothing, or none, stands behind map");
@@ -96,11 +98,12 @@ hx::SafeArray WrongArrayNamed(const Word& name) {
 void Initialise(PageHost& host, Words words, Json&) {
     const std::optional<Word> wrong = TakeOption(words, "--array");
     CheckNoOptions(words);
-    const size_t least = wrong ? 3 : 4;
-    if (words.size() < least) {
+    const size_t count = wrong ? 3 : 4;
+    if (words.size() < count) {
         throw WrongLine(words.empty() ? 1 : words.back().column,
                         "initialise DRIVER DEVICE FUNCTION ARGUMENT, or --array and a kind for ARGUMENT");
     }
+    if (words.size() > count) throw WrongLine(words[count], "a word too many");
     hx::SafeArray arguments =
         wrong ? WrongArrayNamed(*wrong) : hosting::HostedPage::ArgumentsOf(WideOf(words[3]));
     CheckAnswer("Initialise", host.Hosted().Initialise(WideOf(words[0]), WideOf(words[1]), WideOf(words[2]),
@@ -113,9 +116,7 @@ void Resize(PageHost& host, Words words, Json&) {
     for (const auto& [edge, word] : {std::pair(width, words[0]), std::pair(height, words[1])}) {
         if (edge < 0 || edge > kLongestEdge) throw WrongLine(word, "an edge has 0 to 16384 pixels");
     }
-    host.Dialog();
-    host.Page().frame.Move({0, 0, width, height});
-    host.Hosted().Move({0, 0, width, height});
+    host.Resize({width, height});
 }
 
 void Select(PageHost& host, Words, Json&) {

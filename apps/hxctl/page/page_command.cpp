@@ -44,6 +44,7 @@ Outcome RunPage(const PageRequest& request, bool json) {
         const auto script = OpenScript(request.script);
         const RendererInUse in_use(hx::ui::HeadlessRenderer::Make());
         Desk desk(ScannerRequest{});
+        desk.Calls();
         PageHost host(hx::ComPtr<IHXSimulator>(&desk.Simulator()), request.locale, request.bare);
         host.Add("main", *page);
         const ScriptTally tally = RunScript(host, *script, tell);

@@ -1,9 +1,11 @@
 #include "apps/hxctl/page/page_host.h"
 
+#include <algorithm>
 #include <atomic>
 #include <thread>
 #include <utility>
 
+#include "apps/hxctl/page/control_report.h"
 #include "apps/hxctl/page/host_answer.h"
 #include "apps/hxctl/page/reset_watcher.h"
 #include "apps/hxctl/page/script_command.h"
@@ -36,7 +38,8 @@ PageHost::PageHost(hx::ComPtr<IHXSimulator> simulator, const std::string& locale
     : m_locale(hx::LcidOf(locale).value()),
       m_locale_tag(locale),
       m_bare(bare),
-      m_simulator(std::move(simulator)) {
+      m_simulator(std::move(simulator)),
+      m_simulators{m_simulator} {
     CheckCall("SetLocale", m_simulator->SetLocale(BstrOf(m_locale_tag).get()));
 }
 
@@ -88,6 +91,15 @@ void PageHost::OpenWindow() {
     WatchPreview();
 }
 
+void PageHost::Resize(const hx::ui::Size& size) {
+    Dialog();
+    if (static_cast<double>(size.width) * size.height > m_most_pixels) {
+        throw Impossible("the picture would be too large: it has 33 million pixels at most");
+    }
+    Page().frame.Move({0, 0, size.width, size.height});
+    Hosted().Move({0, 0, size.width, size.height});
+}
+
 // What a preview is asked for reaches nobody else.
 void PageHost::WatchPreview() const {
     for (hx::ui::Control* const control : Dialog().Controls()) {
@@ -109,7 +121,7 @@ hx::ui::Dialog& PageHost::Dialog() const {
 
 hx::ui::Control& PageHost::Control(uint32_t id) const {
     hx::ui::Control* const control = Dialog().Find(id);
-    if (!control) throw Impossible("the page has no control " + std::to_string(id));
+    if (!control) throw Impossible("the page has no control " + IdText(id));
     return *control;
 }
 
@@ -125,14 +137,17 @@ IHXSimulator& PageHost::Simulator() const {
 }
 
 hx::ComPtr<IHXSimulator> PageHost::SimulatorOf(const std::string& model) {
-    if (model.empty() || ModelOf(*m_simulator) == model) return m_simulator;
+    if (model.empty()) return m_simulator;
+    const auto known = std::ranges::find_if(
+        m_simulators, [&](const hx::ComPtr<IHXSimulator>& each) { return ModelOf(*each) == model; });
+    if (known != m_simulators.end()) return m_simulator = *known;
     ScannerRequest request;
     request.model = model;
     Desk desk(request);
     hx::ComPtr<IHXSimulator> made(&desk.Simulator());
     CheckCall("SetLocale", made->SetLocale(BstrOf(m_locale_tag).get()));
-    m_simulator = std::move(made);
-    return m_simulator;
+    m_simulators.push_back(made);
+    return m_simulator = std::move(made);
 }
 
 void PageHost::Settle() {

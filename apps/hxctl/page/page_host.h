@@ -5,8 +5,10 @@
 
 #include <chrono>
 #include <functional>
+#include <limits>
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "apps/hosting/HostedPage.h"
 #include "apps/hxctl/page/page_names.h"
@@ -46,15 +48,19 @@ public:
     hosting::HostedPage& Hosted() const;
     void Create();
     void OpenWindow();
+    void Resize(const hx::ui::Size& size);
     hx::ui::Dialog& Dialog() const;
     hx::ui::Control& Control(uint32_t id) const;
     hx::ui::ListBox& ProfileList() const;
 
     // The page's, or that of the host.
     IHXSimulator& Simulator() const;
-    // The one of that model, a new one if there is none; an empty name is the model that there is. Throws an
-    // Impossible if there is no such model.
+    // The one of that model, which is the host's from now on: each model has one for the whole script. An
+    // empty name is the model that there is. Throws a FailedCall if there is no such model.
     hx::ComPtr<IHXSimulator> SimulatorOf(const std::string& model);
+
+    // Windows are made no larger from now on: each is painted as a whole.
+    void LimitPixels(double most) { m_most_pixels = most; }
 
     hx::ui::Script& Dialogs() { return m_dialogs; }
     // Everything that was posted is handled.
@@ -69,8 +75,10 @@ private:
     const LCID m_locale;
     const std::string m_locale_tag;
     const bool m_bare;
+    double m_most_pixels = std::numeric_limits<double>::infinity();
     hx::ui::Script m_dialogs;
-    hx::ComPtr<IHXSimulator> m_simulator;
+    hx::ComPtr<IHXSimulator> m_simulator;  // the one chosen last of:
+    std::vector<hx::ComPtr<IHXSimulator>> m_simulators;
     std::map<std::string, std::unique_ptr<ScriptedPage>, std::less<>> m_pages;
     ScriptedPage* m_current = nullptr;
 };

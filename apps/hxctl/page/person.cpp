@@ -1,5 +1,6 @@
 #include "apps/hxctl/page/person.h"
 
+#include "apps/hxctl/page/control_report.h"
 #include "apps/hxctl/page/script_command.h"
 #include "platform/ui/dialog.h"
 #include "platform/ui/modal.h"
@@ -13,7 +14,7 @@ hx::ui::IUser& Person() {
 
 void CheckUsable(const hx::ui::Control& control) {
     const hx::ui::Dialog* const dialog = control.Parent();
-    const std::string name = "control " + std::to_string(control.Id());
+    const std::string name = "control " + IdText(control.Id());
     if (!dialog) throw Impossible("there is no " + name + " any more");
     if (!control.IsVisible()) throw Impossible(name + " is hidden");
     if (!control.IsEnabled()) throw Impossible(name + " is disabled");
@@ -24,7 +25,7 @@ void CheckUsable(const hx::ui::Control& control) {
 void CheckDone(bool done, const hx::ui::Control& control) {
     if (done) return;
     CheckUsable(control);
-    throw Impossible("control " + std::to_string(control.Id()) + " cannot be used so");
+    throw Impossible("control " + IdText(control.Id()) + " cannot be used so");
 }
 
 }  // namespace hxctl

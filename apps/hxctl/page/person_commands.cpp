@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "apps/hxctl/page/control_report.h"
 #include "apps/hxctl/page/page_host.h"
 #include "apps/hxctl/page/person.h"
 #include "apps/hxctl/page/script_command.h"
@@ -19,7 +20,7 @@ hx::ui::Control& ControlOf(const PageHost& host, const Word& id) {
 template <class T>
 T& As(hx::ui::Control& control, const char* kind) {
     auto* const wanted = dynamic_cast<T*>(&control);
-    if (!wanted) throw Impossible("control " + std::to_string(control.Id()) + " is no " + kind);
+    if (!wanted) throw Impossible("control " + IdText(control.Id()) + " is no " + kind);
     return *wanted;
 }
 

@@ -74,7 +74,6 @@ Desk::Desk(const ScannerRequest& request) : m_simulator(CreateSimulator()) {
     CheckCall("GetModel", m_simulator->GetModel(m_model.put()));
     CheckCall("GetDevice", m_simulator->GetDevice(m_driver.put(), m_device.put()));
     for (const std::string& fault : request.faults) Inject(fault);
-    Calls();
 }
 
 void Desk::Choose(const ScannerRequest& request) {
@@ -171,6 +170,7 @@ Outcome AtDesk(const ScannerRequest& request, bool json,
     };
     try {
         Desk desk(request);
+        desk.Calls();
         std::optional<FailedCall> failure;
         try {
             command(desk, answer);

@@ -32,7 +32,7 @@ public:
     // A new handle of the scanner's, not acquired.
     hx::ComPtr<ICalibrationHandle> Handle();
     std::wstring PropertiesText();
-    // All calls since the last time, or since the desk was set up.
+    // All calls since the last time, of every desk: they are kept for the whole process.
     Json Calls();
 
     // Something that the operator is to know, whatever becomes of the command.

@@ -53,19 +53,17 @@ void SaveLivePicture(PageHost& host, const std::string& file) {
 void Resize(const ScreenshotRequest& request, PageHost& host) {
     if (!request.width && !request.height) return;
     const hx::ui::Size size = host.Page().frame.ClientSize();
-    RunLine(host,
-            "resize " + std::to_string(request.width.value_or(size.width)) + " " +
-                std::to_string(request.height.value_or(size.height)),
-            0);
+    host.Resize({request.width.value_or(size.width), request.height.value_or(size.height)});
 }
 
 }  // namespace
 
 void SavePagePicture(const ScreenshotRequest& request, Desk& desk, DeskAnswer& answer) {
     const std::shared_ptr<std::istream> script =
-        request.script.empty() ? std::make_shared<std::istringstream>(FirstSession(desk))
-                               : OpenScript(request.script);
+        request.Gives("--script") ? OpenScript(request.script)
+                                  : std::make_shared<std::istringstream>(FirstSession(desk));
     PageHost host(hx::ComPtr<IHXSimulator>(&desk.Simulator()), request.locale, false);
+    host.LimitPixels(kMostPixels / (request.scale * request.scale));
     host.Add("main", *FindPage(request.page));
     Resize(request, host);
     const ScriptTally tally = RunScript(host, *script, [&](const Json& each) {

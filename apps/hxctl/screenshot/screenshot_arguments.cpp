@@ -24,7 +24,12 @@ void ScreenshotArguments::Add(CLI::App& app) {
                         "of a page, as `hxctl page` has it, before the picture is taken");
     command->add_option("--width", m_request.width, "of the window, at 100 %")->check(CLI::Range(1, 4096));
     command->add_option("--height", m_request.height, "the same")->check(CLI::Range(1, 4096));
-    command->callback([this] { m_run = [this] { return RunScreenshot(m_request, m_json); }; });
+    command->callback([this, command] {
+        for (const char* const option : kPageOptions) {
+            if (command->count(option) != 0) m_request.given.emplace_back(option);
+        }
+        m_run = [this] { return RunScreenshot(m_request, m_json); };
+    });
 }
 
 }  // namespace hxctl

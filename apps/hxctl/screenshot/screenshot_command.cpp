@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 
 #include "apps/hxctl/renderer_in_use.h"
 #include "platform/system/locale_data.h"
@@ -14,14 +15,21 @@ namespace {
 struct PageRow {
     const char* name;
     void (*save)(const ScreenshotRequest& request, Desk& desk, DeskAnswer& answer);
+    std::span<const char* const> takes;  // of kPageOptions
 };
+constexpr std::span<const char* const> kAll = kPageOptions;
 constexpr PageRow kPages[] = {
-    {"preview", &SavePreviewPicture},
-    {"measurement", &SavePagePicture},
+    {"preview", &SavePreviewPicture, kAll.first(3)},
+    {"measurement", &SavePagePicture, kAll.last(1)},
 };
 
-// As many as an 8K screen has: more take minutes.
-constexpr double kMostPixels = 7680.0 * 4320.0;
+// What was given in vain; null if nothing was.
+const std::string* Useless(const ScreenshotRequest& request, const PageRow& page) {
+    const auto found = std::ranges::find_if(request.given, [&](const std::string& option) {
+        return std::ranges::find(page.takes, option) == page.takes.end();
+    });
+    return found != request.given.end() ? &*found : nullptr;
+}
 
 // Why there is no picture of that size; empty if there is one.
 std::string WrongSize(const ScreenshotRequest& request) {
@@ -46,6 +54,9 @@ Outcome RunScreenshot(const ScreenshotRequest& request, bool json) {
         std::string reason = "no page \"" + request.page + "\": there are";
         for (const PageRow& row : kPages) reason += std::string(" ") + row.name;
         return {kUsage, {}, reason};
+    }
+    if (const std::string* const option = Useless(request, *page)) {
+        return {kUsage, {}, request.page + " takes no " + *option};
     }
     if (!hx::LcidOf(request.locale)) return {kUsage, {}, "no locale \"" + request.locale + "\""};
     if (std::string wrong = WrongSize(request); !wrong.empty()) return {kUsage, {}, std::move(wrong)};

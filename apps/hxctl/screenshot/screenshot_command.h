@@ -1,7 +1,9 @@
 // hxctl screenshot: a page, or the preview by itself, as it looks on a screen, without one.
 #pragma once
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "apps/hxctl/scanner/desk.h"
 
@@ -9,6 +11,9 @@ namespace hxctl {
 
 inline constexpr double kSmallestScale = 1;
 inline constexpr double kLargestScale = 4;
+
+// Options that not every page takes.
+inline constexpr const char* kPageOptions[] = {"--preset", "--exposure", "--laser-power", "--script"};
 
 struct ScreenshotRequest {
     std::string page;
@@ -21,9 +26,16 @@ struct ScreenshotRequest {
     // Of the picture at 100 %; left out: what suits the page.
     std::optional<int> width;
     std::optional<int> height;
-    std::string script;  // of a page; empty: connected, with the default profile
+    std::string script;              // of a page; not given: connected, with the default profile
+    std::vector<std::string> given;  // of kPageOptions
+
+    bool Gives(std::string_view option) const {
+        return std::find(given.begin(), given.end(), option) != given.end();
+    }
 };
 inline constexpr int kPreviewEdge = 320;
+// Of a picture, as many as an 8K screen has: more take minutes.
+inline constexpr double kMostPixels = 7680.0 * 4320.0;
 
 // hxctl screenshot PAGE OUT.png
 Outcome RunScreenshot(const ScreenshotRequest& request, bool json);

@@ -8,6 +8,8 @@
 
 #include "apps/hxhost/CallWords.h"
 #include "apps/hxhost/HostDialog.h"
+#include "hxapi/HXScannerCtrlsClasses.h"
+#include "platform/com/loader.h"
 #include "platform/system/sleep.h"
 #include "platform/ui/codes.h"
 #include "platform/ui/headless/headless_renderer.h"
@@ -176,6 +178,32 @@ TEST_F(Host, APageThatIsNotInstalledSaysSoAndTheWindowCloses) {
             EXPECT_TRUE(dialog.HasEnded());
         },
         kPages);
+}
+
+// All classes but that of the factory for settings.
+struct WithoutSettings final : hx::IClassLookup {
+    std::shared_ptr<hx::IClassLookup> others = hx::ClassLookup();
+    CLSID hidden{};
+
+    std::optional<hx::ClassEntry> ByClsid(const CLSID& clsid) const override {
+        return clsid == hidden ? std::nullopt : others->ByClsid(clsid);
+    }
+    std::optional<CLSID> ByProgId(std::wstring_view prog_id) const override {
+        return others->ByProgId(prog_id);
+    }
+    std::vector<hx::ClassEntry> All() const override { return others->All(); }
+};
+
+TEST_F(Host, APageHasSettingsBeforeItIsOpened) {
+    const auto lookup = std::make_shared<WithoutSettings>();
+    ASSERT_EQ(CLSIDFromProgID(kProgIdHXSettingsFactory, &lookup->hidden), S_OK);
+    hx::SetClassLookup(lookup);
+    Run([](HostDialog& dialog) {
+        EXPECT_FALSE(dialog.IsPageOpen());
+        EXPECT_NE(dialog.Find(IDC_PAGE_PLACE)->Text(), L"");
+    });
+    hx::SetClassLookup(nullptr);
+    Run([](HostDialog& dialog) { EXPECT_TRUE(dialog.IsPageOpen()); });
 }
 
 TEST_F(Host, TheWindowComesBackWhereItWasButOnTheScreen) {

@@ -5,6 +5,7 @@
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "hxapi/IHXSettingsObjectMap.h"
 #include "platform/com/property_page.h"
+#include "platform/com/typeinfo.h"
 #include "platform/ui/component_site.h"
 #include "platform/ui/headless/headless_renderer.h"
 #include "platform/ui/hwnd.h"
@@ -115,7 +116,18 @@ protected:
         const bool puts = flags == DISPATCH_PROPERTYPUT;
         DISPPARAMS given{arguments.data(), puts ? &value : nullptr, static_cast<UINT>(arguments.size()),
                          puts};
-        return m_control->Invoke(member, IID_NULL, 0, flags, &given, result, exception, nullptr);
+        const HRESULT called =
+            m_control->Invoke(member, IID_NULL, 0, flags, &given, result, exception, nullptr);
+        CheckByDescription(member, flags, given, called);
+        return called;
+    }
+    // The description of the interface calls as the interface does.
+    void CheckByDescription(DISPID member, WORD flags, DISPPARAMS& given, HRESULT called) {
+        ComPtr<ITypeInfo> info;
+        ASSERT_EQ(m_control->GetTypeInfo(0, 0, info.put()), S_OK);
+        hx::Variant result;
+        EXPECT_EQ(info->Invoke(m_control.get(), member, flags, &given, result.put(), nullptr, nullptr),
+                  called);
     }
     void Fail(const std::string& operation) {
         HXSimulatorFault fault{};
@@ -225,6 +237,17 @@ TEST_F(ControlTest, ArgumentsAreChecked) {
         EXPECT_EQ(description.view(), code.empty() ? L"" : code + L" ()");
     }
     sizeless.get()->cbElements = size;
+    VARIANT nowhere[4] = {};
+    for (VARIANT& each : nowhere) each.vt = VT_BSTR;
+    nowhere[0].vt = VT_BYREF | VT_ARRAY | VT_VARIANT;
+    EXCEPINFO exception{};
+    EXPECT_EQ(
+        Invoke(DISPID_HXCONFIG_INITIALISE, DISPATCH_METHOD, {nowhere, nowhere + 4}, nullptr, &exception),
+        DISP_E_EXCEPTION);
+    hx::Bstr source, description;
+    source.attach(exception.bstrSource);
+    description.attach(exception.bstrDescription);
+    EXPECT_EQ(description.view(), L"CMeasSettingsDlg.Initialise:InvalidArguments ()");
     EXPECT_THROW(m_control->Initialise(nullptr, nullptr, nullptr, nullptr), hx::MException);
 }
 
@@ -245,6 +268,16 @@ TEST_F(ControlTest, TextsAndTheAnswerGoByNumber) {
     EXPECT_EQ(Invoke(DISPID_HXCONFIG_SAVE, DISPATCH_METHOD, {answer}), S_OK);
     EXPECT_EQ(answers[0], VARIANT_TRUE);
     EXPECT_EQ(answers[1], 0x77);
+    for (const int type : {VT_BOOL, VT_I4}) {
+        EXCEPINFO exception{};
+        answer.vt = static_cast<VARTYPE>(VT_BYREF | type);
+        answer.byref = nullptr;
+        EXPECT_EQ(Invoke(DISPID_HXCONFIG_SAVE, DISPATCH_METHOD, {answer}, nullptr, &exception),
+                  DISP_E_EXCEPTION);
+        EXPECT_EQ(exception.scode, E_INVALIDARG);
+    }
+    answer.vt = VT_BYREF | VT_I2;
+    EXPECT_EQ(Invoke(DISPID_HXCONFIG_SAVE, DISPATCH_METHOD, {answer}), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(Invoke(7, DISPATCH_METHOD, {}), DISP_E_MEMBERNOTFOUND);
 }
 
@@ -311,6 +344,24 @@ TEST_F(ControlTest, DesignersSeeAPicture) {
     EXPECT_EQ(steps[0].colour, (ui::Colour{255, 255, 255}));
     EXPECT_EQ(steps[1].kind, ui::PaintStep::Kind::ellipse);
     for (const auto& step : steps) EXPECT_EQ(step.rectangle, (ui::Rectangle{0, 0, 700, 400}));
+
+    const struct {
+        bool is_designed;
+        DISPID told;
+        bool has_page;
+    } kChanges[] = {{false, DISPID_AMBIENT_LOCALEID, false},
+                    {false, DISPID_AMBIENT_USERMODE, true},
+                    {false, DISPID_UNKNOWN, true},
+                    {true, DISPID_UNKNOWN, false},
+                    {false, DISPID_UNKNOWN, true}};
+    for (const auto& change : kChanges) {
+        m_container->is_designed = change.is_designed;
+        EXPECT_EQ(m_control.as<IOleControl>()->OnAmbientPropertyChange(change.told), S_OK);
+        EXPECT_EQ(m_frame.Children().front(), &window);
+        EXPECT_EQ(PageDialog() != nullptr, change.has_page);
+        EXPECT_EQ(m_renderer->Paint(window).empty(), change.has_page);
+    }
+    EXPECT_EQ(PageDialog()->Bounds(), (ui::Rectangle{0, 0, 700, 400}));
 }
 
 TEST_F(ControlTest, PropertiesAreATextOnAPage) {

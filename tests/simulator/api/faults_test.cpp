@@ -171,6 +171,9 @@ TEST_F(Faults, TheConnectionCanBeLostDuringACall) {
         int32_t state = -1;
         EXPECT_EQ(m_api->GetConnectionState(&state, nullptr), S_OK);
         EXPECT_EQ(state, HXNotConnected);
+        const HRESULT away = m_on->handle->AcquireHandle();
+        const hx::MException seen(hx::MErrorCom(away, m_on->handle.get(), IID_ICalibrationHandle));
+        EXPECT_EQ(hx::MErrorFormatter::Get().Format(seen).message, L"The scanner is not connected.");
     }
     EXPECT_EQ(m_hands->WaitForEvents(), S_OK);
     EXPECT_EQ(listener->Told(), (std::vector<int32_t>{0, 0, 0}));

@@ -1,14 +1,14 @@
-#include "apps/hxctl/settings_object.h"
+#include "apps/hosting/SettingsObject.h"
 
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "platform/com/loader.h"
 
-namespace hxctl {
+namespace hosting {
 
-Answer CreateSettings(int type, hx::ComPtr<IXmlBstrSerializable>& settings) {
+CalledLast CreateSettings(int type, hx::ComPtr<IXmlBstrSerializable>& settings) {
     CLSID clsid;
-    Answer answer{"CLSIDFromProgID", CLSIDFromProgID(kProgIdHXSettingsFactory, &clsid)};
+    CalledLast answer{"CLSIDFromProgID", CLSIDFromProgID(kProgIdHXSettingsFactory, &clsid)};
     if (FAILED(answer.result)) return answer;
     hx::ComPtr<IProfileSettingsFactory> factory;
     answer = {"CoCreateInstance",
@@ -19,4 +19,4 @@ Answer CreateSettings(int type, hx::ComPtr<IXmlBstrSerializable>& settings) {
             factory->CreateSettingsObject(static_cast<ProfileSettingsType>(type), settings.put())};
 }
 
-}  // namespace hxctl
+}  // namespace hosting

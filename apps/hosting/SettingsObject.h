@@ -4,15 +4,15 @@
 #include "hxapi/IXmlBstrSerializable.h"
 #include "platform/com/comptr.h"
 
-namespace hxctl {
+namespace hosting {
 
 // What was called last, and what it said.
-struct Answer {
+struct CalledLast {
     const char* operation;
     HRESULT result;
 };
 
 // Of a ProfileSettingsType; null on failure.
-Answer CreateSettings(int type, hx::ComPtr<IXmlBstrSerializable>& settings);
+CalledLast CreateSettings(int type, hx::ComPtr<IXmlBstrSerializable>& settings);
 
-}  // namespace hxctl
+}  // namespace hosting
