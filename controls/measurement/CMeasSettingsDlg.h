@@ -85,9 +85,10 @@ private:
     bool Follow();
 
     void EndSession() noexcept;
-    void SettingsToData(IDynamicSettingsPreset& preset);
-    void ReadScanning();
-    void LayOutFieldOfView();
+    // These move the preview, which may do anything: false if the session was ended in that.
+    bool SettingsToData(IDynamicSettingsPreset& preset);
+    bool ReadScanning();
+    bool LayOutFieldOfView();
     void ApplyScanning(const Scope& scope);
     void ShowRecord();
     void ShowRecordInEdits();
