@@ -42,7 +42,15 @@ void ProfileEditor::OnSettingChanged(bool from_sliders) {
     ApplySettingsToHardware(m_edited);
 }
 
+void ProfileEditor::HoldProfile(const std::function<void()>& work) noexcept {
+    Operate([&](const Scope&) {
+        const FlagGuard holding(m_holds_profile, true, Operations());
+        work();
+    });
+}
+
 bool ProfileEditor::OnPresetSelectionChanged() {
+    if (m_holds_profile) m_list.SelectByName(m_current_name);
     Selection selection = Selection::kNotChanged;
     Operate([&](const Scope& scope) { selection = ChangeSelection(scope); });
     return selection != Selection::kCancelled;

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 
 #include "controls/editor/FlagGuard.h"
 #include "controls/editor/SettingsPage.h"
@@ -53,6 +54,11 @@ public:
 
 protected:
     ProfileEditor(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder);
+
+    // For work of the page in which messages come in: the profile that is edited stays, the list's commands
+    // do nothing, its row goes back, and a host that wants to close is refused. Does nothing while an
+    // operation runs.
+    void HoldProfile(const std::function<void()>& work) noexcept;
 
 private:
     // What becomes of edits that are to be left.
@@ -112,6 +118,7 @@ private:
     bool m_force_prompt = false;
     bool m_commit_failed = false;  // the last time
     bool m_operating = false;
+    bool m_holds_profile = false;
 };
 
 }  // namespace hx

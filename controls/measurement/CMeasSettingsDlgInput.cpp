@@ -121,12 +121,15 @@ void CMeasSettingsDlg::OnHighIso(ui::Control& /*box*/) {
 }
 
 void CMeasSettingsDlg::OnDetect(ui::Control& /*button*/) {
-    m_detection.Run([this] {
+    if (!IsReady()) return;
+    const auto shown = [this] {
         m_tracking.exchange(false);
         m_values.ShowInSliders(Data());
         ShowRecordInEdits();
         return Follow();
-    });
+    };
+    // What is found is of the profile that is edited now.
+    HoldProfile([&] { m_detection.Run(shown); });
 }
 
 // The scanner stops while it takes such settings, and messages come in: what is moved then is followed
