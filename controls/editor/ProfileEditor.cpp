@@ -24,8 +24,31 @@ void ProfileEditor::SetProfileToSelect(std::wstring name) {
 void ProfileEditor::OnSettingChanged(bool from_sliders) {
     if (Operations().IsClosed() || !m_ready) return;
     const Scope scope(Operations());
-    if (m_in_setting_changed.exchange(true)) return;
+    if (m_in_setting_changed.exchange(true)) {
+        // A slider counts more: what was typed has moved its own.
+        m_changed_meanwhile = from_sliders || m_changed_meanwhile.value_or(false);
+        return;
+    }
     const FlagGuard guard(m_in_setting_changed, true, Operations());
+    std::exception_ptr failure;
+    for (std::optional<bool> next = from_sliders; next;) {
+        m_changed_meanwhile.reset();
+        try {
+            FollowControls(scope, *next);
+        } catch (...) {
+            if (!failure) failure = std::current_exception();
+        }
+        next = scope.MayGoOn() && m_ready ? m_changed_meanwhile : std::nullopt;
+    }
+    if (failure) std::rethrow_exception(failure);
+}
+
+void ProfileEditor::FollowControls(const Scope& scope, bool from_sliders) {
+    TakeControls(scope, from_sliders);
+    if (scope.MayGoOn()) ApplySettingsToHardware(m_edited);
+}
+
+void ProfileEditor::TakeControls(const Scope& scope, bool from_sliders) {
     try {
         UpdateSettingsFromUI(from_sliders);
         if (!scope.MayGoOn()) return;
@@ -39,7 +62,6 @@ void ProfileEditor::OnSettingChanged(bool from_sliders) {
         throw;
     }
     MarkCurrent(m_modified);
-    ApplySettingsToHardware(m_edited);
 }
 
 void ProfileEditor::HoldProfile(const std::function<void()>& work) noexcept {

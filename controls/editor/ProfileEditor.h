@@ -42,7 +42,7 @@ public:
     // The host names a profile: it is selected when the page is set up next, unless another one has edits
     // then. Until then the page goes on with what it shows.
     void SetProfileToSelect(std::wstring name);
-    // After every change of a control. Throws.
+    // After every change of a control. What changes while that runs is followed at its end. Throws.
     void OnSettingChanged(bool from_sliders);
     // The list's selection changed. False only if the operator cancelled. Shows failures.
     bool OnPresetSelectionChanged();
@@ -65,6 +65,10 @@ private:
     enum class PromptAnswer { kKeep = 0, kSave = 1, kDiscard = 2, kCancel = 3 };
     enum class Edits { kNone, kStored, kStoredAsNew, kDiscarded, kNotLeft, kCancelled };
     enum class Selection { kShown, kNotShown, kNotChanged, kCancelled };
+
+    // The controls' values into the working preset, with the mark for edits; then to the scanner.
+    void TakeControls(const Scope& scope, bool from_sliders);
+    void FollowControls(const Scope& scope, bool from_sliders);
 
     template <class Operation>
     void Operate(Operation operation) noexcept;
@@ -115,6 +119,7 @@ private:
     ComPtr<IDynamicSettingsPreset> m_fresh_baseline;
     bool m_modified = false;
     std::atomic<bool> m_in_setting_changed = false;
+    std::optional<bool> m_changed_meanwhile;  // whether from sliders
     bool m_force_prompt = false;
     bool m_commit_failed = false;  // the last time
     bool m_operating = false;
