@@ -64,6 +64,13 @@ void ProfileEditor::TakeControls(const Scope& scope, bool from_sliders) {
     MarkCurrent(m_modified);
 }
 
+void ProfileEditor::TakeHeldSliders() {
+    // An operation settles what becomes of edits.
+    if (!m_ready || m_operating) return UpdateSettingsFromUI(true);
+    const Scope scope(Operations());
+    TakeControls(scope, true);
+}
+
 void ProfileEditor::HoldProfile(const std::function<void()>& work) noexcept {
     Operate([&](const Scope&) {
         const FlagGuard holding(m_holds_profile, true, Operations());

@@ -55,6 +55,9 @@ public:
 protected:
     ProfileEditor(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder);
 
+    // The page is left while a slider is held: what it has not told counts as edits. The scanner is not told.
+    // Throws.
+    void TakeHeldSliders();
     // For work of the page in which messages come in: the profile that is edited stays, the list's commands
     // do nothing, its row goes back, and a host that wants to close is refused. Does nothing while an
     // operation runs.

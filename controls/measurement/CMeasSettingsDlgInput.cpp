@@ -95,7 +95,8 @@ void CMeasSettingsDlg::OnExposureChanged(ui::Control& edit) {
 }
 
 void CMeasSettingsDlg::OnEditLeft(ui::Control& /*edit*/) {
-    if (!IsReady() || m_enabling) return;
+    // A host that shows another page hides this one, and its edit with it. What was typed was taken then.
+    if (!IsReady() || m_enabling || !Session().IsSelected()) return;
     Attempt([&](const Scope&) {
         m_values.TakeEdits(Data());
         m_values.ShowInSliders(Data());

@@ -37,8 +37,8 @@ void CMeasSettingsDlg::UpdateSettingsFromUI(bool from_sliders) {
 }
 
 void CMeasSettingsDlg::LeaveControls() {
-    // Nobody holds a slider of a page that is not to be seen.
-    m_tracking.exchange(false);
+    // Nobody holds a slider of a page that is not to be seen: where it is counts.
+    if (m_tracking.exchange(false)) return TakeHeldSliders();
     UpdateSettingsFromUI(false);
 }
 
