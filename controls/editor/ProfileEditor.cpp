@@ -103,7 +103,7 @@ bool ProfileEditor::CommitOnClose() {
             }
         };
         bool cancelled = false;
-        const bool settled = done([&] {
+        done([&] {
             const FlagGuard forced(m_force_prompt, true, Operations());
             cancelled = ChangeSelection(scope) == Selection::kCancelled;
         });
@@ -111,12 +111,11 @@ bool ProfileEditor::CommitOnClose() {
             const bool stored = done([&] {
                 if (m_session.Presets().Count() > 0) m_session.Presets().Save();
             });
-            // Edits must not go with the page. Without any, an operator who cannot save is able to leave.
-            may_close = !cancelled && (settled || !m_modified) && (stored || !had_edits);
-            // What fails again and again must not lock the host in.
-            if (failure && m_commit_failed && !cancelled) may_close = true;
-            m_commit_failed = failure != nullptr;
             if (stored && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
+            // Edits must not go with the page: the operator, who was told, may look after them. Without any,
+            // or if it fails again, nobody is locked in.
+            may_close = !cancelled && (!failure || !had_edits || m_commit_failed);
+            m_commit_failed = failure != nullptr;
         }
         if (failure) std::rethrow_exception(failure);
     });

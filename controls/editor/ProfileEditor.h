@@ -46,8 +46,8 @@ public:
     void OnSettingChanged(bool from_sliders);
     // The list's selection changed. False only if the operator cancelled. Shows failures.
     bool OnPresetSelectionChanged();
-    // The host wants to close. False if the operator cancelled, or edits could not be stored for the first
-    // time. Shows failures.
+    // The host wants to close. False if the operator cancelled, or if there were edits and anything failed,
+    // unless the close before failed as well. Shows failures.
     bool CommitOnClose();
 
     CProfileListBox& ProfileList() { return m_list; }
