@@ -95,9 +95,10 @@ void CMeasSettingsDlg::OnExposureChanged(ui::Control& edit) {
 }
 
 void CMeasSettingsDlg::OnEditLeft(ui::Control& /*edit*/) {
-    // A host that shows another page hides this one, and its edit with it. What was typed was taken then.
-    if (!IsReady() || m_enabling || !Session().IsSelected()) return;
+    if (!IsReady() || m_enabling) return;
     Attempt([&](const Scope&) {
+        // A host that shows another page hides this one, and its edit with it. What was typed was taken then.
+        if (!Session().IsSelected()) return ShowRecordInEdits();
         m_values.TakeEdits(Data());
         m_values.ShowInSliders(Data());
         OnSettingChanged(true);

@@ -101,7 +101,7 @@ void CMeasSettingsDlg::ApplyScanning(const Scope& scope) {
     Session().ApplyGlobalScanningSettings(m_scanning);
     if (!scope.MayGoOn()) return;
     ApplySettingsToHardware(WorkingPreset());
-    m_readouts.ShowFrameRate();
+    if (scope.MayGoOn()) m_readouts.ShowFrameRate();
 }
 
 void CMeasSettingsDlg::FillGainList() {

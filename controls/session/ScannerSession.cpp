@@ -105,11 +105,12 @@ bool ScannerSession::IsDeviceCurrent() const {
 void ScannerSession::ApplySettingsToHardware(const ComPtr<IDynamicSettingsPreset>& preset,
                                              bool show_wait_cursor) {
     if (m_operations.IsClosed() || !IsDeviceCurrent() || !preset || !m_page.WorkingPreset()) return;
+    const Scope scope(m_operations);
     const std::shared_ptr<void> waiting = show_wait_cursor ? m_page.ShowWaitCursor() : nullptr;
     ApiOperation(m_locations.apply_settings, this)
         .Call(107, L"ActivateDynamicSettings", m_handle, &ICalibrationHandle::ActivateDynamicSettings,
               preset.get());
-    m_page.RefreshExposureRows();
+    if (scope.IsSessionOpen()) m_page.RefreshExposureRows();
 }
 
 void ScannerSession::ApplyGlobalScanningSettings(MGlobalScanningSettings settings) {
