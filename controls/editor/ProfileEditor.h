@@ -10,6 +10,7 @@
 
 #include <atomic>
 #include <functional>
+#include <optional>
 
 #include "controls/editor/FlagGuard.h"
 #include "controls/editor/SettingsPage.h"
