@@ -24,8 +24,31 @@ void ProfileEditor::SetProfileToSelect(std::wstring name) {
 void ProfileEditor::OnSettingChanged(bool from_sliders) {
     if (Operations().IsClosed() || !m_ready) return;
     const Scope scope(Operations());
-    if (m_in_setting_changed.exchange(true)) return;
+    if (m_in_setting_changed.exchange(true)) {
+        // A slider counts more: what was typed has moved its own.
+        m_changed_meanwhile = from_sliders || m_changed_meanwhile.value_or(false);
+        return;
+    }
     const FlagGuard guard(m_in_setting_changed, true, Operations());
+    std::exception_ptr failure;
+    for (std::optional<bool> next = from_sliders; next;) {
+        m_changed_meanwhile.reset();
+        try {
+            FollowControls(scope, *next);
+        } catch (...) {
+            if (!failure) failure = std::current_exception();
+        }
+        next = scope.MayGoOn() && m_ready ? m_changed_meanwhile : std::nullopt;
+    }
+    if (failure) std::rethrow_exception(failure);
+}
+
+void ProfileEditor::FollowControls(const Scope& scope, bool from_sliders) {
+    TakeControls(scope, from_sliders);
+    if (scope.MayGoOn()) ApplySettingsToHardware(m_edited);
+}
+
+void ProfileEditor::TakeControls(const Scope& scope, bool from_sliders) {
     try {
         UpdateSettingsFromUI(from_sliders);
         if (!scope.MayGoOn()) return;
@@ -39,10 +62,24 @@ void ProfileEditor::OnSettingChanged(bool from_sliders) {
         throw;
     }
     MarkCurrent(m_modified);
-    ApplySettingsToHardware(m_edited);
+}
+
+void ProfileEditor::TakeHeldSliders() {
+    // An operation settles what becomes of edits.
+    if (!m_ready || m_operating) return UpdateSettingsFromUI(true);
+    const Scope scope(Operations());
+    TakeControls(scope, true);
+}
+
+void ProfileEditor::HoldProfile(const std::function<void()>& work) noexcept {
+    Operate([&](const Scope&) {
+        const FlagGuard holding(m_holds_profile, true, Operations());
+        work();
+    });
 }
 
 bool ProfileEditor::OnPresetSelectionChanged() {
+    if (m_holds_profile) m_list.SelectByName(m_current_name);
     Selection selection = Selection::kNotChanged;
     Operate([&](const Scope& scope) { selection = ChangeSelection(scope); });
     return selection != Selection::kCancelled;
@@ -66,7 +103,7 @@ bool ProfileEditor::CommitOnClose() {
             }
         };
         bool cancelled = false;
-        const bool settled = done([&] {
+        done([&] {
             const FlagGuard forced(m_force_prompt, true, Operations());
             cancelled = ChangeSelection(scope) == Selection::kCancelled;
         });
@@ -74,12 +111,11 @@ bool ProfileEditor::CommitOnClose() {
             const bool stored = done([&] {
                 if (m_session.Presets().Count() > 0) m_session.Presets().Save();
             });
-            // Edits must not go with the page. Without any, an operator who cannot save is able to leave.
-            may_close = !cancelled && (settled || !m_modified) && (stored || !had_edits);
-            // What fails again and again must not lock the host in.
-            if (failure && m_commit_failed && !cancelled) may_close = true;
-            m_commit_failed = failure != nullptr;
             if (stored && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
+            // Edits must not go with the page: the operator, who was told, may look after them. Without any,
+            // or if it fails again, nobody is locked in.
+            may_close = !cancelled && (!failure || !had_edits || m_commit_failed);
+            m_commit_failed = failure != nullptr;
         }
         if (failure) std::rethrow_exception(failure);
     });

@@ -9,6 +9,8 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
+#include <optional>
 
 #include "controls/editor/FlagGuard.h"
 #include "controls/editor/SettingsPage.h"
@@ -41,12 +43,12 @@ public:
     // The host names a profile: it is selected when the page is set up next, unless another one has edits
     // then. Until then the page goes on with what it shows.
     void SetProfileToSelect(std::wstring name);
-    // After every change of a control. Throws.
+    // After every change of a control. What changes while that runs is followed at its end. Throws.
     void OnSettingChanged(bool from_sliders);
     // The list's selection changed. False only if the operator cancelled. Shows failures.
     bool OnPresetSelectionChanged();
-    // The host wants to close. False if the operator cancelled, or edits could not be stored for the first
-    // time. Shows failures.
+    // The host wants to close. False if the operator cancelled, or if there were edits and anything failed,
+    // unless the close before failed as well. Shows failures.
     bool CommitOnClose();
 
     CProfileListBox& ProfileList() { return m_list; }
@@ -54,11 +56,23 @@ public:
 protected:
     ProfileEditor(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder);
 
+    // The page is left while a slider is held: what it has not told counts as edits. The scanner is not told.
+    // Throws.
+    void TakeHeldSliders();
+    // For work of the page in which messages come in: the profile that is edited stays, the list's commands
+    // do nothing, its row goes back, and a host that wants to close is refused. Does nothing while an
+    // operation runs.
+    void HoldProfile(const std::function<void()>& work) noexcept;
+
 private:
     // What becomes of edits that are to be left.
     enum class PromptAnswer { kKeep = 0, kSave = 1, kDiscard = 2, kCancel = 3 };
     enum class Edits { kNone, kStored, kStoredAsNew, kDiscarded, kNotLeft, kCancelled };
     enum class Selection { kShown, kNotShown, kNotChanged, kCancelled };
+
+    // The controls' values into the working preset, with the mark for edits; then to the scanner.
+    void TakeControls(const Scope& scope, bool from_sliders);
+    void FollowControls(const Scope& scope, bool from_sliders);
 
     template <class Operation>
     void Operate(Operation operation) noexcept;
@@ -109,9 +123,11 @@ private:
     ComPtr<IDynamicSettingsPreset> m_fresh_baseline;
     bool m_modified = false;
     std::atomic<bool> m_in_setting_changed = false;
+    std::optional<bool> m_changed_meanwhile;  // whether from sliders
     bool m_force_prompt = false;
     bool m_commit_failed = false;  // the last time
     bool m_operating = false;
+    bool m_holds_profile = false;
 };
 
 }  // namespace hx

@@ -66,7 +66,8 @@ bool CMeasSettingsDlg::OnInitDialog() {
     return true;
 }
 
-// A component that is moved may do anything, also away with the page.
+// A component that is moved may do anything, also away with the page. The scanner is not asked for its frame
+// rate: that does not depend on the size, and the steps of a resize come faster than a scanner answers.
 void CMeasSettingsDlg::OnSize(const ui::Size& size) {
     const WindowHandle handle = Handle();
     Dialog::OnSize(size);

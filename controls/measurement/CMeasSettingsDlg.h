@@ -78,16 +78,18 @@ private:
     void OnGain(ui::Control& list);
     void OnHighIso(ui::Control& box);
     void OnDetect(ui::Control& button);
-    void OnFieldOfViewSlider();
-    void OnSpeedSlider();
+    // What they stand for was moved: bits.
+    void OnScanningSlider(uint32_t moved);
     // The controls have a new value: it goes into the working preset and to the scanner. False if that
     // failed, which was told, or the page may not go on.
     bool Follow();
 
     void EndSession() noexcept;
-    void SettingsToData(IDynamicSettingsPreset& preset);
-    void ReadScanning();
-    void LayOutFieldOfView();
+    // These move the preview, which may do anything: false if the session was ended in that.
+    bool SettingsToData(IDynamicSettingsPreset& preset);
+    bool ReadScanning();
+    bool LayOutFieldOfView();
+    void FollowScanning(const Scope& scope, uint32_t moved);
     void ApplyScanning(const Scope& scope);
     void ShowRecord();
     void ShowRecordInEdits();
@@ -102,6 +104,8 @@ private:
     ScannerReadouts m_readouts;
     ExposureDetection m_detection;
     MGlobalScanningSettings m_scanning;  // as read last, with what the operator changed since
+    bool m_follows_scanning = false;
+    uint32_t m_moved_meanwhile = 0;  // while that is so
     int32_t m_field_of_view_config = -1;
     const bool m_shows_detect;
     std::atomic<bool> m_tracking = false;  // a slider is being moved

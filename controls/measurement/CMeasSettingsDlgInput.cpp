@@ -6,6 +6,13 @@
 #include "platform/ui/codes.h"
 
 namespace hx {
+namespace {
+
+// What sliders that do not stand for a value of the profile stand for.
+constexpr uint32_t kFieldOfView = 1;
+constexpr uint32_t kSpeed = 2;
+
+}  // namespace
 
 struct CMeasSettingsDlg::Notification {
     uint32_t control;
@@ -13,10 +20,9 @@ struct CMeasSettingsDlg::Notification {
     void (CMeasSettingsDlg::*handler)(ui::Control& control);
 };
 
-// Sliders that do not stand for a value of the profile.
 struct CMeasSettingsDlg::Slider {
     uint32_t control;
-    void (CMeasSettingsDlg::*handler)();
+    uint32_t moves;
 };
 
 void CMeasSettingsDlg::OnCommand(ui::Control& control, uint32_t code) {
@@ -48,16 +54,16 @@ void CMeasSettingsDlg::OnCommand(ui::Control& control, uint32_t code) {
 
 void CMeasSettingsDlg::OnScroll(ui::TrackBar& track_bar, uint32_t code, int32_t /*position*/) {
     static constexpr Slider kSliders[] = {
-        {kWidthSlider, &CMeasSettingsDlg::OnFieldOfViewSlider},
-        {kHeightSlider, &CMeasSettingsDlg::OnFieldOfViewSlider},
-        {kSpeedSlider, &CMeasSettingsDlg::OnSpeedSlider},
+        {kWidthSlider, kFieldOfView},
+        {kHeightSlider, kFieldOfView},
+        {kSpeedSlider, kSpeed},
     };
     m_tracking.exchange(code != TB_ENDTRACK);
     // Keys and clicks beside the thumb are followed at their end.
     if (code != TB_ENDTRACK && code != TB_THUMBPOSITION && code != TB_THUMBTRACK) return;
     const auto found =
         std::ranges::find_if(kSliders, [&](const Slider& row) { return row.control == track_bar.Id(); });
-    if (found != std::end(kSliders)) return (this->*found->handler)();
+    if (found != std::end(kSliders)) return OnScanningSlider(found->moves);
     if (!track_bar.IsVertical()) Follow();
 }
 
@@ -91,6 +97,8 @@ void CMeasSettingsDlg::OnExposureChanged(ui::Control& edit) {
 void CMeasSettingsDlg::OnEditLeft(ui::Control& /*edit*/) {
     if (!IsReady() || m_enabling) return;
     Attempt([&](const Scope&) {
+        // A host that shows another page hides this one, and its edit with it. What was typed was taken then.
+        if (!Session().IsSelected()) return ShowRecordInEdits();
         m_values.TakeEdits(Data());
         m_values.ShowInSliders(Data());
         OnSettingChanged(true);
@@ -115,34 +123,59 @@ void CMeasSettingsDlg::OnHighIso(ui::Control& /*box*/) {
 }
 
 void CMeasSettingsDlg::OnDetect(ui::Control& /*button*/) {
-    m_detection.Run([this] {
+    if (!IsReady()) return;
+    const auto shown = [this] {
         m_tracking.exchange(false);
         m_values.ShowInSliders(Data());
         ShowRecordInEdits();
         return Follow();
-    });
+    };
+    // What is found is of the profile that is edited now.
+    HoldProfile([&] { m_detection.Run(shown); });
 }
 
-void CMeasSettingsDlg::OnFieldOfViewSlider() {
+// The scanner stops while it takes such settings, and messages come in: what is moved then is followed
+// afterwards, never in between.
+void CMeasSettingsDlg::OnScanningSlider(uint32_t moved) {
+    if (!IsReady()) {
+        m_field_of_view.ShowIn(m_scanning);
+        m_speed.ShowPlace();
+        return;
+    }
+    if (m_follows_scanning) {
+        m_moved_meanwhile |= moved;
+        return;
+    }
     Attempt([&](const Scope& scope) {
-        m_field_of_view.TakeInto(m_scanning);
-        ApplyScanning(scope);
-    });
-}
-
-void CMeasSettingsDlg::OnSpeedSlider() {
-    Attempt([&](const Scope& scope) {
-        const int32_t before = m_speed.TakeSlider();
-        try {
-            ApplyScanning(scope);
-        } catch (...) {
-            if (scope.IsSessionOpen()) {
-                m_speed.Set(m_speed.IsEnabled(), before);
-                m_speed.Show();
+        const FlagGuard following(m_follows_scanning, true, Operations());
+        std::exception_ptr failure;
+        for (uint32_t next = moved; next != 0;) {
+            m_moved_meanwhile = 0;
+            try {
+                FollowScanning(scope, next);
+            } catch (...) {
+                if (!failure) failure = std::current_exception();
             }
-            throw;
+            next = scope.MayGoOn() ? m_moved_meanwhile : 0;
         }
+        if (failure) std::rethrow_exception(failure);
     });
+}
+
+void CMeasSettingsDlg::FollowScanning(const Scope& scope, uint32_t moved) {
+    if ((moved & kFieldOfView) != 0) m_field_of_view.TakeInto(m_scanning);
+    if ((moved & kSpeed) == 0) return ApplyScanning(scope);
+    const int32_t before = m_speed.TakeSlider();
+    try {
+        ApplyScanning(scope);
+    } catch (...) {
+        if (scope.IsSessionOpen()) {
+            // The labels are those of all places. Nor does a slider go back that was moved on meanwhile.
+            m_speed.Set(m_speed.IsEnabled(), before);
+            if ((m_moved_meanwhile & kSpeed) == 0) m_speed.ShowPlace();
+        }
+        throw;
+    }
 }
 
 }  // namespace hx

@@ -37,8 +37,8 @@ void CMeasSettingsDlg::UpdateSettingsFromUI(bool from_sliders) {
 }
 
 void CMeasSettingsDlg::LeaveControls() {
-    // Nobody holds a slider of a page that is not to be seen.
-    m_tracking.exchange(false);
+    // Nobody holds a slider of a page that is not to be seen: where it is counts.
+    if (m_tracking.exchange(false)) return TakeHeldSliders();
     UpdateSettingsFromUI(false);
 }
 
@@ -46,7 +46,7 @@ bool CMeasSettingsDlg::SetProfile(const ComPtr<IDynamicSettingsPreset>& preset) 
     const bool were_enabled = m_enabled;
     return ShowOrPutBack(
         [&] {
-            SettingsToData(*preset);
+            if (!SettingsToData(*preset)) return;
             ShowRecord();
             EnableControls(true);
             ApplySettingsToHardware(preset);
@@ -58,33 +58,38 @@ bool CMeasSettingsDlg::SetProfile(const ComPtr<IDynamicSettingsPreset>& preset) 
         });
 }
 
-void CMeasSettingsDlg::SettingsToData(IDynamicSettingsPreset& preset) {
+bool CMeasSettingsDlg::SettingsToData(IDynamicSettingsPreset& preset) {
     BaseSettingsToData(preset);
     m_gains.ShowGain();
     UpdateExposureText();
     if (Session().IsDeviceCurrent()) return ReadScanning();
     m_field_of_view_config = kNoFieldOfView;
     m_speed.Set(false, kNoSpeed);
-    LayOutFieldOfView();
+    if (!LayOutFieldOfView()) return false;
     m_speed.Show();
+    return true;
 }
 
-void CMeasSettingsDlg::ReadScanning() {
+bool CMeasSettingsDlg::ReadScanning() {
     static MErrorLocation location("CMeasSettingsDlg", "SettingsToData");
     int32_t config = FieldOfViewConfigOf(*this, location).Managed;
     if (config >= 0 && IsOn(RegistrySwitch::kAllowHWDlgFovModification)) config = kWidthAndHeight;
     m_field_of_view_config = config;
-    LayOutFieldOfView();
+    if (!LayOutFieldOfView()) return false;
     m_scanning = ScanningSettingsOf(*this, location);
     const bool has_speeds = CanReduceFrequency(*this, location);
     m_speed.Set(has_speeds, m_scanning.FrequencySelection);
     m_field_of_view.ShowIn(m_scanning);
     m_speed.Show();
+    return true;
 }
 
-void CMeasSettingsDlg::LayOutFieldOfView() {
+bool CMeasSettingsDlg::LayOutFieldOfView() {
+    const Scope scope(Operations());
     m_layout.LayOut(m_field_of_view_config);
+    if (!scope.IsSessionOpen()) return false;
     if (m_field_of_view_config >= 0) m_readouts.ShowFrameRate();
+    return true;
 }
 
 void CMeasSettingsDlg::ApplySettingsToHardware(const ComPtr<IDynamicSettingsPreset>& preset) {
@@ -96,7 +101,7 @@ void CMeasSettingsDlg::ApplyScanning(const Scope& scope) {
     Session().ApplyGlobalScanningSettings(m_scanning);
     if (!scope.MayGoOn()) return;
     ApplySettingsToHardware(WorkingPreset());
-    m_readouts.ShowFrameRate();
+    if (scope.MayGoOn()) m_readouts.ShowFrameRate();
 }
 
 void CMeasSettingsDlg::FillGainList() {

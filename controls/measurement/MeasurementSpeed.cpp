@@ -1,5 +1,7 @@
 #include "controls/measurement/MeasurementSpeed.h"
 
+#include <algorithm>
+
 #include "controls/parts/DialogParts.h"
 #include "controls/parts/ScannerReadouts.h"
 #include "controls/parts/WholePart.h"
@@ -40,16 +42,22 @@ int32_t MeasurementSpeed::TakeSlider() {
 
 void MeasurementSpeed::Show() {
     if (m_enabled) {
+        if (!m_labels_done) MakeLabels();
         if (auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSlider)) {
             slider->SetRange(0, kSlowest);
             slider->SetLineSize(1);
-            slider->SetPosition(kSlowest - m_selection);
         }
-        if (!m_labels_done) MakeLabels();
+        ShowPlace();
     }
     ShowControl(m_dialog, kSlider, m_enabled);
     ShowControl(m_dialog, kCaption, m_enabled);
     for (const Place& place : kPlaces) ShowControl(m_dialog, place.label, m_enabled);
+}
+
+void MeasurementSpeed::ShowPlace() {
+    auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSlider);
+    // A scanner may have any number for its selection.
+    if (slider && m_enabled) slider->SetPosition(kSlowest - std::clamp(m_selection, 0, kSlowest));
 }
 
 void MeasurementSpeed::MakeLabels() {

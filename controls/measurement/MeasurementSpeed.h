@@ -25,8 +25,11 @@ public:
 
     // Labels are made anew with the next Show.
     void ForgetLabels() { m_labels_done = false; }
-    // Hides all of it, or shows it as it is. Throws: the scanner is asked for its frame rate.
+    // Hides all of it, or shows it as it is. Throws: the scanner is asked for its frame rate, and its
+    // selection may be none that there is.
     void Show();
+    // The slider alone, without asking anybody.
+    void ShowPlace();
 
 private:
     void MakeLabels();

@@ -58,9 +58,11 @@ void GainChooser::Hide() {
 
 void GainChooser::Fill() {
     auto* const list = m_dialog.FindAs<ui::ComboBox>(kGainList);
-    if (!list || !m_page.Session().IsDeviceCurrent()) return;
+    if (!list) return;
     list->Clear();
     m_page.SupportedGains().clear();
+    // The gains of the scanner that was there before say nothing of this one.
+    if (!m_page.Session().IsDeviceCurrent()) return Hide();
     const std::optional<std::vector<std::wstring>> texts = AskForGains();
     if (!texts) {
         list->Add(L"1");

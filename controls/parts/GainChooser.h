@@ -17,9 +17,9 @@ public:
 
     // Nothing is to be seen until there is a scanner.
     void Hide();
-    // The list anew, and SupportedGains, if the configured scanner is connected. A scanner that does not tell
-    // its gains has one in the list, which is hidden, and takes any. Throws on a gain that is no number: see
-    // GainOfText.
+    // The list anew, and SupportedGains. Unless the configured scanner is connected there are none: nothing
+    // is to be seen, and any gain is taken. A scanner that does not tell its gains has one in the list, which
+    // is hidden, and takes any. Throws on a gain that is no number: see GainOfText.
     void Fill();
     // The record's gain in the list (the first one if it is not there), and in the box, where there is one.
     void ShowGain();

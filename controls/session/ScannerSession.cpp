@@ -105,15 +105,17 @@ bool ScannerSession::IsDeviceCurrent() const {
 void ScannerSession::ApplySettingsToHardware(const ComPtr<IDynamicSettingsPreset>& preset,
                                              bool show_wait_cursor) {
     if (m_operations.IsClosed() || !IsDeviceCurrent() || !preset || !m_page.WorkingPreset()) return;
+    const Scope scope(m_operations);
     const std::shared_ptr<void> waiting = show_wait_cursor ? m_page.ShowWaitCursor() : nullptr;
     ApiOperation(m_locations.apply_settings, this)
         .Call(107, L"ActivateDynamicSettings", m_handle, &ICalibrationHandle::ActivateDynamicSettings,
               preset.get());
-    m_page.RefreshExposureRows();
+    if (scope.IsSessionOpen()) m_page.RefreshExposureRows();
 }
 
 void ScannerSession::ApplyGlobalScanningSettings(MGlobalScanningSettings settings) {
     if (m_operations.IsClosed() || !m_handle) return;
+    const Scope scope(m_operations);
     const ApiOperation operation(m_locations.apply_global_settings, this);
     constexpr wchar_t kRegister[] = L"RegisterTrackingCycleObserver";
     constexpr auto kRegisterMethod = &ICalibrationHandle::RegisterTrackingCycleObserver;
@@ -124,10 +126,14 @@ void ScannerSession::ApplyGlobalScanningSettings(MGlobalScanningSettings setting
     const ComPtr<ICalibrationHandle> handle = m_handle;
     handle->DisableScanner();
     operation.Call(124, kRegister, handle, kRegisterMethod, kNoObserver);
+    if (!scope.MayGoOn()) return;
     m_page.ResetPreview();
+    // A component may do anything. A scanner that was given back meanwhile is not started again.
+    if (!scope.MayGoOn()) return;
     operation.Call(126, L"ActivateGlobalScanningSettings", handle,
                    &ICalibrationHandle::ActivateGlobalScanningSettings, address);
     operation.Call(128, L"InitialiseScanner", handle, &ICalibrationHandle::InitialiseScanner, 0, 0, 1);
+    if (!scope.MayGoOn()) return;
     operation.Call(129, kRegister, handle, kRegisterMethod, m_page.TrackingObserver().get());
 }
 

@@ -54,7 +54,7 @@ public:
 
     // Activates the preset, if the scanner is there and is the configured one. Throws.
     void ApplySettingsToHardware(const ComPtr<IDynamicSettingsPreset>& preset, bool show_wait_cursor);
-    // With a handle; the scanner stops meanwhile. Throws.
+    // With a handle; the scanner stops meanwhile, and stays so if the page is left in that. Throws.
     void ApplyGlobalScanningSettings(MGlobalScanningSettings settings);
 
     // For the page's own operations that may dispatch messages, as a SessionOperations::Scope.

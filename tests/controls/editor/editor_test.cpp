@@ -107,13 +107,30 @@ TEST(ProfileEditor, ClosesWithoutAStoreIfNothingIsLost) {
     EXPECT_EQ(bench.Boxes(), kNoWords);
     bench.Do("close");
     EXPECT_TRUE(bench.committed) << "nobody is locked in";
-    bench.Do("edit 36");
-    bench.page->reported.clear();
-    bench.script.failures["SaveDynamicSettingsPresets"].after = 0;
-    bench.script.fails_once = true;
+    const struct {
+        const char* what;
+        const char* steps;
+        int32_t after;  // that many stores
+        bool closes;
+    } kRows[] = {
+        {"the second store of the close succeeds", "edit 36; close", 0, false},
+        {"again", "edit 37; close", 0, true},
+        {"nothing fails", "edit 38; close", -1, true},
+        {"the first store succeeds", "edit 39; close", 1, false},
+        {"nothing fails", "close", -1, true},
+        {"there are no edits", "close", 0, true},
+    };
+    bench.script.failures.clear();
     bench.Do("close");
-    EXPECT_TRUE(bench.committed) << "the second store of the same close succeeds";
-    EXPECT_EQ(bench.script.values[L"Own"].laser_power, 36);
+    for (const auto& row : kRows) {
+        bench.page->reported.clear();
+        bench.script.failures.clear();
+        if (row.after >= 0) bench.script.failures["SaveDynamicSettingsPresets"] = {E_ABORT, row.after};
+        bench.script.fails_once = true;
+        bench.Do(row.steps);
+        EXPECT_EQ(bench.committed, row.closes) << row.what;
+    }
+    EXPECT_EQ(bench.script.values[L"Own"].laser_power, 39);
     EXPECT_EQ(bench.page->reported, "Own");
 }
 

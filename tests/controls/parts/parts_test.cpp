@@ -1,6 +1,9 @@
 // What the settings pages share, with the measurement page's dialog and a scanner that does what the test
 // says: which gains, sliders and readouts there are, what they show, and how a detection goes.
 #include "controls/measurement/FieldOfViewLayout.h"
+
+#include <limits>
+
 #include "controls/measurement/MeasurementSpeed.h"
 #include "controls/parts/ExposureDetection.h"
 #include "controls/parts/FieldOfView.h"
@@ -88,6 +91,11 @@ TEST_F(PageParts, GainsAreNumbersAndOfferedAsTheScannerHasThem) {
         EXPECT_EQ(page.Data().gain, 4U);
     }
     Set(Switch::kAllowHardwareDialogGainDropDown, false);
+    bench.Do("unplug");
+    chooser.Fill();
+    chooser.ShowGain();
+    EXPECT_EQ(Seen({286, 287, 288}), "000") << "of the scanner that was there";
+    EXPECT_TRUE(page.FindAs<hx::ui::ComboBox>(286)->Items().empty() && page.SupportedGains().empty());
 }
 
 TEST_F(PageParts, TheSpeedIsShownReversedWithItsLabels) {
@@ -120,6 +128,13 @@ TEST_F(PageParts, TheSpeedIsShownReversedWithItsLabels) {
     speed.ForgetLabels();
     EXPECT_NE(shown().find("Page.Operation:GetFrameRate"), std::string::npos);
     script.failures.clear();
+    for (const int32_t wild : {std::numeric_limits<int32_t>::min(), 4}) {
+        speed.Set(true, wild);
+        speed.ForgetLabels();
+        EXPECT_NE(shown().find(":WrongEnumForFrequencySelection"), std::string::npos);
+        speed.ShowPlace();
+        EXPECT_EQ(slider.Position(), wild < 0 ? 3 : 0);
+    }
     speed.Set(true, -1);
     EXPECT_NE(shown().find(":WrongEnumForFrequencySelection"), std::string::npos);
     speed.Set(false, 2);
