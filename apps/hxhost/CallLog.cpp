@@ -7,6 +7,12 @@
 #include "apps/hxhost/ids.h"
 
 namespace hxhost {
+namespace {
+
+// Followed by the name of the profile; one without a name is a copy that nobody is to see.
+constexpr char kProfile[] = "preset:";
+
+}  // namespace
 
 void CallLog::Fetch() {
     const auto calls = nlohmann::json::parse(m_scanner.TakeCalls(), nullptr, false);
@@ -27,11 +33,10 @@ bool CallLog::IsNews(const nlohmann::json& call) {
     if (call.value("result", 0) != 0) return true;
     const std::string operation = call.value("op", "");
     const auto values = call.find("args");
-    if (!call.value("on", "").starts_with("preset:") || !operation.starts_with("Set") ||
-        values == call.end()) {
-        return true;
-    }
-    return std::exchange(m_values[operation], values->dump()) != values->dump();
+    const std::string object = call.value("on", "");
+    if (!object.starts_with(kProfile) || !operation.starts_with("Set") || values == call.end()) return true;
+    if (object == kProfile) return false;
+    return std::exchange(m_values[object + "." + operation], values->dump()) != values->dump();
 }
 
 void CallLog::Append(const std::vector<std::wstring>& lines) {

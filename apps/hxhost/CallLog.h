@@ -33,14 +33,14 @@ public:
 
 private:
     void Append(const std::vector<std::wstring>& lines);
-    // Not a value of a profile that was the last one to be set, too.
+    // Not a value of a profile without a name, nor one that was the last one to be set in that profile, too.
     bool IsNews(const nlohmann::json& call);
 
     SimulatedScanner& m_scanner;
     const HostTexts& m_texts;
     LogList m_list;
     bool m_questions = false;
-    std::map<std::string, std::string> m_values;  // set last, by operation
+    std::map<std::string, std::string> m_values;  // set last, by profile and operation
     int32_t m_state = 0;
     bool m_preview_fed = false;
 };
