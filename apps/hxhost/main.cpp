@@ -1,5 +1,5 @@
 // hxhost: the hardware configuration dialog of a measuring application, with a simulated scanner. Exit 0
-// closed, 1 it could not be shown (the reason goes to standard error), 2 usage.
+// closed, 1 failed (the reason goes to standard error), 2 usage, 3 there is no screen to show it on.
 #include <iostream>
 
 #include "apps/hxhost/HostDialog.h"
@@ -11,7 +11,7 @@
 
 namespace {
 
-enum Exit { kClosed = 0, kRefused = 1, kUsage = 2 };
+enum Exit { kClosed = 0, kRefused = 1, kUsage = 2, kNoScreen = 3 };
 
 int Refuse(const std::string& reason, int exit = kRefused) {
     std::cerr << "hxhost: " << reason << '\n';
@@ -56,7 +56,7 @@ int Run(const hxhost::HostOptions& options) {
     std::wstring reason;
     auto renderer = hx::ui::LoadScreenRenderer(
         {!options.picture.empty(), options.scale, options.dark ? std::optional(true) : std::nullopt}, reason);
-    if (!renderer) return Refuse(hx::ToUtf8(reason));
+    if (!renderer) return Refuse(hx::ToUtf8(reason), kNoScreen);
     hx::ui::SetRenderer(std::move(renderer));
     return Show(scanner, options, std::move(memory));
 }
