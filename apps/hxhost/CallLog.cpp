@@ -22,11 +22,19 @@ void CallLog::Fetch() {
         if (!call.is_object()) continue;
         m_state = StateTold(call).value_or(m_state);
         m_preview_fed = PreviewTold(call).value_or(m_preview_fed);
-        CallInWords words = InWords(call, m_texts);
+        Notice(call);
+        CallInWords words = InWords(
+            call, m_texts, [this](const std::wstring& name) { return m_scanner.DisplayNameOf(name); });
         const bool is_news = IsNews(call) && !words.is_question;
         if (m_questions || is_news) lines.push_back(std::move(words.text));
     }
     Append(lines);
+}
+
+void CallLog::Notice(const nlohmann::json& call) {
+    const std::string operation = call.value("op", "");
+    m_edited = m_edited || (call.value("on", "").starts_with(kProfile) && operation.starts_with("Set"));
+    m_faults_used_up = m_pending.UseUp(operation, call.value("result", S_OK)) || m_faults_used_up;
 }
 
 bool CallLog::IsNews(const nlohmann::json& call) {

@@ -42,15 +42,20 @@ private:
     void OnSize(const hx::ui::Size& size) override;
     void OnDestroy() override;
     // Save; Close and Escape.
-    void OnOk() override { Save(); }
+    void OnOk() override { Save(IDS_NOT_SAVED); }
     void OnCancel() override;
 
-    bool Save();
+    // What is told if it is cancelled.
+    bool Save(uint32_t refused);
     void ChangeModel(const std::wstring& model);
     void ShowPage();
     void FetchCalls();
     void FetchLater();
-    void Say(const std::wstring& text);
+    // What is told stays until the operator does something else, and no longer than it is true.
+    enum class True { always, until_edited, until_failed };
+    void Say(const std::wstring& text, True how_long = True::always);
+    void SayNothing() { m_status.SetText({}); }
+    void ForgetWhatIsOver();
 
     SimulatedScanner& m_scanner;
     const HostTexts& m_texts;
@@ -63,6 +68,7 @@ private:
     hx::ui::CheckBox m_questions;
     hx::ui::StaticText m_status;
     hx::ui::Button m_save;
+    True m_said_is = True::always;
     int32_t m_state_shown = 0;
 };
 

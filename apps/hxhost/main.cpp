@@ -28,13 +28,17 @@ int Show(hxhost::SimulatedScanner& scanner, const hxhost::HostOptions& options, 
     const hxhost::HostTexts texts(options.locale);
     hxhost::HostDialog dialog(scanner, texts, std::move(memory));
     scanner.Plug();
+    // A picture is the same each time, so its page meets a scanner that has arrived.
+    if (!options.picture.empty()) scanner.WaitUntilPlugged();
     if (options.picture.empty()) {
         if (dialog.Run() < 0) return Refuse("no window: " + hx::ToUtf8(dialog.WhyNotCreated()));
         if (!SaveMemory(dialog.Memory())) return Refuse("the window's place could not be stored");
         return kClosed;
     }
-    const std::string reason = SavePicture(dialog, texts, options);
-    return reason.empty() ? kClosed : Refuse(reason);
+    bool is_too_small = false;
+    const std::string reason = SavePicture(dialog, texts, options, is_too_small);
+    if (reason.empty()) return kClosed;
+    return Refuse(reason, is_too_small ? kUsage : kRefused);
 }
 
 int Run(const hxhost::HostOptions& options) {

@@ -42,9 +42,15 @@ std::string Take(HostDialog& dialog, const std::string& file) {
 
 }  // namespace
 
-std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOptions& options) {
+std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOptions& options,
+                        bool& is_too_small) {
     hx::ui::Script script;
     if (dialog.Create(texts.Module(), IDD_HOST, nullptr)) return "the window has no template";
+    const hx::ui::Size least = dialog.TemplateSize();
+    is_too_small = options.size && (options.size->width < least.width || options.size->height < least.height);
+    if (is_too_small) {
+        return "--size: the smallest is " + std::to_string(least.width) + "x" + std::to_string(least.height);
+    }
     if (options.size) dialog.Move({0, 0, options.size->width, options.size->height});
     dialog.Show(true);
     std::string reason = Take(dialog, options.picture);
