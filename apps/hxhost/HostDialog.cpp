@@ -72,6 +72,7 @@ bool HostDialog::OnInitDialog() {
     Find(IDCANCEL)->SetToolTip(m_texts.Text(IDS_TIP_CLOSE));
     Find(IDC_DISCARD)->SetToolTip(m_texts.Text(IDS_TIP_DISCARD));
     ShowPage();
+    if (!m_announced.empty()) Say(m_announced);
     FetchLater();
     return true;
 }

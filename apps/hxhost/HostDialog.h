@@ -5,6 +5,7 @@
 
 #include <span>
 #include <string>
+#include <utility>
 
 #include "apps/hxhost/CallLog.h"
 #include "apps/hxhost/FaultPanel.h"
@@ -25,6 +26,8 @@ public:
                std::span<const PageRow> pages = Pages());
     ~HostDialog() override;
 
+    // What the window has to say when it opens.
+    void Announce(std::wstring text) { m_announced = std::move(text); }
     int32_t Run() { return RunModal(m_texts.Module(), IDD_HOST, nullptr); }
     // What is to be remembered, also after it has ended.
     const WindowMemory& Memory() const { return m_memory; }
@@ -61,6 +64,7 @@ private:
     const HostTexts& m_texts;
     WindowMemory m_memory;
     std::wstring m_why_not;
+    std::wstring m_announced;
     CallLog m_log;
     ScannerPanel m_panel;
     FaultPanel m_faults;

@@ -220,6 +220,7 @@ TEST_F(Host, TheWindowComesBackWhereItWasButOnTheScreen) {
         EXPECT_EQ(memory.surface, L"steps");
         EXPECT_EQ(FittedToScreen(memory.window, kSmallest), row.shown) << row.remembered.left;
     }
+    EXPECT_EQ(FittedToScreen({}, {3000, 2000}), (Rectangle{0, 32, 1920, 1080}));
     EXPECT_EQ(FittedToScreen({}, kSmallest), (Rectangle{560, 306, 1360, 806}));
     for (const hx::RegistryValue& wrong : {hx::RegistryValue(L"far"), hx::RegistryValue(0x7FFFFFFFu)}) {
         Store(kUserRoot, L"Software\\Orvel\\HXHost", L"WindowRight", wrong);
