@@ -51,7 +51,9 @@ std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOp
     if (is_too_small) {
         return "--size: the smallest is " + std::to_string(least.width) + "x" + std::to_string(least.height);
     }
-    if (options.size) dialog.Move({0, 0, options.size->width, options.size->height});
+    // On no screen, whose size does not matter.
+    const hx::ui::Size size = options.size.value_or(least);
+    dialog.Move({0, 0, size.width, size.height});
     dialog.Show(true);
     std::string reason = Take(dialog, options.picture);
     for (const hx::ui::Script::Box& box : script.TakeBoxes()) {
