@@ -110,7 +110,12 @@ HRESULT SimulatedScanner::Inject(const Fault& fault) {
     injected.times = fault.times;
     injected.delay_ms = fault.delay_ms;
     injected.hang_up = fault.hang_up ? TRUE : FALSE;
-    if (!fault.text.empty()) injected.text = text.get();
+    // As the message of a chain, which is what pages show of a failure.
+    const hx::Bstr code(L"Scanner.Simulated:ToldToFail");
+    if (!fault.text.empty()) {
+        injected.chain_code = code.get();
+        injected.text = text.get();
+    }
     return m_simulator->InjectFault(&injected);
 }
 

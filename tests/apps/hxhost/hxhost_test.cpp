@@ -138,7 +138,9 @@ TEST_F(Host, CallsFailAsAskedForAndLoseTheConnection) {
         Click(dialog, IDC_PLUG);
         EXPECT_TRUE(Until([&] { return Logged(dialog, L"failed: E_ACCESSDENIED"); }));
         EXPECT_TRUE(Until([&] { return State(dialog) == 0; }));
-        EXPECT_FALSE(m_script.TakeBoxes().empty());
+        const auto boxes = m_script.TakeBoxes();
+        ASSERT_FALSE(boxes.empty());
+        EXPECT_NE(boxes.front().text.find(m_texts.Text(IDS_FAULT_TEXT)), std::wstring::npos);
         Click(dialog, IDC_CLEAR);
         ChooseItem(dialog, IDC_RESULT, m_texts.Text(IDS_SLOWLY));
         Click(dialog, IDC_HANG_UP);
@@ -230,6 +232,21 @@ TEST_F(Host, TheWindowComesBackWhereItWasButOnTheScreen) {
     EXPECT_EQ(Run([](HostDialog&) {}, Pages(), {place, L"", L"shiny"}).window, place);
     RefuseWrites();
     EXPECT_FALSE(SaveMemory({}));
+}
+
+TEST_F(Host, ValuesAreLoggedOnceForEachProfileThatHasAName) {
+    const auto simulator = hx::ComPtr<IUnknown>(m_scanner.Api()).as<IHXSimulator>();
+    const hx::Bstr operation(L"SetExposureTime");
+    m_scanner.TakeCalls();
+    for (const auto& [on, arguments] :
+         {std::pair(L"preset:A", L"[1.0]"), std::pair(L"preset:B", L"[2.0]"), std::pair(L"preset:", L"[3.0]"),
+          std::pair(L"preset:A", L"[1.0]"), std::pair(L"preset:A", L"[2.0]")}) {
+        simulator->LogCall(hx::Bstr(on).get(), operation.get(), hx::Bstr(arguments).get());
+    }
+    CallLog log(m_scanner, m_texts);
+    log.Fetch();
+    ASSERT_EQ(log.List().Count(), 2);
+    EXPECT_EQ(log.List().RowText(1), L"Exposure: 2.0 µs (×2)");
 }
 
 TEST_F(Host, CallsAreToldInWordsAndTheListIsBounded) {
