@@ -21,6 +21,7 @@ constexpr WordsRow kWords[] = {
     {"Raise", IDS_LOG_RAISE},
     {"AcquireHandle", IDS_LOG_ACQUIRE},
     {"ReleaseHandle", IDS_LOG_RELEASE},
+    {"CloseHandle", IDS_LOG_CLOSE},
     {"InitialiseScanner", IDS_LOG_INITIALISE},
     {"DisableScanner", IDS_LOG_DISABLE},
     {"ActivateDynamicSettings", IDS_LOG_ACTIVATE},
@@ -82,16 +83,25 @@ std::wstring Literal(const Json& call) {
     return Wide(text + ")");
 }
 
-std::wstring Words(const Json& call, const HostTexts& texts) {
+bool HasFailed(const Json& call) {
+    const auto result = call.find("result");
+    return result != call.end() && result->is_number_integer() && *result != 0;
+}
+
+// Every line reads as what the scanner is told to do, so that it may be followed by how it failed.
+std::wstring Words(const Json& call, const HostTexts& texts, const NameOfProfile& name_of_profile) {
     if (const auto state = StateTold(call)) {
         return texts.Text(IDS_LOG_RAISE, {{L"value", NameOfState(*state, texts)}});
     }
     if (const auto shown = PreviewTold(call)) {
+        if (HasFailed(call)) return texts.Text(*shown ? IDS_LOG_SHOW : IDS_LOG_SHOW_NO_MORE);
         return texts.Text(*shown ? IDS_LOG_PREVIEW_ON : IDS_LOG_PREVIEW_OFF);
     }
     const auto* const row = std::ranges::find(kWords, call.value("op", ""), &WordsRow::operation);
     if (row == std::end(kWords)) return Literal(call);
-    return texts.Text(row->text, {{L"value", ValuesOf(ArgumentsOf(call), texts)}});
+    const std::wstring values = ValuesOf(ArgumentsOf(call), texts);
+    const bool is_profile = row->text == IDS_LOG_ACTIVATE && name_of_profile;
+    return texts.Text(row->text, {{L"value", is_profile ? name_of_profile(values) : values}});
 }
 
 }  // namespace
@@ -115,12 +125,10 @@ std::wstring NameOfState(int32_t state, const HostTexts& texts) {
     return texts.Text(kNames[static_cast<size_t>(state)]);
 }
 
-CallInWords InWords(const Json& call, const HostTexts& texts) {
-    const std::wstring words = Words(call, texts);
-    const auto result = call.find("result");
-    const bool failed = result != call.end() && result->is_number_integer() && *result != 0;
-    if (failed) {
-        const std::wstring reason = NameOf(result->get<HRESULT>());
+CallInWords InWords(const Json& call, const HostTexts& texts, const NameOfProfile& name_of_profile) {
+    const std::wstring words = Words(call, texts, name_of_profile);
+    if (HasFailed(call)) {
+        const std::wstring reason = NameOf(call.at("result").get<HRESULT>());
         return {texts.Text(IDS_FAILED, {{L"call", words}, {L"reason", reason}}), false};
     }
     const std::string operation = call.value("op", "");

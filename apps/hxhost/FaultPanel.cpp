@@ -6,12 +6,13 @@
 
 #include "apps/hxhost/ids.h"
 #include "hxapi/HXApiErrors.h"
+#include "platform/system/utf8.h"
 
 namespace hxhost {
 namespace {
 
 constexpr std::array kResults{E_FAIL,           E_ACCESSDENIED, E_OUTOFMEMORY, HX_E_NOTCONNECTED,
-                              HX_E_NOTACQUIRED, HX_E_NOTFOUND};
+                              HX_E_NOTACQUIRED, HX_E_NOTFOUND,  S_OK};
 constexpr wchar_t kFirstOperation[] = L"ActivateDynamicSettings";
 constexpr int32_t kMostTimes = 1000;
 constexpr int32_t kLongestDelay_ms = 60000;
@@ -45,7 +46,9 @@ void FaultPanel::BindTo(hx::ui::Dialog& dialog) {
 void FaultPanel::Fill() {
     for (std::wstring& operation : m_scanner.Operations()) m_operation.Add(std::move(operation));
     if (!Choose(m_operation, kFirstOperation)) m_operation.Select(0);
-    for (const HRESULT result : kResults) m_result.Add(NameOf(result));
+    for (const HRESULT result : kResults) {
+        m_result.Add(result == S_OK ? m_texts.Text(IDS_SLOWLY) : NameOf(result));
+    }
     m_result.Select(0);
     m_times.SetText(L"1");
     m_delay.SetText(L"0");
@@ -63,6 +66,7 @@ bool FaultPanel::OnCommand(const hx::ui::Control& control) {
         Inject();
     } else if (&control == &m_clear) {
         m_scanner.ClearFaults();
+        m_log.Pending().Clear();
         m_tell(m_texts.Text(IDS_FAULTS_CLEARED));
     } else {
         return false;
@@ -74,20 +78,31 @@ void FaultPanel::Inject() {
     const auto times = NumberIn(m_times.Text(), 1, kMostTimes);
     const auto delay_ms = NumberIn(m_delay.Text(), 0, kLongestDelay_ms);
     if (!times || !delay_ms) {
-        hx::ui::Edit& wrong = times ? m_delay : m_times;
-        m_tell(m_texts.Text(times ? IDS_BAD_DELAY : IDS_BAD_TIMES));
-        wrong.SetFocus();
-        wrong.SelectAll();
-        return;
+        return Refuse(times ? IDS_BAD_DELAY : IDS_BAD_TIMES, times ? m_delay : m_times);
     }
-    const Fault fault{Chosen(m_operation), kResults.at(static_cast<size_t>(m_result.Selected())), *times,
-                      static_cast<uint32_t>(*delay_ms), m_hang_up.IsChecked()};
+    const HRESULT answer = kResults.at(static_cast<size_t>(m_result.Selected()));
+    const bool succeeds = answer == S_OK;
+    if (succeeds && *delay_ms == 0 && !m_hang_up.IsChecked()) return Refuse(IDS_SLOW_HOW, m_delay);
+    const Fault fault{Chosen(m_operation),
+                      answer,
+                      *times,
+                      static_cast<uint32_t>(*delay_ms),
+                      m_hang_up.IsChecked(),
+                      succeeds ? std::wstring() : m_texts.Text(IDS_FAULT_TEXT)};
+    m_log.Fetch();
     const HRESULT result = m_scanner.Inject(fault);
     if (SUCCEEDED(result)) {
-        m_tell(m_texts.Text(IDS_FAULT_READY, {{L"operation", fault.operation}}));
+        m_log.Pending().Add(hx::ToUtf8(fault.operation), answer, *times);
+        m_tell(m_texts.Text(succeeds ? IDS_SLOW_READY : IDS_FAULT_READY, {{L"operation", fault.operation}}));
     } else {
         m_tell(m_texts.Text(IDS_REFUSED, {{L"call", fault.operation}, {L"reason", NameOf(result)}}));
     }
+}
+
+void FaultPanel::Refuse(uint32_t why, hx::ui::Edit& wrong) {
+    m_tell(m_texts.Text(why));
+    wrong.SetFocus();
+    wrong.SelectAll();
 }
 
 }  // namespace hxhost

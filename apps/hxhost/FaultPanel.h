@@ -1,6 +1,7 @@
 // The part of the window where calls to the scanner are made to fail. On the thread of the user interface.
 #pragma once
 
+#include "apps/hxhost/CallLog.h"
 #include "apps/hxhost/HostTexts.h"
 #include "apps/hxhost/PanelControls.h"
 #include "apps/hxhost/SimulatedScanner.h"
@@ -11,8 +12,9 @@ namespace hxhost {
 
 class FaultPanel {
 public:
-    FaultPanel(SimulatedScanner& scanner, const HostTexts& texts, Tell tell)
-        : m_scanner(scanner), m_texts(texts), m_tell(std::move(tell)) {}
+    // What is asked for is entered in `log`.
+    FaultPanel(SimulatedScanner& scanner, const HostTexts& texts, CallLog& log, Tell tell)
+        : m_scanner(scanner), m_texts(texts), m_log(log), m_tell(std::move(tell)) {}
 
     void BindTo(hx::ui::Dialog& dialog);
     // Once the controls are there.
@@ -22,9 +24,11 @@ public:
 
 private:
     void Inject();
+    void Refuse(uint32_t why, hx::ui::Edit& wrong);
 
     SimulatedScanner& m_scanner;
     const HostTexts& m_texts;
+    CallLog& m_log;
     const Tell m_tell;
     hx::ui::ComboBox m_operation;
     hx::ui::ComboBox m_result;

@@ -47,7 +47,7 @@ HostDialog::HostDialog(SimulatedScanner& scanner, const HostTexts& texts, Window
       m_panel(
           scanner, texts, [this](const std::wstring& text) { Say(text); },
           [this](const std::wstring& model) { ChangeModel(model); }),
-      m_faults(scanner, texts, [this](const std::wstring& text) { Say(text); }),
+      m_faults(scanner, texts, m_log, [this](const std::wstring& text) { Say(text, True::until_failed); }),
       m_pages(scanner, texts, pages) {
     m_panel.BindTo(*this);
     m_faults.BindTo(*this);
@@ -72,6 +72,7 @@ bool HostDialog::OnInitDialog() {
     Find(IDCANCEL)->SetToolTip(m_texts.Text(IDS_TIP_CLOSE));
     Find(IDC_DISCARD)->SetToolTip(m_texts.Text(IDS_TIP_DISCARD));
     ShowPage();
+    if (!m_announced.empty()) Say(m_announced);
     FetchLater();
     return true;
 }
@@ -81,7 +82,8 @@ void HostDialog::OnCreateFailed(const hx::ui::DialogError& error) {
 }
 
 void HostDialog::OnCommand(hx::ui::Control& control, uint32_t code) {
-    if (control.Kind() == hx::ui::ControlKind::edit) return;
+    if (control.Kind() == hx::ui::ControlKind::edit || &control == &m_log.List()) return;
+    SayNothing();
     if (control.Id() == IDC_DISCARD) {
         EndDialog(static_cast<int32_t>(IDC_DISCARD));
     } else if (&control == &m_questions) {
@@ -105,6 +107,7 @@ void HostDialog::FetchLater() {
 
 void HostDialog::FetchCalls() {
     m_log.Fetch();
+    ForgetWhatIsOver();
     if (m_log.State() == m_state_shown) return;
     m_state_shown = m_log.State();
     m_panel.ShowState(m_state_shown);
@@ -122,11 +125,12 @@ void HostDialog::OnDestroy() {
 }
 
 void HostDialog::OnCancel() {
-    if (Save()) EndDialog(static_cast<int32_t>(IDCANCEL));
+    if (Save(IDS_NOT_CLOSED)) EndDialog(static_cast<int32_t>(IDCANCEL));
 }
 
-// True if the window may close.
-bool HostDialog::Save() {
+// True if the page may be closed.
+bool HostDialog::Save(uint32_t refused) {
+    SayNothing();
     bool may_close = false;
     const hosting::Answer answer = m_pages.Save(may_close);
     if (!answer.IsDone()) {
@@ -136,15 +140,21 @@ bool HostDialog::Save() {
         return false;
     }
     if (!may_close) {
-        Say(m_texts.Text(IDS_NOT_SAVED));
+        Say(m_texts.Text(refused), True::until_edited);
     } else if (m_pages.IsOpen()) {
-        Say(m_texts.Text(IDS_SAVED, {{L"profile", m_pages.Profile()}}));
+        Say(m_texts.Text(IDS_SAVED, {{L"profile", m_scanner.DisplayNameOf(m_pages.Profile())}}),
+            True::until_edited);
     }
     return may_close;
 }
 
 // A page belongs to one device as long as it lives.
 void HostDialog::ChangeModel(const std::wstring& model) {
+    if (model == m_scanner.Model()) return;
+    if (!Save(IDS_MODEL_STAYS)) {
+        m_panel.ShowModel();
+        return;
+    }
     m_pages.Close();
     if (const HRESULT result = m_scanner.SetModel(model); FAILED(result)) {
         Say(m_texts.Text(IDS_CALL_FAILED, {{L"call", L"SetModel"}, {L"reason", NameOf(result)}}));
@@ -158,10 +168,19 @@ void HostDialog::ShowPage() {
     EnableWithTip(m_save, m_pages.IsOpen(), m_texts, IDS_TIP_SAVE, IDS_TIP_NO_PAGE);
 }
 
+void HostDialog::ForgetWhatIsOver() {
+    const bool edited = m_log.TakeEdited() && m_said_is == True::until_edited;
+    const bool failed = m_log.TakeFaultsUsedUp() && m_said_is == True::until_failed;
+    if (edited || failed) SayNothing();
+}
+
 // In the log, too, where it stays when the next is told.
-void HostDialog::Say(const std::wstring& text) {
-    m_status.SetText(text);
+void HostDialog::Say(const std::wstring& text, True how_long) {
     m_log.Fetch();
+    m_log.TakeEdited();
+    m_log.TakeFaultsUsedUp();
+    m_status.SetText(text);
+    m_said_is = how_long;
     m_log.Add(text);
 }
 

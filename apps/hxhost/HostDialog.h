@@ -5,6 +5,7 @@
 
 #include <span>
 #include <string>
+#include <utility>
 
 #include "apps/hxhost/CallLog.h"
 #include "apps/hxhost/FaultPanel.h"
@@ -25,6 +26,8 @@ public:
                std::span<const PageRow> pages = Pages());
     ~HostDialog() override;
 
+    // What the window has to say when it opens.
+    void Announce(std::wstring text) { m_announced = std::move(text); }
     int32_t Run() { return RunModal(m_texts.Module(), IDD_HOST, nullptr); }
     // What is to be remembered, also after it has ended.
     const WindowMemory& Memory() const { return m_memory; }
@@ -42,20 +45,26 @@ private:
     void OnSize(const hx::ui::Size& size) override;
     void OnDestroy() override;
     // Save; Close and Escape.
-    void OnOk() override { Save(); }
+    void OnOk() override { Save(IDS_NOT_SAVED); }
     void OnCancel() override;
 
-    bool Save();
+    // What is told if it is cancelled.
+    bool Save(uint32_t refused);
     void ChangeModel(const std::wstring& model);
     void ShowPage();
     void FetchCalls();
     void FetchLater();
-    void Say(const std::wstring& text);
+    // What is told stays until the operator does something else, and no longer than it is true.
+    enum class True { always, until_edited, until_failed };
+    void Say(const std::wstring& text, True how_long = True::always);
+    void SayNothing() { m_status.SetText({}); }
+    void ForgetWhatIsOver();
 
     SimulatedScanner& m_scanner;
     const HostTexts& m_texts;
     WindowMemory m_memory;
     std::wstring m_why_not;
+    std::wstring m_announced;
     CallLog m_log;
     ScannerPanel m_panel;
     FaultPanel m_faults;
@@ -63,6 +72,7 @@ private:
     hx::ui::CheckBox m_questions;
     hx::ui::StaticText m_status;
     hx::ui::Button m_save;
+    True m_said_is = True::always;
     int32_t m_state_shown = 0;
 };
 

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "apps/hxhost/HostTexts.h"
 #include "apps/hxhost/PanelControls.h"
@@ -24,17 +25,18 @@ public:
     void Fill(const std::wstring& surface);
     void ShowState(int32_t state);
     void ShowModel();
-    std::wstring Surface() const { return Chosen(m_surface); }
+    std::wstring Surface() const;
     // What a person did; false if it is none of these controls.
     bool OnCommand(const hx::ui::Control& control);
 
 private:
-    void Check(const wchar_t* call, HRESULT result);
+    bool Check(const wchar_t* call, HRESULT result);
 
     SimulatedScanner& m_scanner;
     const HostTexts& m_texts;
     const Tell m_tell;
     const std::function<void(const std::wstring& model)> m_change_model;
+    std::vector<std::wstring> m_surfaces;  // as the simulator calls them
     hx::ui::ComboBox m_model;
     hx::ui::ComboBox m_surface;
     hx::ui::ComboBox m_connection;

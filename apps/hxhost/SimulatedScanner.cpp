@@ -1,6 +1,8 @@
 #include "apps/hxhost/SimulatedScanner.h"
 
 #include <algorithm>
+#include <iterator>
+#include <nlohmann/json.hpp>
 
 #include "hxapi/HXSimulatorClasses.h"
 #include "platform/com/loader.h"
@@ -11,6 +13,20 @@ namespace hxhost {
 namespace {
 
 using Getter = HRESULT (STDMETHODCALLTYPE IHXSimulator::*)(SAFEARRAY**);
+
+// What a page calls from its beginning to its end.
+constexpr std::wstring_view kUsual[] = {
+    L"ActivateDynamicSettings",
+    L"AcquireHandle",
+    L"InitialiseScanner",
+    L"ActivateGlobalScanningSettings",
+    L"RegisterTrackingCycleObserver",
+    L"DetectExposureTime",
+    L"DetectLaserPower",
+    L"SaveDynamicSettingsPresets",
+    L"DisableScanner",
+    L"ReleaseHandle",
+};
 
 std::vector<std::wstring> TextsFrom(IHXSimulator& simulator, Getter getter) {
     hx::SafeArray array;
@@ -41,7 +57,10 @@ std::vector<std::wstring> SimulatedScanner::Surfaces() const {
 std::vector<std::wstring> SimulatedScanner::Operations() const {
     std::vector<std::wstring> operations = TextsFrom(*m_simulator, &IHXSimulator::GetOperations);
     for (std::wstring& operation : operations) operation.erase(0, operation.find(L'.') + 1);
-    std::ranges::sort(operations);
+    const auto place = [](const std::wstring& operation) {
+        return std::pair(std::ranges::find(kUsual, operation) - std::begin(kUsual), operation);
+    };
+    std::ranges::sort(operations, {}, place);
     operations.erase(std::unique(operations.begin(), operations.end()), operations.end());
     return operations;
 }
@@ -67,14 +86,36 @@ SimulatedScanner::Names SimulatedScanner::Device() const {
     return {std::wstring(driver.view()), std::wstring(device.view())};
 }
 
+std::wstring SimulatedScanner::DisplayNameOf(const std::wstring& profile) const {
+    const auto stored = m_simulator.as<IHXSimulatorPresets>();
+    hx::Bstr json;
+    if (!stored || FAILED(stored->ReadPresets(hx::Bstr(DeviceName()).get(), json.put()))) return profile;
+    const auto read = nlohmann::json::parse(hx::ToUtf8(json.view()), nullptr, false);
+    if (!read.is_object() || !read.contains("presets")) return profile;
+    const std::string wanted = hx::ToUtf8(profile);
+    for (const nlohmann::json& preset : read["presets"]) {
+        if (preset.value("name", "") != wanted) continue;
+        const auto name = hx::FromUtf8(preset.value("displayName", ""));
+        return name && !name->empty() ? *name : profile;
+    }
+    return profile;
+}
+
 HRESULT SimulatedScanner::Inject(const Fault& fault) {
     const hx::Bstr operation(fault.operation);
+    const hx::Bstr text(fault.text);
     HXSimulatorFault injected{};
     injected.operation = operation.get();
     injected.result = fault.result;
     injected.times = fault.times;
     injected.delay_ms = fault.delay_ms;
     injected.hang_up = fault.hang_up ? TRUE : FALSE;
+    // As the message of a chain, which is what pages show of a failure.
+    const hx::Bstr code(L"Scanner.Simulated:ToldToFail");
+    if (!fault.text.empty()) {
+        injected.chain_code = code.get();
+        injected.text = text.get();
+    }
     return m_simulator->InjectFault(&injected);
 }
 

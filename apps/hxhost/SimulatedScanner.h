@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "hxapi/IHXSimulator.h"
+#include "hxapi/IHXSimulatorPresets.h"
 #include "platform/com/bstr.h"
 #include "platform/com/comptr.h"
 
@@ -17,6 +18,7 @@ struct Fault {
     int32_t times = 1;
     uint32_t delay_ms = 0;
     bool hang_up = false;  // the connection is lost while the call runs
+    std::wstring text;     // in plain words; empty: none
 };
 
 class SimulatedScanner {
@@ -26,7 +28,7 @@ public:
 
     std::vector<std::wstring> Models() const;
     std::vector<std::wstring> Surfaces() const;
-    // Without their interfaces, each once.
+    // Without their interfaces, each once: those that every page calls first, in the order of use.
     std::vector<std::wstring> Operations() const;
 
     HRESULT SetModel(const std::wstring& model);
@@ -36,6 +38,11 @@ public:
     std::wstring Driver() const { return Device().driver; }
     std::wstring DeviceName() const { return Device().device; }
 
+    // Of a profile as it is stored; the internal name of one that is not. Leaves no trace in the log.
+    std::wstring DisplayNameOf(const std::wstring& profile) const;
+
+    // Until all that Plug leads to has come.
+    HRESULT WaitUntilPlugged() { return m_simulator->WaitForEvents(); }
     HRESULT Plug() { return m_simulator->Connect(); }
     HRESULT Unplug() { return m_simulator->Disconnect(); }
     HRESULT SetState(int32_t state) { return m_simulator->SetConnectionState(state, TRUE); }

@@ -87,8 +87,8 @@ Rectangle FittedToScreen(const std::optional<Rectangle>& window, const hx::ui::S
     const Rectangle wanted = window.value_or(Rectangle{0, 0, smallest.width, smallest.height});
     Rectangle area = hx::ui::CurrentRenderer()->WorkArea(wanted);
     area.top += kCaptionHeight;
-    const int32_t width = std::max(std::min(wanted.Width(), area.Width()), smallest.width);
-    const int32_t height = std::max(std::min(wanted.Height(), area.Height()), smallest.height);
+    const int32_t width = std::min(std::max(wanted.Width(), smallest.width), area.Width());
+    const int32_t height = std::min(std::max(wanted.Height(), smallest.height), area.Height());
     const int32_t left = window ? wanted.left : area.left + (area.Width() - width) / 2;
     const int32_t top = window ? wanted.top : area.top + (area.Height() - height) / 2;
     const Rectangle size{0, 0, width, height};

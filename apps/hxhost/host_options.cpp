@@ -9,7 +9,7 @@ namespace hxhost {
 namespace {
 
 constexpr int kUsage = 2;
-constexpr double kSmallestScale = 0.5;
+constexpr double kSmallestScale = 1;
 constexpr double kLargestScale = 4;
 constexpr int32_t kLongestSide = 8192;
 

@@ -1,5 +1,6 @@
 // hxhost: the hardware configuration dialog of a measuring application, with a simulated scanner. Exit 0
-// closed, 1 it could not be shown (the reason goes to standard error), 2 usage.
+// closed, 1 failed (the reason goes to standard error), 2 usage, 3 there is no screen to show it on.
+#include <cmath>
 #include <iostream>
 
 #include "apps/hxhost/HostDialog.h"
@@ -11,7 +12,7 @@
 
 namespace {
 
-enum Exit { kClosed = 0, kRefused = 1, kUsage = 2 };
+enum Exit { kClosed = 0, kRefused = 1, kUsage = 2, kNoScreen = 3 };
 
 int Refuse(const std::string& reason, int exit = kRefused) {
     std::cerr << "hxhost: " << reason << '\n';
@@ -24,17 +25,31 @@ std::string UnknownModel(const std::string& model, const std::vector<std::wstrin
     return "no model \"" + model + "\": there are" + known;
 }
 
-int Show(hxhost::SimulatedScanner& scanner, const hxhost::HostOptions& options, hxhost::WindowMemory memory) {
-    const hxhost::HostTexts texts(options.locale);
+// Of the window, so that it is not larger than the screen.
+hx::ui::DialogRoom RoomOf(const hxhost::HostTexts& texts) {
+    const auto& dialogs = texts.Module()->GetResources().dialogs;
+    const auto window = dialogs.find(hxhost::IDD_HOST);
+    if (window == dialogs.end()) return {};
+    const hx::DialogTemplate& found = window->second;
+    return {{found.rectangle.width, found.rectangle.height}, found.font_points};
+}
+
+int Show(hxhost::SimulatedScanner& scanner, const hxhost::HostOptions& options, hxhost::WindowMemory memory,
+         const hxhost::HostTexts& texts, const std::wstring& announced) {
     hxhost::HostDialog dialog(scanner, texts, std::move(memory));
+    dialog.Announce(announced);
     scanner.Plug();
+    // A picture is the same each time, so its page meets a scanner that has arrived.
+    if (!options.picture.empty()) scanner.WaitUntilPlugged();
     if (options.picture.empty()) {
         if (dialog.Run() < 0) return Refuse("no window: " + hx::ToUtf8(dialog.WhyNotCreated()));
         if (!SaveMemory(dialog.Memory())) return Refuse("the window's place could not be stored");
         return kClosed;
     }
-    const std::string reason = SavePicture(dialog, texts, options);
-    return reason.empty() ? kClosed : Refuse(reason);
+    bool is_too_small = false;
+    const std::string reason = SavePicture(dialog, texts, options, is_too_small);
+    if (reason.empty()) return kClosed;
+    return Refuse(reason, is_too_small ? kUsage : kRefused);
 }
 
 int Run(const hxhost::HostOptions& options) {
@@ -53,12 +68,22 @@ int Run(const hxhost::HostOptions& options) {
     } else if (!memory.model.empty()) {
         scanner.SetModel(memory.model);
     }
+    const hxhost::HostTexts texts(options.locale);
+    std::wstring announced;
+    const auto scaled_down = [&](double scale) {
+        const std::wstring percent = std::to_wstring(std::lround(scale * 100));
+        announced = texts.Text(hxhost::IDS_SCALED_DOWN, {{L"scale", percent}});
+        std::cerr << "hxhost: shown at " << hx::ToUtf8(percent)
+                  << " %: the window would not fit the screen otherwise\n";
+    };
     std::wstring reason;
     auto renderer = hx::ui::LoadScreenRenderer(
-        {!options.picture.empty(), options.scale, options.dark ? std::optional(true) : std::nullopt}, reason);
-    if (!renderer) return Refuse(hx::ToUtf8(reason));
+        {!options.picture.empty(), options.scale, options.dark ? std::optional(true) : std::nullopt,
+         RoomOf(texts), scaled_down},
+        reason);
+    if (!renderer) return Refuse(hx::ToUtf8(reason), kNoScreen);
     hx::ui::SetRenderer(std::move(renderer));
-    return Show(scanner, options, std::move(memory));
+    return Show(scanner, options, std::move(memory), texts, announced);
 }
 
 }  // namespace

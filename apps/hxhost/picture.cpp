@@ -42,10 +42,18 @@ std::string Take(HostDialog& dialog, const std::string& file) {
 
 }  // namespace
 
-std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOptions& options) {
+std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOptions& options,
+                        bool& is_too_small) {
     hx::ui::Script script;
     if (dialog.Create(texts.Module(), IDD_HOST, nullptr)) return "the window has no template";
-    if (options.size) dialog.Move({0, 0, options.size->width, options.size->height});
+    const hx::ui::Size least = dialog.TemplateSize();
+    is_too_small = options.size && (options.size->width < least.width || options.size->height < least.height);
+    if (is_too_small) {
+        return "--size: the smallest is " + std::to_string(least.width) + "x" + std::to_string(least.height);
+    }
+    // On no screen, whose size does not matter.
+    const hx::ui::Size size = options.size.value_or(least);
+    dialog.Move({0, 0, size.width, size.height});
     dialog.Show(true);
     std::string reason = Take(dialog, options.picture);
     for (const hx::ui::Script::Box& box : script.TakeBoxes()) {

@@ -10,7 +10,8 @@ namespace hxhost {
 
 // Creates the window, the scanner being connected, waits until the preview has drawn what the scanner sees,
 // and destroys it. Boxes wait for nobody. Empty if the file was written and shows all that; else why not, in
-// English.
-std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOptions& options);
+// English. `is_too_small`: the size asked for is below the smallest, and nothing was made.
+std::string SavePicture(HostDialog& dialog, const HostTexts& texts, const HostOptions& options,
+                        bool& is_too_small);
 
 }  // namespace hxhost

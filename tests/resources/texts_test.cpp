@@ -262,14 +262,29 @@ TEST_P(Texts, MnemonicsAreUniqueAndReachEveryInput) {
             for (size_t i = 0; i < dialog.controls.size(); ++i) {
                 const std::wstring& text = dialog.controls[i].text;
                 claimed.Claim(text);
-                const bool is_needed =
-                    Mnemonic(base.controls.at(i).text) != 0 || NamesAnInput(dialog.controls, i);
+                const bool is_needed = Mnemonic(base.controls.at(i).text) != 0 ||
+                                       (GetParam() == hx_test::kPages && NamesAnInput(dialog.controls, i));
                 EXPECT_TRUE(!is_needed || Mnemonic(text) != 0) << hx::ToUtf8(text);
             }
         }
         for (const auto& [id, menu] : script.resources.menus) {
             SCOPED_TRACE(script.tag + ", menu " + std::to_string(id));
             ExpectOwnMnemonics(menu.items);
+        }
+    }
+}
+
+TEST(TextsOfModules, TheHostLeavesTheMnemonicsOfItsPageToThePage) {
+    constexpr uint32_t kHostDialog = 100;
+    constexpr uint32_t kPage = 203;
+    for (const Script& host : Scripts(hx_test::kHost)) {
+        SCOPED_TRACE(host.tag);
+        const auto page = std::ranges::find(Scripts(), host.tag, &Script::tag);
+        ASSERT_NE(page, Scripts().end());
+        ClaimedMnemonics claimed;
+        for (const hx::DialogTemplate& dialog :
+             {host.resources.dialogs.at(kHostDialog), page->resources.dialogs.at(kPage)}) {
+            for (const hx::DialogControl& control : dialog.controls) claimed.Claim(control.text);
         }
     }
 }

@@ -10,8 +10,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPluginLoader>
+#include <QScreen>
 #include <QStyleFactory>
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -148,6 +150,41 @@ void MakeApplication() {
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
+// How large the dialog is on a screen at 100 %, with its caption.
+QSize PixelsOf(const DialogRoom& room) {
+    constexpr int kCaptionHeight = 32;
+    const FontUnits units = UnitsOf(DialogFontOf(room.font_points));
+    return {room.units.width * units.average_width / 4,
+            room.units.height * units.height / 8 + kCaptionHeight};
+}
+
+// The toolkit reads its scale when an application object is made, and knows the screen only then: so one is
+// made to look at the screen, and goes again.
+void FitScale(const ScreenOptions& options) {
+    constexpr double kStep = 0.25;
+    constexpr const char* kVariable = "QT_SCALE_FACTOR";
+    int count = 1;
+    char name[] = "hx";
+    char* arguments[] = {name, nullptr};
+    const QApplication probe(count, arguments);
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    if (!screen) return;
+    const double asked = screen->devicePixelRatio();
+    const QSizeF pixels = QSizeF(screen->availableGeometry().size()) * asked;
+    const QSizeF needed = PixelsOf(options.room);
+    const auto fits = [&](double scale) {
+        return needed.width() * scale <= pixels.width() && needed.height() * scale <= pixels.height();
+    };
+    if (fits(asked) || asked <= 1) return;
+    double scale = (std::ceil(asked / kStep) - 1) * kStep;
+    while (scale > 1 && !fits(scale)) scale -= kStep;
+    scale = std::max(scale, 1.0);
+    bool is_number = false;
+    const double factor = qgetenv(kVariable).toDouble(&is_number);
+    qputenv(kVariable, QByteArray::number((is_number ? factor : 1) * scale / asked, 'g', 6));
+    if (options.scaled_down) options.scaled_down(scale);
+}
+
 }  // namespace
 
 bool StartApplication(const ScreenOptions& options, std::wstring& reason) {
@@ -163,6 +200,7 @@ bool StartApplication(const ScreenOptions& options, std::wstring& reason) {
             qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale, 'g', 6));
         }
         SetRuntimeFolder();
+        if (!options.offscreen && options.room.units.width > 0) FitScale(options);
         MakeApplication();
     } else if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
         reason = L"The host's application object is one without widgets.";

@@ -1,5 +1,6 @@
 // The views of a dialog's controls, and how they belong together.
 #include <QApplication>
+#include <QScreen>
 #include <vector>
 
 #include "platform/ui/codes.h"
@@ -29,10 +30,12 @@ DialogView::DialogView(Dialog& dialog) : WindowView(dialog), m_dialog(dialog) {
     Relate();
     OnDefaultButton();
     if (dialog.Kind() != WindowKind::frame) return;
-    // Below the template's size nothing could be laid out.
+    // Below the template's size nothing could be laid out; but a window is no larger than the screen.
     const Size size = dialog.TemplateSize();
     const bool resizable = from && (from->style & WS_THICKFRAME) != 0;
-    Widget().setMinimumSize(size.width, size.height);
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    const QSize least(size.width, size.height);
+    Widget().setMinimumSize(screen ? least.boundedTo(screen->availableGeometry().size()) : least);
     if (!resizable) Widget().setMaximumSize(size.width, size.height);
 }
 

@@ -102,7 +102,7 @@ protected:
 TEST_F(Host, TheCableAndTheModelReachThePage) {
     const WindowMemory memory = Run([](HostDialog& dialog) {
         Connect(dialog);
-        EXPECT_TRUE(Logged(dialog, L"The page takes the scanner"));
+        EXPECT_TRUE(Logged(dialog, L"Take the scanner"));
         EXPECT_FALSE(Logged(dialog, L"GetFrameRate"));
         // Tab goes on from the choice of the page into the page.
         EXPECT_TRUE(User().Focus(*dialog.Find(IDC_PAGES)));
@@ -114,7 +114,7 @@ TEST_F(Host, TheCableAndTheModelReachThePage) {
         EXPECT_TRUE(Until([&] { return State(dialog) == 0; }));
         ChooseItem(dialog, IDC_MODEL, L"T820");
         EXPECT_TRUE(dialog.IsPageOpen());
-        ChooseItem(dialog, IDC_SURFACE, L"waves");
+        ChooseItem(dialog, IDC_SURFACE, L"Waves");
         Connect(dialog);
         ChooseItem(dialog, IDC_CONNECTION, L"Suspended (2)");
         EXPECT_TRUE(Until([&] { return Logged(dialog, L"Connection: Suspended (2)"); }));
@@ -140,9 +140,21 @@ TEST_F(Host, CallsFailAsAskedForAndLoseTheConnection) {
         Click(dialog, IDC_PLUG);
         EXPECT_TRUE(Until([&] { return Logged(dialog, L"failed: E_ACCESSDENIED"); }));
         EXPECT_TRUE(Until([&] { return State(dialog) == 0; }));
-        EXPECT_FALSE(m_script.TakeBoxes().empty());
+        const auto boxes = m_script.TakeBoxes();
+        ASSERT_FALSE(boxes.empty());
+        EXPECT_NE(boxes.front().text.find(m_texts.Text(IDS_FAULT_TEXT)), std::wstring::npos);
         Click(dialog, IDC_CLEAR);
-        Connect(dialog);
+        ChooseItem(dialog, IDC_RESULT, m_texts.Text(IDS_SLOWLY));
+        Click(dialog, IDC_HANG_UP);
+        Click(dialog, IDC_INJECT);
+        EXPECT_EQ(dialog.Find(IDC_STATUS)->Text(), m_texts.Text(IDS_SLOW_HOW));
+        User().Type(*dialog.FindAs<hx::ui::Edit>(IDC_TIMES), L"1");
+        User().Type(*dialog.FindAs<hx::ui::Edit>(IDC_DELAY), L"1");
+        ChooseItem(dialog, IDC_OPERATION, L"ActivateDynamicSettings");
+        Click(dialog, IDC_INJECT);
+        EXPECT_NE(dialog.Find(IDC_STATUS)->Text(), L"");
+        m_scanner.Plug();
+        EXPECT_TRUE(Until([&] { return dialog.Find(IDC_STATUS)->Text().empty(); }));
     });
 }
 
@@ -153,17 +165,30 @@ TEST_F(Host, ACancelledSaveKeepsTheWindowOpenAndSaysWhy) {
         Connect(dialog);
         Click(dialog, IDOK);
         EXPECT_EQ(dialog.Find(IDC_STATUS)->Text().find(L"Saved."), 0u);
+        EXPECT_EQ(dialog.Find(IDC_STATUS)->Text().find(L'$'), std::wstring::npos);
         Click(*PageOf(dialog), kReflectionFilter);
+        EXPECT_TRUE(Until([&] { return dialog.Find(IDC_STATUS)->Text().empty(); }));
         hx::ui::Script::Answer cancel;
         cancel.button = IDCANCEL;
+        Click(dialog, IDC_UNPLUG);
+        EXPECT_TRUE(Until([&] { return State(dialog) == 0; }));
+        const std::wstring model = m_scanner.Model();
         m_script.AnswerModal(cancel);
-        Click(dialog, IDCANCEL);
+        EXPECT_TRUE(User().Choose(*dialog.FindAs<hx::ui::ComboBox>(IDC_MODEL), 1));
+        EXPECT_EQ(m_scanner.Model(), model);
+        EXPECT_EQ(Chosen(*dialog.FindAs<hx::ui::ComboBox>(IDC_MODEL)), model);
+        EXPECT_EQ(dialog.Find(IDC_STATUS)->Text(), m_texts.Text(IDS_MODEL_STAYS));
+        for (const auto& [button, said] :
+             {std::pair(IDOK, IDS_NOT_SAVED), std::pair(IDCANCEL, IDS_NOT_CLOSED)}) {
+            m_script.AnswerModal(cancel);
+            Click(dialog, static_cast<uint32_t>(button));
+            EXPECT_EQ(dialog.Find(IDC_STATUS)->Text(), m_texts.Text(said));
+        }
         was_open = !dialog.HasEnded();
-        EXPECT_EQ(dialog.Find(IDC_STATUS)->Text(), m_texts.Text(IDS_NOT_SAVED));
     });
     EXPECT_TRUE(was_open);
     const auto modals = m_script.TakeModals();
-    ASSERT_EQ(modals.size(), 2u);
+    ASSERT_EQ(modals.size(), 4u);
     EXPECT_EQ(modals.back().result, static_cast<int32_t>(IDC_DISCARD));
     EXPECT_EQ(m_script.Unanswered(), 0u);
 }
@@ -225,6 +250,7 @@ TEST_F(Host, TheWindowComesBackWhereItWasButOnTheScreen) {
         EXPECT_EQ(memory.surface, L"steps");
         EXPECT_EQ(FittedToScreen(memory.window, kSmallest), row.shown) << row.remembered.left;
     }
+    EXPECT_EQ(FittedToScreen({}, {3000, 2000}), (Rectangle{0, 32, 1920, 1080}));
     EXPECT_EQ(FittedToScreen({}, kSmallest), (Rectangle{560, 306, 1360, 806}));
     for (const hx::RegistryValue& wrong : {hx::RegistryValue(L"far"), hx::RegistryValue(0x7FFFFFFFu)}) {
         Store(kUserRoot, L"Software\\Orvel\\HXHost", L"WindowRight", wrong);
@@ -234,6 +260,21 @@ TEST_F(Host, TheWindowComesBackWhereItWasButOnTheScreen) {
     EXPECT_EQ(Run([](HostDialog&) {}, Pages(), {place, L"", L"shiny"}).window, place);
     RefuseWrites();
     EXPECT_FALSE(SaveMemory({}));
+}
+
+TEST_F(Host, ValuesAreLoggedOnceForEachProfileThatHasAName) {
+    const auto simulator = hx::ComPtr<IUnknown>(m_scanner.Api()).as<IHXSimulator>();
+    const hx::Bstr operation(L"SetExposureTime");
+    m_scanner.TakeCalls();
+    for (const auto& [on, arguments] :
+         {std::pair(L"preset:A", L"[1.0]"), std::pair(L"preset:B", L"[2.0]"), std::pair(L"preset:", L"[3.0]"),
+          std::pair(L"preset:A", L"[1.0]"), std::pair(L"preset:A", L"[2.0]")}) {
+        simulator->LogCall(hx::Bstr(on).get(), operation.get(), hx::Bstr(arguments).get());
+    }
+    CallLog log(m_scanner, m_texts);
+    log.Fetch();
+    ASSERT_EQ(log.List().Count(), 2);
+    EXPECT_EQ(log.List().RowText(1), L"Exposure: 2.0 µs (×2)");
 }
 
 TEST_F(Host, CallsAreToldInWordsAndTheListIsBounded) {
@@ -247,13 +288,15 @@ TEST_F(Host, CallsAreToldInWordsAndTheListIsBounded) {
         {R"({"on":"preset:A","op":"SetRFEnabled","args":[true]})", L"Reflection filter: on", false},
         {R"({"on":"events","op":"Raise","args":[7]})", L"Connection: 7", false},
         {R"({"on":"handle","op":"RegisterTrackingCycleObserver","args":[null]})",
-         L"The preview is shown nothing any more", false},
+         L"The preview shows nothing any more", false},
         {R"({"on":"handle","op":"GetFrameRate","args":[1,"${value}"]})",
          L"handle.GetFrameRate(1, \"${value}\")", true},
         {R"({"on":"handle","op":"GetFrameRate","args":[],"result":-2147467259})",
          L"handle.GetFrameRate() – failed: E_FAIL", false},
-        {R"({"on":"handle","op":"ActivateDynamicSettings","args":["${value}"]})",
-         L"Profile ${value} is applied", false},
+        {R"({"on":"handle","op":"ActivateDynamicSettings","args":["${value}"],"result":-2147467259})",
+         L"Apply the profile ${value} – failed: E_FAIL", false},
+        {R"({"on":"handle","op":"RegisterTrackingCycleObserver","args":["o"],"result":-2147467259})",
+         L"Show the preview what the scanner sees – failed: E_FAIL", false},
         {R"({})", L".()", false},
     };
     for (const auto& row : rows) {
