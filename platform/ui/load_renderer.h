@@ -19,13 +19,13 @@ struct DialogRoom {
 };
 
 struct ScreenOptions {
-    bool offscreen = false;    // windows have pictures but are on no screen
-    double scale = 0;          // 1.5 is 150 %; 0 leaves it to the desktop
-    std::optional<bool> dark;  // light or dark colours; nothing leaves it to the desktop
+    bool offscreen = false;         // windows have pictures but are on no screen
+    double scale = 0;               // 1.5 is 150 %; 0 leaves it to the desktop
+    std::optional<bool> dark = {};  // light or dark colours; nothing leaves it to the desktop
     // If that dialog does not fit the screen, the scale is the largest multiple of 0.25 at which it does, or
     // 1; then `scaled_down` is told of it.
-    DialogRoom room;
-    std::function<void(double scale)> scaled_down;
+    DialogRoom room = {};
+    std::function<void(double scale)> scaled_down = {};
 };
 
 // Null, and `reason` says why in English, if the library is missing or there is no screen: nothing ends the
