@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPluginLoader>
-#include <QStyleFactory>
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -163,10 +162,7 @@ bool StartApplication(const ScreenOptions& options, std::wstring& reason) {
         return false;
     }
     // A picture looks the same wherever it is made.
-    if (options.offscreen || options.dark) {
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-        QApplication::setPalette(OwnPalette(options.dark.value_or(false)));
-    }
+    if (options.offscreen || options.dark) UseOwnAppearance(options.dark.value_or(false));
     return true;
 }
 
