@@ -1,7 +1,9 @@
 #include "platform/ui/qt/appearance.h"
 
+#include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QProxyStyle>
 #include <cmath>
 
 #include "platform/ui/qt/conversions.h"
@@ -35,15 +37,29 @@ constexpr Tone kDisabledTones[] = {
     {QPalette::Highlight, 0xb0b0b0, 0x5a5a5e},  {QPalette::HighlightedText, 0x000000, 0xf2f2f2},
 };
 
+// As the style's own palette, not one that is set for the application: of that one the toolkit gives each
+// widget a copy, which counts as a new palette, and for each palette it keeps names of pictures for ever.
+class OwnStyle final : public QProxyStyle {
+public:
+    explicit OwnStyle(bool dark) : QProxyStyle(QStringLiteral("Fusion")), m_dark(dark) {}
+
+    using QProxyStyle::polish;
+    void polish(QPalette& palette) override {
+        for (const Tone& tone : kTones) palette.setColor(tone.role, QColor(m_dark ? tone.dark : tone.light));
+        for (const Tone& tone : kDisabledTones) {
+            palette.setColor(QPalette::Disabled, tone.role, QColor(m_dark ? tone.dark : tone.light));
+        }
+    }
+
+private:
+    const bool m_dark;
+};
+
 }  // namespace
 
-QPalette OwnPalette(bool dark) {
-    QPalette palette;
-    for (const Tone& tone : kTones) palette.setColor(tone.role, QColor(dark ? tone.dark : tone.light));
-    for (const Tone& tone : kDisabledTones) {
-        palette.setColor(QPalette::Disabled, tone.role, QColor(dark ? tone.dark : tone.light));
-    }
-    return palette;
+void UseOwnAppearance(bool dark) {
+    QApplication::setStyle(new OwnStyle(dark));
+    QApplication::setPalette({});
 }
 
 QFont DialogFontOf(uint32_t points) {

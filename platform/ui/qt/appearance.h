@@ -8,8 +8,8 @@
 
 namespace hx::ui {
 
-// Whole palettes of our own, for pictures and for whoever asks for light or dark.
-QPalette OwnPalette(bool dark);
+// A style and whole palettes of our own, for pictures and for whoever asks for light or dark.
+void UseOwnAppearance(bool dark);
 
 // The desktop's sans-serif in the size that so many points have on a screen at 100 %.
 QFont DialogFontOf(uint32_t points);

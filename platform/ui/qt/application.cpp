@@ -11,7 +11,6 @@
 #include <QFileInfo>
 #include <QPluginLoader>
 #include <QScreen>
-#include <QStyleFactory>
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -207,10 +206,7 @@ bool StartApplication(const ScreenOptions& options, std::wstring& reason) {
         return false;
     }
     // A picture looks the same wherever it is made.
-    if (options.offscreen || options.dark) {
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-        QApplication::setPalette(OwnPalette(options.dark.value_or(false)));
-    }
+    if (options.offscreen || options.dark) UseOwnAppearance(options.dark.value_or(false));
     return true;
 }
 
