@@ -50,7 +50,7 @@ template <class F>
 Answer Ask(const ComPtr<DHXConfigCtrl>& control, F&& call) {
     if (!control) return {E_UNEXPECTED, {}};
     SetErrorInfo(0, nullptr);
-    // The page may close itself meanwhile.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the page may close itself meanwhile
     const ComPtr<DHXConfigCtrl> page = control;
     const HRESULT result = std::forward<F>(call)(*page);
     return {result, FAILED(result) ? TextOfFailure() : std::wstring()};
@@ -147,7 +147,7 @@ Answer HostedPage::Save(bool& may_close) {
     may_close = false;
     // Pages write 16 bits of it, or nothing at all.
     BOOL answer = -1;
-    const Answer saved = Ask(m_control, [&](DHXConfigCtrl& page) { return page.Save(&answer); });
+    Answer saved = Ask(m_control, [&](DHXConfigCtrl& page) { return page.Save(&answer); });
     if (saved.IsDone()) may_close = static_cast<int16_t>(answer) != 0;
     return saved;
 }

@@ -18,7 +18,7 @@ bool IsNumber(const Word& word) {
 }
 
 // A number alone is the state.
-void GiveApi(PageHost& host, Words words, Json& answer) {
+void GiveApi(PageHost& host, Words& words, Json& answer) {
     if (words.size() == 1 && words[0].text == "none") {
         // It is no scanner API.
         CheckAnswer("SetHXApi", host.Hosted().SetApi(hx::Make<hosting::SettingsMap>(nullptr).get()));
@@ -39,23 +39,23 @@ void GiveApi(PageHost& host, Words words, Json& answer) {
     host.Page().simulator = simulator;
 }
 
-void SetState(PageHost& host, Words words, Json&) {
+void SetState(PageHost& host, Words& words, Json&) {
     CheckCall("SetConnectionState",
               host.Simulator().SetConnectionState(NumberOf(words[0], "the state"), FALSE));
 }
 
-void Connection(PageHost& host, Words words, Json&) {
+void Connection(PageHost& host, Words& words, Json&) {
     CheckCall("SetConnectionState",
               host.Simulator().SetConnectionState(NumberOf(words[0], "the state"), TRUE));
     host.WaitForEvents();
 }
 
-void Plug(PageHost& host, Words, Json&) {
+void Plug(PageHost& host, Words& /*words*/, Json&) {
     CheckCall("Connect", host.Simulator().Connect());
     host.WaitForEvents();
 }
 
-void Unplug(PageHost& host, Words, Json&) {
+void Unplug(PageHost& host, Words& /*words*/, Json&) {
     CheckCall("Disconnect", host.Simulator().Disconnect());
     host.WaitForEvents();
 }

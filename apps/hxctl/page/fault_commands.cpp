@@ -16,7 +16,7 @@ int32_t TimesOf(const Word& word) {
     return times;
 }
 
-void Fail(PageHost& host, Words words, Json&) {
+void Fail(PageHost& host, Words& words, Json&) {
     hx::Bstr texts[3];
     const char* const options[] = {"--chain", "--text", "--preset"};
     for (size_t i = 0; i < 3; ++i) {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int32_t kLongestEdge = 16384;
 
-void AddPage(PageHost& host, Words words, Json& answer) {
+void AddPage(PageHost& host, Words& words, Json& answer) {
     const PageName* const row = FindPage(words[0].text);
     if (!row) throw WrongLine(words[0], NoPageText(words[0].text));
     const std::string name = words.size() > 1 ? words[1].text : words[0].text;
@@ -22,19 +22,19 @@ void AddPage(PageHost& host, Words words, Json& answer) {
     host.Add(name, *row);
 }
 
-void UsePage(PageHost& host, Words words, Json&) {
+void UsePage(PageHost& host, Words& words, Json&) {
     host.Use(words[0].text);
 }
 
-void CreatePage(PageHost& host, Words, Json&) {
+void CreatePage(PageHost& host, Words& /*words*/, Json&) {
     host.Create();
 }
 
-void OpenWindow(PageHost& host, Words, Json&) {
+void OpenWindow(PageHost& host, Words& /*words*/, Json&) {
     host.OpenWindow();
 }
 
-void Map(PageHost& host, Words words, Json&) {
+void Map(PageHost& host, Words& words, Json&) {
     if (words.empty()) {
         hx::ComPtr<IHXSettingsObjectMap> map;
         const hosting::CalledLast made = hosting::MakeSettingsMap(map);
@@ -95,7 +95,7 @@ hx::SafeArray WrongArrayNamed(const Word& name) {
     throw WrongLine(name, reason);
 }
 
-void Initialise(PageHost& host, Words words, Json&) {
+void Initialise(PageHost& host, Words& words, Json&) {
     const std::optional<Word> wrong = TakeOption(words, "--array");
     CheckNoOptions(words);
     const size_t count = wrong ? 3 : 4;
@@ -110,7 +110,7 @@ void Initialise(PageHost& host, Words words, Json&) {
                                                        std::move(arguments)));
 }
 
-void Resize(PageHost& host, Words words, Json&) {
+void Resize(PageHost& host, Words& words, Json&) {
     const int32_t width = NumberOf(words[0], "the width");
     const int32_t height = NumberOf(words[1], "the height");
     for (const auto& [edge, word] : {std::pair(width, words[0]), std::pair(height, words[1])}) {
@@ -119,25 +119,25 @@ void Resize(PageHost& host, Words words, Json&) {
     host.Resize({width, height});
 }
 
-void Select(PageHost& host, Words, Json&) {
+void Select(PageHost& host, Words& /*words*/, Json&) {
     CheckAnswer("OnSelected", host.Hosted().Select());
 }
 
-void Deselect(PageHost& host, Words, Json&) {
+void Deselect(PageHost& host, Words& /*words*/, Json&) {
     CheckAnswer("OnDeselected", host.Hosted().Deselect());
 }
 
-void Save(PageHost& host, Words, Json& answer) {
+void Save(PageHost& host, Words& /*words*/, Json& answer) {
     bool may_close = false;
     CheckAnswer("Save", host.Hosted().Save(may_close));
     answer["mayClose"] = may_close;
 }
 
-void ClosePage(PageHost& host, Words, Json&) {
+void ClosePage(PageHost& host, Words& /*words*/, Json&) {
     host.Hosted().Close();
 }
 
-void Arguments(PageHost& host, Words, Json& answer) {
+void Arguments(PageHost& host, Words& /*words*/, Json& answer) {
     const std::optional<std::wstring> selected = host.Page().hosted.Selected();
     answer["arguments"] = selected ? Json::array({hx::ToUtf8(*selected)}) : Json();
 }

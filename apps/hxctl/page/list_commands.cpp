@@ -49,7 +49,7 @@ int32_t RowOf(const ListBox& list, const Word& name) {
     return by_key;
 }
 
-void ClickRow(PageHost& host, Words words, Json&) {
+void ClickRow(PageHost& host, Words& words, Json&) {
     ListBox& list = host.ProfileList();
     CheckUsable(list);
     CheckDone(Person().ClickRow(list, RowOf(list, words[0])), list);
@@ -61,7 +61,7 @@ constexpr Named<uint32_t> kKeys[] = {
 };
 
 // The row is clicked first, unless it is the selected one.
-void PressKey(PageHost& host, Words words, Json&) {
+void PressKey(PageHost& host, Words& words, Json&) {
     const uint32_t key = ValueOf(words[1], "key", kKeys);
     ListBox& list = host.ProfileList();
     CheckUsable(list);
@@ -97,7 +97,7 @@ Point PlaceOf(ListBox& list, const Word& word) {
 constexpr Named<uint32_t> kCommandsOfMenu[] = {
     {"Save as", 32773}, {"Discard", 32774}, {"Delete", 32771}, {"Rename", 32772}};
 
-void OpenMenu(PageHost& host, Words words, Json& answer) {
+void OpenMenu(PageHost& host, Words& words, Json& answer) {
     const uint32_t command = words.size() > 1 ? ValueOf(words[1], "command", kCommandsOfMenu) : 0;
     ListBox& list = host.ProfileList();
     CheckUsable(list);
@@ -154,7 +154,7 @@ constexpr Named<Pressed> kButtons[] = {
     {"close", {hx::ui::Script::Answer::By::close, nullptr}},
 };
 
-void QueueAnswer(PageHost& host, Words words, Json&) {
+void QueueAnswer(PageHost& host, Words& words, Json&) {
     const Pressed pressed = ValueOf(words[0], "answer", kButtons);
     hx::ui::Script::Answer answer;
     answer.by = pressed.by;

@@ -62,7 +62,7 @@ void SetEdit(hx::ui::Edit& edit, const Word& value) {
     if (edit.HasFocus()) CheckDone(Person().Leave(edit), edit);
 }
 
-void Set(PageHost& host, Words words, Json&) {
+void Set(PageHost& host, Words& words, Json&) {
     hx::ui::Control& control = ControlOf(host, words[0]);
     if (auto* const track_bar = dynamic_cast<hx::ui::TrackBar*>(&control)) {
         return SetTrackBar(*track_bar, words[1]);
@@ -76,12 +76,12 @@ void Set(PageHost& host, Words words, Json&) {
     SetEdit(As<hx::ui::Edit>(control, "track bar, check box, combo box or edit"), words[1]);
 }
 
-void Drag(PageHost& host, Words words, Json&) {
+void Drag(PageHost& host, Words& words, Json&) {
     hx::ui::TrackBar& track_bar = TrackBarOf(host, words[0]);
     CheckDone(Person().Drag(track_bar, PositionOf(track_bar, words[1])), track_bar);
 }
 
-void Drop(PageHost& host, Words words, Json&) {
+void Drop(PageHost& host, Words& words, Json&) {
     hx::ui::TrackBar& track_bar = TrackBarOf(host, words[0]);
     if (!Person().Drop(track_bar)) throw Impossible("control " + words[0].text + " is not being dragged");
 }
@@ -101,7 +101,7 @@ constexpr ScrollCode kScrollCodes[] = {
 };
 
 // By name, with "TB_" in front or without, or by number. The thumb may also be put where it is.
-void Scroll(PageHost& host, Words words, Json&) {
+void Scroll(PageHost& host, Words& words, Json&) {
     hx::ui::TrackBar& track_bar = TrackBarOf(host, words[0]);
     const auto found = std::ranges::find_if(kScrollCodes, [&](const ScrollCode& each) {
         return words[1].text == each.name || words[1].text == each.name + 3 ||
@@ -117,18 +117,18 @@ void Scroll(PageHost& host, Words words, Json&) {
     track_bar.UserScroll(TB_THUMBPOSITION, track_bar.Position());
 }
 
-void Type(PageHost& host, Words words, Json&) {
+void Type(PageHost& host, Words& words, Json&) {
     auto& edit = As<hx::ui::Edit>(ControlOf(host, words[0]), "edit");
     CheckDone(Person().Type(edit, WideOf(words[1])), edit);
 }
 
-void Leave(PageHost& host, Words words, Json&) {
+void Leave(PageHost& host, Words& words, Json&) {
     hx::ui::Control& control = ControlOf(host, words[0]);
     if (!control.HasFocus()) throw Impossible("the focus is not in control " + words[0].text);
     CheckDone(Person().Leave(control), control);
 }
 
-void Press(PageHost& host, Words words, Json&) {
+void Press(PageHost& host, Words& words, Json&) {
     hx::ui::Control& control = ControlOf(host, words[0]);
     if (!dynamic_cast<hx::ui::CheckBox*>(&control)) As<hx::ui::Button>(control, "button or check box");
     CheckDone(Person().Click(control), control);

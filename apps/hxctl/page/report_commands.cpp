@@ -10,7 +10,7 @@
 namespace hxctl {
 namespace {
 
-void Show(PageHost& host, Words words, Json& answer) {
+void Show(PageHost& host, Words& words, Json& answer) {
     Json& controls = answer["controls"] = Json::array();
     if (words.empty()) {
         for (const hx::ui::Control* const each : host.Dialog().Controls()) controls.push_back(Report(*each));
@@ -20,7 +20,7 @@ void Show(PageHost& host, Words words, Json& answer) {
     }
 }
 
-void Profiles(PageHost& host, Words, Json& answer) {
+void Profiles(PageHost& host, Words& /*words*/, Json& answer) {
     Json& rows = answer["rows"] = Json::array();
     const hx::ui::ListBox& list = host.ProfileList();
     for (int32_t i = 0; i < list.Count(); ++i) {
@@ -33,7 +33,7 @@ void Profiles(PageHost& host, Words, Json& answer) {
     }
 }
 
-void Presets(PageHost& host, Words, Json& answer) {
+void Presets(PageHost& host, Words& /*words*/, Json& answer) {
     hx::Bstr driver;
     hx::Bstr device;
     hx::Bstr json;
@@ -45,7 +45,7 @@ void Presets(PageHost& host, Words, Json& answer) {
 }
 
 // The simulator's events came in, they did not leave; its results are those of the calls that fail.
-void Calls(PageHost& host, Words, Json& answer) {
+void Calls(PageHost& host, Words& /*words*/, Json& answer) {
     hx::Bstr taken;
     CheckCall("TakeCalls", host.Simulator().TakeCalls(taken.put()));
     Json& calls = answer["calls"] = Json::array();
@@ -55,7 +55,7 @@ void Calls(PageHost& host, Words, Json& answer) {
     }
 }
 
-void Modals(PageHost& host, Words, Json& answer) {
+void Modals(PageHost& host, Words& /*words*/, Json& answer) {
     Json& modals = answer["modals"] = Json::array();
     for (const hx::ui::Script::Modal& each : host.Dialogs().TakeModals()) {
         Json captions = Json::array();
@@ -69,7 +69,7 @@ void Modals(PageHost& host, Words, Json& answer) {
     }
 }
 
-void Messages(PageHost& host, Words, Json& answer) {
+void Messages(PageHost& host, Words& /*words*/, Json& answer) {
     Json& messages = answer["messages"] = Json::array();
     for (const hx::ui::Script::Box& each : host.Dialogs().TakeBoxes()) {
         messages.push_back({{"caption", hx::ToUtf8(each.caption)},

@@ -26,7 +26,7 @@ struct ScriptCommand {
     const char* usage;  // of what stands behind the word
     size_t least;       // of words behind it
     size_t most;
-    void (*run)(PageHost& host, Words words, Json& answer);
+    void (*run)(PageHost& host, Words& words, Json& answer);
 };
 
 std::span<const ScriptCommand> HostCommands();    // what the host does with its pages

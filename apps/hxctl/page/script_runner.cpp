@@ -19,7 +19,7 @@ const ScriptCommand& CommandOf(const Word& word) {
     throw WrongLine(word, "no command \"" + word.text + "\"");
 }
 
-void Run(PageHost& host, Words words, Json& answer) {
+void Run(PageHost& host, Words& words, Json& answer) {
     const ScriptCommand& command = CommandOf(words[0]);
     const size_t count = words.size() - 1;
     if (count < command.least || count > command.most) {
@@ -29,7 +29,7 @@ void Run(PageHost& host, Words words, Json& answer) {
                                 command.word + separator + command.usage);
     }
     words.erase(words.begin());
-    command.run(host, std::move(words), answer);
+    command.run(host, words, answer);
     PageHost::Settle();
 }
 
@@ -42,7 +42,7 @@ std::optional<Json> RunLine(PageHost& host, const std::string& line, size_t numb
         Words words = WordsOf(line);
         if (words.empty()) return std::nullopt;
         answer["command"] = words[0].text;
-        Run(host, std::move(words), answer);
+        Run(host, words, answer);
         answer["ok"] = true;
     } catch (const WrongLine& wrong) {
         answer["error"] = where + ", " + wrong.what();
