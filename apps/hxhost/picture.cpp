@@ -3,7 +3,7 @@
 #include <chrono>
 #include <filesystem>
 
-#include "platform/system/sleep.h"
+#include "apps/hosting/PumpUntil.h"
 #include "platform/system/utf8.h"
 #include "platform/ui/renderer.h"
 #include "platform/ui/script.h"
@@ -11,26 +11,13 @@
 namespace hxhost {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr std::chrono::seconds kPatience{15};
 constexpr std::chrono::milliseconds kUntilDrawn{1200};  // many cycles of the scanner
-constexpr uint32_t kPause_ms = 5;
-
-template <class Condition>
-bool PumpUntil(Condition condition, std::chrono::milliseconds patience) {
-    const auto end = Clock::now() + patience;
-    while (!condition()) {
-        if (Clock::now() >= end) return false;
-        hx::ui::CurrentRenderer()->Pump();
-        hx::SleepMilliseconds(kPause_ms);
-    }
-    return true;
-}
 
 std::string Take(HostDialog& dialog, const std::string& file) {
-    const bool fed = dialog.IsPageOpen() && PumpUntil([&] { return dialog.IsPreviewFed(); }, kPatience);
-    PumpUntil([] { return false; }, kUntilDrawn);
+    const bool fed =
+        dialog.IsPageOpen() && hosting::PumpUntil([&] { return dialog.IsPreviewFed(); }, kPatience);
+    hosting::PumpUntil([] { return false; }, kUntilDrawn);
     std::error_code error;
     const auto name = hx::FromUtf8(std::filesystem::absolute(file, error).string());
     if (error || !name || !hx::ui::CurrentRenderer()->SavePicture(dialog, *name)) {

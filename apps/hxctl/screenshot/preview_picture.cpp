@@ -1,6 +1,7 @@
 // The picture of the preview: a window that embeds the component, as a dialog does.
 #include <chrono>
 
+#include "apps/hosting/PumpUntil.h"
 #include "apps/hxctl/scanner/failed_call.h"
 #include "apps/hxctl/scanner/tracking_session.h"
 #include "apps/hxctl/screenshot/cycle_relay.h"
@@ -8,19 +9,15 @@
 #include "apps/hxctl/screenshot/screenshot_command.h"
 #include "hxapi/HXPreviewClasses.h"
 #include "platform/system/locale_data.h"
-#include "platform/system/sleep.h"
 #include "platform/ui/component_site.h"
 #include "platform/ui/renderer.h"
 
 namespace hxctl {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr uint32_t kCycles = 12;  // several of each plane
 constexpr std::chrono::seconds kPatience{10};
 constexpr std::chrono::milliseconds kAfterwards{200};  // until the last cycle has been drawn
-constexpr uint32_t kPause_ms = 5;
 
 class Frame final : public hx::ui::Window {};
 
@@ -41,18 +38,6 @@ private:
     const hx::ComPtr<hx::ui::ComponentSite> m_site;
 };
 
-// What is posted and painted is dealt with, until that is so or the time is over.
-template <class Condition>
-bool PumpUntil(Condition condition, std::chrono::milliseconds patience) {
-    const auto end = Clock::now() + patience;
-    while (!condition()) {
-        if (Clock::now() >= end) return false;
-        hx::ui::CurrentRenderer()->Pump();
-        hx::SleepMilliseconds(kPause_ms);
-    }
-    return true;
-}
-
 void Track(const ScreenshotRequest& request, Desk& desk, const hx::ComPtr<IUnknown>& preview) {
     const auto observer = preview.as<ITrackingCycleObserver>();
     if (!observer) throw FailedCall("the preview is no observer of tracking cycles");
@@ -60,10 +45,10 @@ void Track(const ScreenshotRequest& request, Desk& desk, const hx::ComPtr<IUnkno
     const auto preset = PresetOf(desk, request.values);
     const auto relay = hx::Make<CycleRelay>(observer);
     TrackingSession session(desk, *preset, *relay);
-    const bool seen = PumpUntil([&] { return relay->Cycles() >= kCycles; }, kPatience);
+    const bool seen = hosting::PumpUntil([&] { return relay->Cycles() >= kCycles; }, kPatience);
     session.End();
     if (!seen) throw FailedCall("the scanner sent no tracking cycles");
-    PumpUntil([] { return false; }, kAfterwards);
+    hosting::PumpUntil([] { return false; }, kAfterwards);
     desk.Disconnect();
 }
 
