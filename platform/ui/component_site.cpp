@@ -29,6 +29,7 @@ void ComponentSite::Place(const Window& parent, const Rectangle& bounds, bool vi
     m_visible = visible;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the caller's own may go meanwhile
 HRESULT ComponentSite::OpenHere(ComPtr<IOleObject> object) {
     const HRESULT result = object ? Embed(object) : E_NOINTERFACE;
     if (SUCCEEDED(result)) return S_OK;

@@ -46,7 +46,7 @@ QString InLines(const QString& text) {
 }  // namespace
 
 QString ToolTipText(std::wstring_view text) {
-    const QString lines = InLines(ToQt(text));
+    QString lines = InLines(ToQt(text));
     if (!Qt::mightBeRichText(lines)) return lines;
     return QStringLiteral("<qt>") + lines.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")) +
            QStringLiteral("</qt>");
