@@ -41,9 +41,9 @@ function(hx_objects name)
 endfunction()
 
 # Half the time of compiling a test goes into reading the headers of the test framework: they are read once. Not with a
-# compiler cache, which cannot see through that, and so also shows whether a test includes all that it uses. The code
-# that is tested never has it.
-if(CMAKE_CXX_COMPILER_LAUNCHER)
+# compiler cache, which cannot see through that, and so also shows whether a test includes all that it uses; nor for
+# clang-tidy, which takes its flags from the fuzz build. Of the code that is tested only the tool has such headers.
+if(CMAKE_CXX_COMPILER_LAUNCHER OR HX_FUZZ)
     set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
 endif()
 if(HX_TESTS)
