@@ -24,4 +24,17 @@ void LogDismissed(const MErrorLocation& location, const MError& error) noexcept 
     });
 }
 
+void LogDialogError(const MErrorLocation& location, const ui::DialogError& failure) noexcept {
+    AtBoundary([&] {
+        MError error = MakeError(location, L"CreateDialog");
+        error.AddParameter(L"reason", ui::DialogError::NameOf(failure.reason));
+        error.AddParameter(L"module", failure.module_file_name);
+        error.AddParameter(L"dialog", failure.dialog_id);
+        error.AddParameter(L"control", failure.control_id);
+        error.AddParameter(L"hresult", static_cast<uint32_t>(failure.result), true);
+        LogDismissed(location, error);
+        return S_OK;
+    });
+}
+
 }  // namespace hx

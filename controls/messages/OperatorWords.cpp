@@ -1,5 +1,6 @@
 #include "controls/messages/OperatorWords.h"
 
+#include "core/locale/MResourceLocale.h"
 #include "core/messages/MErrorFormatterResource.h"
 
 namespace hx {
@@ -24,6 +25,12 @@ MErrorFormatter::Formatted InOperatorsWords(const MException& exception) {
         formatted.error_codes = ErrorCodesText(exception);
         return formatted;
     }
+}
+
+std::wstring TextOrNothing(uint32_t string_id) {
+    const ModuleHandle module = MResourceLocale::ResourceModule();
+    const std::wstring* const text = module ? module->String(string_id) : nullptr;
+    return text != nullptr ? *text : std::wstring();
 }
 
 }  // namespace hx

@@ -1,6 +1,9 @@
 // Exceptions in the operator's words, for boxes of the pages and their dialogs. On any thread.
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 #include "core/errors/MException.h"
 #include "core/messages/MErrorFormatter.h"
 
@@ -9,5 +12,8 @@ namespace hx {
 // The messages of this program's own errors are among the formatter's rules from the first call on. Where the
 // words are missing the message says that there are none.
 MErrorFormatter::Formatted InOperatorsWords(const MException& exception);
+
+// A string resource of the language in use; "" if it has none.
+std::wstring TextOrNothing(uint32_t string_id);
 
 }  // namespace hx

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "controls/messages/MessageLog.h"
+#include "controls/messages/OperatorWords.h"
 #include "controls/presets/MDynamicSettingsPresets.h"
 #include "controls/profiles/ProfileNameCheck.h"
 #include "controls/profiles/ProfileResources.h"
@@ -24,15 +25,6 @@ ui::AnchorRule Below(uint32_t id) {
 void ShowError(ui::Window* owner, const MErrorLocation& location, const std::wstring& text) {
     LogText(location, text);
     ui::ShowMessageBox(owner, {}, text, ui::BoxIcon::error);
-}
-
-// "" if there is none.
-std::wstring TextOrNothing(uint32_t id) {
-    try {
-        return MResourceLocale::LoadStringResource(id);
-    } catch (const MException&) {
-        return {};
-    }
 }
 
 }  // namespace
@@ -120,12 +112,7 @@ void CLaserProfileSaveAsDlg::Save() {
 void CLaserProfileSaveAsDlg::OnCreateFailed(const ui::DialogError& failure) {
     static MErrorLocation location("CLaserProfileSaveAsDlg", "Run");
     location.Set(this, 120);
-    MError error = MakeError(location, L"CreateDialog");
-    error.AddParameter(L"reason", ui::DialogError::NameOf(failure.reason));
-    error.AddParameter(L"module", failure.module_file_name);
-    error.AddParameter(L"dialog", failure.dialog_id);
-    error.AddParameter(L"control", failure.control_id);
-    LogDismissed(location, error);
+    LogDialogError(location, failure);
     const std::wstring text = TextOrNothing(kStringInternalError);
     ShowError(m_owner, location, text.empty() ? std::wstring(MErrorFormatter::kNoDescription) : text);
 }

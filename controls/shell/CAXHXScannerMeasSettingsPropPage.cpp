@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "controls/messages/OperatorWords.h"
 #include "controls/shell/ControlSupport.h"
 #include "controls/shell/PropertyFrame.h"
 #include "core/locale/MResourceLocale.h"

@@ -14,6 +14,8 @@
 
 #include <concepts>
 
+#include "controls/messages/MessageLog.h"
+#include "controls/messages/OperatorWords.h"
 #include "controls/shell/ConfigDispatch.h"
 #include "controls/shell/ControlSupport.h"
 #include "controls/shell/ControlWindow.h"
@@ -122,7 +124,9 @@ private:
         if (const auto failure = page->Create(MResourceLocale::ResourceModule(), Page::kTemplate, &own)) {
             // It can be tried again.
             m_is_shown = false;
-            LogDialogError(*failure);
+            static MErrorLocation location("ConfigCtrl", "OnWindowCreated");
+            location.Set(this, 129);
+            LogDialogError(location, *failure);
             return FAILED(failure->result) ? failure->result : E_FAIL;
         }
         // The host may have closed the control meanwhile.

@@ -61,18 +61,6 @@ HRESULT LeaveErrorInformation(const MException& exception) noexcept {
     return E_INVALIDARG;
 }
 
-void LogDialogError(const ui::DialogError& failure) {
-    static MErrorLocation location("ConfigCtrl", "OnWindowCreated");
-    location.Set(nullptr, 61);
-    MError error = MakeError(location, L"CreateDialog");
-    error.AddParameter(L"reason", ui::DialogError::NameOf(failure.reason));
-    error.AddParameter(L"module", failure.module_file_name);
-    error.AddParameter(L"dialog", failure.dialog_id);
-    error.AddParameter(L"control", failure.control_id);
-    error.AddParameter(L"hresult", static_cast<uint32_t>(failure.result), true);
-    LogDismissed(location, error);
-}
-
 HRESULT ShowProperties(IOleObject& control, ui::Window* owner) {
     ComPtr<IOleClientSite> site;
     if (SUCCEEDED(control.GetClientSite(site.put()))) {
@@ -90,12 +78,6 @@ void WriteAnswer(bool may_close, BOOL* answer) noexcept {
 
 std::wstring TextOf(BSTR text) {
     return text ? std::wstring(text, SysStringLen(text)) : std::wstring();
-}
-
-std::wstring TextOrNothing(uint32_t string_id) {
-    const ModuleHandle module = MResourceLocale::ResourceModule();
-    const std::wstring* const text = module ? module->String(string_id) : nullptr;
-    return text != nullptr ? *text : std::wstring();
 }
 
 }  // namespace hx

@@ -8,7 +8,6 @@
 #include "core/locale/MLocalisationHelperApi.h"
 #include "platform/com/bstr.h"
 #include "platform/com/ole_object.h"
-#include "platform/ui/dialog_error.h"
 #include "platform/ui/window.h"
 
 namespace hx {
@@ -21,9 +20,6 @@ void FollowLanguageOfHost(MLocalisationHelperApi& localisation) noexcept;
 // its description the error codes. Gives the result code for it.
 HRESULT LeaveErrorInformation(const MException& exception) noexcept;
 
-// A page that could not be made, for the log.
-void LogDialogError(const ui::DialogError& failure);
-
 // Shows the properties of `control`: in the container's frame for property pages if it has one, else in a
 // frame of our own, in front of `owner`, which may be null. Returns when that was closed.
 HRESULT ShowProperties(IOleObject& control, ui::Window* owner);
@@ -35,8 +31,5 @@ void WriteAnswer(bool may_close, BOOL* answer) noexcept;
 
 // Null is no text.
 std::wstring TextOf(BSTR text);
-
-// A string resource of the language in use; "" if it has none.
-std::wstring TextOrNothing(uint32_t string_id);
 
 }  // namespace hx

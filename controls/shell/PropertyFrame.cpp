@@ -1,5 +1,6 @@
 #include "controls/shell/PropertyFrame.h"
 
+#include "controls/messages/OperatorWords.h"
 #include "controls/shell/ControlSupport.h"
 #include "core/locale/MResourceLocale.h"
 
