@@ -9,6 +9,9 @@ inline constexpr CLSID CLSID_CoMHXConnSettings = hx::MakeGuid("E74B0A93-1F5D-4E6
 
 // Pages of the hardware configuration: controls that are a DHXConfigCtrl; and their property page.
 inline constexpr CLSID CLSID_HXScannerMeasSettingsCtrl = hx::MakeGuid("91D3F04B-E6A8-4C57-A2B9-0E75C84D163F");
+inline constexpr CLSID CLSID_HXScannerHandheldMeasSettingsCtrl =
+    hx::MakeGuid("6A0F3C92-D45B-4E17-8B6C-39E2F7054DA1");
+inline constexpr CLSID CLSID_HXScannerDiagnosticsCtrl = hx::MakeGuid("F81C5D27-0B9E-4A63-B3D8-52A7E94C610D");
 inline constexpr CLSID CLSID_HXScannerMeasSettingsPropPage =
     hx::MakeGuid("C0678B5E-2F1D-4A94-9E38-B471D52A60CF");
 
@@ -17,4 +20,7 @@ inline constexpr wchar_t kProgIdHXSettingsFactory[] = L"Orvel.HXScannerCtrls.HXS
 inline constexpr wchar_t kProgIdHXConnSettings[] = L"Orvel.HXScannerCtrls.HXConnSettings.1";
 
 inline constexpr wchar_t kProgIdHXMeasSettingsCtrl[] = L"Orvel.HXScannerCtrls.HXMeasSettingsCtrl.1";
+inline constexpr wchar_t kProgIdHXHandheldMeasSettingsCtrl[] =
+    L"Orvel.HXScannerCtrls.HXHandheldMeasSettingsCtrl.1";
+inline constexpr wchar_t kProgIdHXDiagnosticsCtrl[] = L"Orvel.HXScannerCtrls.HXDiagnosticsCtrl.1";
 inline constexpr wchar_t kProgIdHXMeasSettingsPropPage[] = L"HXSCANNERCTRL.MeasSettingsPropPage.1";
