@@ -43,7 +43,9 @@ Outcome RunPage(const PageRequest& request, bool json) {
     try {
         const auto script = OpenScript(request.script);
         const RendererInUse in_use(hx::ui::HeadlessRenderer::Make());
-        Desk desk(ScannerRequest{});
+        ScannerRequest scanner;
+        scanner.model = page->model;
+        Desk desk(scanner);
         desk.Calls();
         PageHost host(hx::ComPtr<IHXSimulator>(&desk.Simulator()), request.locale, request.bare);
         host.Add("main", *page);

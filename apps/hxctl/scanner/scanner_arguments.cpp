@@ -19,9 +19,12 @@ void ScannerArguments::Add(CLI::App& app) {
 }
 
 void AddCommon(CLI::App& command, ScannerRequest& request) {
-    command.add_option("--model", request.model, "one of `scanner list`; left out: the first");
+    command.add_option("--model", request.model,
+                       "one of `scanner list`; left out: the first, or the one that suits the page");
     command.add_option("--presets-folder", request.folder,
                        "where presets are kept; left out: with the data of all users");
+    command.add_option("--properties", request.properties,
+                       "a file that the driver reports, - is standard input; left out: the model's own");
     command
         .add_option("--fault", request.faults,
                     "OPERATION=RESULT[:TIMES]: that operation fails so, once or TIMES times, * for always")

@@ -15,6 +15,8 @@ struct ScannerRequest {
     std::string folder;               // of the stored presets; empty: the usual one
     std::vector<std::string> faults;  // "OPERATION=RESULT[:TIMES]"
     bool calls = false;               // tells all calls in the end
+    // A file that the driver reports; nothing: the model's own properties.
+    std::optional<std::string> properties;
 };
 
 // hxctl scanner list: the models, the surfaces, and the operations that can fail
