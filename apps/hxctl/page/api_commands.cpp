@@ -66,7 +66,7 @@ void Properties(PageHost& host, Words& words, Json&) {
         return CheckCall("SetProperties", simulator.SetProperties(nullptr));
     }
     if (words[0].text == "-") throw WrongLine(words[0], "the properties come from a file");
-    ReportProperties(simulator, words[0].text);
+    ReportProperties(simulator, host.FileNamed(words[0].text));
 }
 
 constexpr ScriptCommand kCommands[] = {

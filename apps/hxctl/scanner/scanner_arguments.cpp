@@ -13,7 +13,9 @@ void ScannerArguments::Add(CLI::App& app) {
     list->callback([this] { m_run = [this] { return RunScannerList(m_json); }; });
     CLI::App* properties = scanner->add_subcommand("properties", "what the model's driver reports, as JSON");
     AddCommon(*properties, m_scanner);
-    properties->callback([this] { m_run = [this] { return RunScannerProperties(m_scanner, m_json); }; });
+    properties->add_flag("--document", m_document, "the document itself, of which others can be made");
+    properties->callback(
+        [this] { m_run = [this] { return RunScannerProperties(m_scanner, m_document, m_json); }; });
     AddPresets(*scanner);
     AddTrack(*scanner);
 }

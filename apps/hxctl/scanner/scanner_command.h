@@ -22,8 +22,8 @@ struct ScannerRequest {
 // hxctl scanner list: the models, the surfaces, and the operations that can fail
 Outcome RunScannerList(bool json);
 
-// hxctl scanner properties
-Outcome RunScannerProperties(const ScannerRequest& request, bool json);
+// hxctl scanner properties [--document]: what is in the document, or the document itself
+Outcome RunScannerProperties(const ScannerRequest& request, bool document, bool json);
 
 // hxctl scanner presets list|save NAME|delete NAME|export FILE|import FILE|reset
 struct PresetsRequest {

@@ -9,6 +9,7 @@
 #include "apps/hxctl/scanner/failed_call.h"
 #include "apps/hxctl/screenshot/picture_file.h"
 #include "apps/hxctl/screenshot/screenshot_command.h"
+#include "platform/system/utf8.h"
 #include "platform/ui/component_control.h"
 
 namespace hxctl {
@@ -76,11 +77,15 @@ void SavePagePicture(const ScreenshotRequest& request, Desk& desk, DeskAnswer& a
                                   : std::make_shared<std::istringstream>(FirstSession(desk, page));
     PageHost host(hx::ComPtr<IHXSimulator>(&desk.Simulator()), request.locale, false);
     host.LimitPixels(kMostPixels / (request.scale * request.scale));
+    host.SetFolder(FolderOf(request.script));
     host.Add("main", page);
     Resize(request, host);
     const ScriptTally tally = RunScript(host, *script, [&](const Json& each) {
         if (!each.at("ok")) desk.Notice(each.at("error"));
     });
+    for (const hx::ui::Script::Box& box : host.Dialogs().TakeBoxes()) {
+        desk.Notice("the page says: " + hx::ToUtf8(box.text));
+    }
     SaveLivePicture(host, request.file);
     answer.json["file"] = request.file;
     answer.text = request.file + "\n";
