@@ -158,6 +158,9 @@ TEST_F(PageScript, NobodyDoesWhatAPersonCouldNotDo) {
         {"menu Default Delete", "\"Delete\" is disabled"},
         {"menu @outside Delete", "no menu came up"},
         {"key Default F13", "column 13: no key \"F13\""},
+        {"drag 204 5000", ""},
+        {"drop 207", "is not being dragged"},
+        {"drop 204", ""},
     };
     CheckSaid(Answers(ScriptOf(rows)), rows);
 }
