@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
 
 #include "platform/ui/codes.h"
 #include "platform/ui/headless/headless_keys.h"
@@ -95,7 +94,9 @@ bool HeadlessUser::Drag(TrackBar& track_bar, int32_t position) {
 }
 
 bool HeadlessUser::Drop(TrackBar& track_bar) {
-    if (std::exchange(m_dragged, nullptr) != &track_bar || !track_bar.Parent()) return false;
+    if (m_dragged != &track_bar) return false;
+    m_dragged = nullptr;
+    if (!track_bar.Parent()) return false;
     const Attachment attachment(track_bar);
     track_bar.UserScroll(TB_THUMBPOSITION, track_bar.Position());
     if (attachment.Get()) track_bar.UserScroll(TB_ENDTRACK);

@@ -1,4 +1,4 @@
-// The measurement page inside a host's window, through its component interfaces alone, with the simulated
+// A settings page inside a host's window, through its component interfaces alone, with the simulated
 // scanner API; what it calls there is told as text. Everything that the registry may switch on is on.
 #pragma once
 
@@ -51,7 +51,7 @@ protected:
     // As a host does it.
     void Create() {
         CLSID clsid{};
-        ASSERT_EQ(CLSIDFromProgID(kProgIdHXMeasSettingsCtrl, &clsid), S_OK);
+        ASSERT_EQ(CLSIDFromProgID(m_prog_id, &clsid), S_OK);
         m_site = hx::Make<ui::ComponentSite>(0x409);
         ASSERT_EQ(m_site->Open(clsid, m_frame, {0, 0, 900, 600}, true), S_OK);
         m_page = m_site->Component().as<DHXConfigCtrl>();
@@ -138,6 +138,7 @@ protected:
     using SimulatorTest::Text;
 
     ui::Script script;
+    const wchar_t* m_prog_id = kProgIdHXMeasSettingsCtrl;
     hx::ComPtr<DHXConfigCtrl> m_page;
 
 private:
