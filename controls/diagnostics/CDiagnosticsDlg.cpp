@@ -49,6 +49,7 @@ Reading Read(const ApiOperation& operation, IHXApi& api) noexcept {
     } catch (const MException& exception) {
         operation.Log(51, exception);
     } catch (...) {
+        // Of memory, which the log would need, too.
     }
     AtBoundary([&] {
         if (reading.failure.empty()) reading.failure = TextOrNumber(kStringInternalError);
