@@ -19,7 +19,9 @@ protected:
             EXPECT_EQ(Text(), step.calls) << step.what;
         }
     }
-    const Step m_create = {"created", [this] { Create(); }, "initialiser.GetHXApi[]\napi.GetLocale[]\n"};
+    const wchar_t* m_prog_id = kProgIdHXMeasSettingsCtrl;
+    const Step m_create = {"created", [this] { Create(m_prog_id); },
+                           "initialiser.GetHXApi[]\napi.GetLocale[]\n"};
     const Step m_initialise = {"initialised", [this] { Initialise(L"$DARK"); }, ""};
     const Step m_select = {"selected", [this] { m_page->OnSelected(); }, ""};
 };
@@ -307,7 +309,7 @@ TEST_P(HostedPages, FollowsTheConnectionByItsTable) {
         for (const std::string page : {"ready", "not ready", "not selected"}) {
             SCOPED_TRACE(page + ", " + std::to_string(row.before) + " to " + std::to_string(row.after));
             m_hands->SetConnectionState(row.before == 5 ? 0 : row.before, FALSE);
-            Create();
+            Create(m_prog_id);
             Initialise(L"$DARK");
             m_page->OnSelected();
             m_page->SetHXApi(m_api.get());
