@@ -19,7 +19,9 @@ protected:
             EXPECT_EQ(Text(), step.calls) << step.what;
         }
     }
-    const Step m_create = {"created", [this] { Create(); }, "initialiser.GetHXApi[]\napi.GetLocale[]\n"};
+    const wchar_t* m_prog_id = kProgIdHXMeasSettingsCtrl;
+    const Step m_create = {"created", [this] { Create(m_prog_id); },
+                           "initialiser.GetHXApi[]\napi.GetLocale[]\n"};
     const Step m_initialise = {"initialised", [this] { Initialise(L"$DARK"); }, ""};
     const Step m_select = {"selected", [this] { m_page->OnSelected(); }, ""};
 };
@@ -307,7 +309,7 @@ TEST_P(HostedPages, FollowsTheConnectionByItsTable) {
         for (const std::string page : {"ready", "not ready", "not selected"}) {
             SCOPED_TRACE(page + ", " + std::to_string(row.before) + " to " + std::to_string(row.after));
             m_hands->SetConnectionState(row.before == 5 ? 0 : row.before, FALSE);
-            Create();
+            Create(m_prog_id);
             Initialise(L"$DARK");
             m_page->OnSelected();
             m_page->SetHXApi(m_api.get());
@@ -411,6 +413,28 @@ TEST_F(HostedPage, ShowsWhatItsOperatorDoes) {
     }
     EXPECT_TRUE(Save());
     EXPECT_EQ(Reported(), "Castings");
+}
+
+// The click that takes the focus from an edit is the page's as well.
+TEST_F(HostedPage, AnEditOutOfRangeIsComplainedOfOnceAndTheClickCounts) {
+    m_hands->SetConnectionState(HXConnected, FALSE);
+    for (const bool closes : {false, true}) {
+        Create(kProgIdHXHandheldMeasSettingsCtrl);
+        Initialise(L"$DARK");
+        m_page->OnSelected();
+        m_page->SetHXApi(m_api.get());
+        ASSERT_TRUE(User().Type(At<hx::ui::Edit>(210), L"101"));
+        if (closes) script.while_box = [&] { Close(); };
+        User().Click(At<hx::ui::CheckBox>(253));
+        script.while_box = nullptr;
+        const auto boxes = script.TakeBoxes();
+        ASSERT_EQ(boxes.size(), 1U);
+        EXPECT_EQ(boxes.front().text, L"Enter an integer between 1 and 100.");
+        if (closes) break;
+        EXPECT_EQ(At(210).Text(), L"10") << "what was typed before it was too much";
+        EXPECT_TRUE(At<hx::ui::CheckBox>(253).IsChecked());
+        Close();
+    }
 }
 
 // The preview has the room that sliders of the field of view leave, whatever the size.
