@@ -8,9 +8,9 @@ std::string QuotedText(const std::string& text) {
     return nlohmann::json(text).dump();
 }
 
-std::vector<std::string> WithPages::Lines() {
+std::vector<std::string> LinesOf(IHXSimulator& hands) {
     hx::Bstr json;
-    EXPECT_EQ(m_hands->TakeCalls(json.put()), S_OK);
+    EXPECT_EQ(hands.TakeCalls(json.put()), S_OK);
     std::vector<std::string> lines;
     for (const auto& call : nlohmann::json::parse(hx::ToUtf8(json.view()))) {
         std::string line = call["on"].get<std::string>() + "." + call["op"].get<std::string>() + "(";

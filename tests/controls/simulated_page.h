@@ -36,6 +36,9 @@ inline void LogOfPage(IHXSimulator& hands, const std::string& what, const std::s
     hands.LogCall(hx::Bstr(L"page").get(), hx::Bstr(*hx::FromUtf8(what)).get(), hx::Bstr(arguments).get());
 }
 
+// The calls since the last time, one a line: "on.operation(arguments)", of a failing one with " = result".
+std::vector<std::string> LinesOf(IHXSimulator& hands);
+
 // The code without its class.
 inline std::string CodeOf(std::wstring_view code) {
     return hx::ToUtf8(code.substr(code.find(L'.') + 1));
@@ -182,9 +185,7 @@ protected:
                                      FALSE,      code.get(), nullptr, nullptr};
         EXPECT_EQ(m_hands->InjectFault(&fault), S_OK) << operation;
     }
-    // The calls since the last time, one a line: "on.operation(arguments)", of a failing one with " =
-    // result".
-    std::vector<std::string> Lines();
+    std::vector<std::string> Lines() { return LinesOf(*m_hands); }
     std::string Text() {
         std::string text = "\n";
         for (const std::string& line : Lines()) text += line + "\n";

@@ -19,6 +19,17 @@ const std::string kNothing = "Unknown (not connected)";
 const std::string kNotKnown = kNothing + "|" + kNothing + "|" + kNothing + "|" + kNothing + "|";
 const std::string kKnown = "HX-L|17|1/31/24|2/29/24|-|3.1|B";
 
+// Connected, with nothing behind it.
+class OldApi final : public Implements<OldApi, SingleThreaded, IHXApi> {
+public:
+    HRESULT GetConnectionState(int32_t* state, IErrorInfo**) override {
+        *state = HXConnected;
+        return S_OK;
+    }
+    HRESULT Resume(IErrorInfo**) override { return S_OK; }
+    HRESULT GetDeviceManager(IDeviceManager**, IErrorInfo**) override { return E_NOTIMPL; }
+};
+
 class DiagnosticsPage : public testing::Test {
 protected:
     struct Host final : ui::Window {};
@@ -138,21 +149,23 @@ TEST_F(DiagnosticsPage, ShowsWhatTheDriverTells) {
 TEST_F(DiagnosticsPage, TellsWhatFailsAndShowsNothing) {
     const std::string internal = "An internal error occurred.";
     const std::string refused = "Unable to retrieve scanner properties";
-    const struct {
+    struct Row {
         std::string call;
         HRESULT result;
         std::wstring detail;
         std::string box;
-    } rows[] = {
-        {"GetCurrentProfile", E_FAIL, L"not for users", internal},
-        {"GetDriverSelection", E_ABORT, L"", internal},
-        {"GetDeviceManager", E_FAIL, L"", internal},
+    };
+    std::vector<Row> rows = {
         {"GetDriverProperties", E_FAIL, L"The %s cable is loose.", refused + ". The %s cable is loose."},
         {"GetDriverProperties", E_FAIL, L"", refused + "."},
         {"GetDriverProperties", E_ABORT, L"It is loose.", refused + " due to an installation problem."},
         {"two drivers", S_OK, L"", internal},
         {"no document", S_OK, L"", internal},
+        {"no drivers", S_OK, L"", internal},
     };
+    for (const char* const call : {"GetCurrentProfile", "GetDriverSelection", "GetDeviceManager"}) {
+        for (const HRESULT result : {E_FAIL, E_ABORT}) rows.push_back({call, result, L"not told", internal});
+    }
     for (const auto& row : rows) {
         SCOPED_TRACE(row.call + ToUtf8(row.detail));
         Open();
@@ -161,6 +174,7 @@ TEST_F(DiagnosticsPage, TellsWhatFailsAndShowsNothing) {
         script.fails_once = true;
         script.detail = row.detail;
         if (row.call == "two drivers") script.drivers = {L"arm", L"driver"};
+        if (row.call == "no drivers") script.drivers.clear();
         if (row.call == "no document") script.properties = L"<Properties/>";
         boxes.while_box = [&] { EXPECT_EQ(Shown(), kKnown); };
         Arrive(1);
@@ -171,6 +185,19 @@ TEST_F(DiagnosticsPage, TellsWhatFailsAndShowsNothing) {
         EXPECT_EQ(Shown().find("HX-L"), std::string::npos);
         script.drivers = {L"arm", L"", L"driver"};
     }
+    // An API that nothing more can be asked of.
+    boxes.while_box = nullptr;
+    Open(HXNotConnected);
+    page->SetApi(Make<OldApi>().as<IHXApi>());
+    EXPECT_EQ(boxes.TakeBoxes().size(), 1u);
+    EXPECT_TRUE(Shown().starts_with(kNotKnown));
+    // One that does not tell its state may do so later.
+    script.failures["GetConnectionState"] = {E_FAIL, 0};
+    Open();
+    EXPECT_TRUE(Shown().starts_with(kNotKnown));
+    Arrive(1);
+    EXPECT_EQ(Shown(), kKnown);
+    EXPECT_TRUE(boxes.TakeBoxes().empty());
 }
 
 TEST_F(DiagnosticsPage, FollowsStatesByItsRule) {

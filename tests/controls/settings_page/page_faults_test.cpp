@@ -90,6 +90,7 @@ protected:
         EXPECT_EQ(TakeCalls()["failed"], 1);
         m_hands->ClearFaults();
         CheckTold(operation, failing, boxes);
+        CheckRate(place, operation, nth);
         const bool is_of_preset = IsOfPresets(operation);
         CheckState(is_of_preset);
         // The page goes on where it was.
@@ -112,8 +113,9 @@ protected:
     // The profiles that are stored, whatever the page has of them.
     void CheckStore() {
         SafeArray names, shown;
-        EXPECT_EQ(NewHandle()->EnumerateDynamicSettingsPresets(Bstr(L"HX").get(), names.put(), shown.put()),
-                  S_OK);
+        EXPECT_EQ(
+            NewHandle()->EnumerateDynamicSettingsPresets(Bstr(Kind().device).get(), names.put(), shown.put()),
+            S_OK);
         const auto texts = TextsOf(names.get());
         for (const auto& [name, values] : m_factory) {
             EXPECT_EQ(std::ranges::count(*texts, name), 1) << ToUtf8(name) << " is not stored";
@@ -152,6 +154,13 @@ protected:
         } else {
             EXPECT_GE(boxes + m_logged, 1u);
         }
+    }
+
+    // A frame rate that was not told is none where nobody complains of it.
+    void CheckRate(size_t place, const std::string& operation, int32_t nth) {
+        if (operation != "GetFrameRate" || !Kind().logged.contains(operation)) return;
+        const bool is_last = nth == m_counts.at(place).at(operation) - 1;
+        EXPECT_EQ(At<>(228).Text() == L"Frame rate: 0 Hz", is_last);
     }
 
     // Whatever has failed before, and nothing does from now on.
@@ -215,6 +224,7 @@ protected:
     }
 
     std::vector<Step> m_steps;
+    std::vector<std::map<std::string, int32_t>> m_counts;  // of the calls of each step
     std::map<std::wstring, Values> m_factory;
 
 private:
@@ -238,14 +248,13 @@ INSTANTIATE_TEST_SUITE_P(Part, PageFaults,
                                           testing::Range(0, kParts)));
 
 TEST_P(PageFaults, EveryCallOfASession) {
-    std::vector<std::map<std::string, int32_t>> counts;
     Begin();
     for (const Step& step : m_steps) {
         TakeCalls();
         EXPECT_EQ(Run(step), 0u) << step.name;
         EXPECT_EQ(m_not_done, 0) << step.name;
-        counts.push_back(TakeCalls());
-        EXPECT_EQ(counts.back().count("failed"), 0u) << step.name;
+        m_counts.push_back(TakeCalls());
+        EXPECT_EQ(m_counts.back().count("failed"), 0u) << step.name;
         if (!m_factory.empty() || !m_page->Session().Handle()) continue;
         MDynamicSettingsPresets& presets = m_page->Session().Presets();
         for (size_t i = 0; i < presets.Count(); ++i) {
@@ -253,8 +262,8 @@ TEST_P(PageFaults, EveryCallOfASession) {
         }
     }
     int32_t cases = 0;
-    for (size_t place = 0; place < counts.size(); ++place) {
-        for (const auto& [operation, count] : counts[place]) {
+    for (size_t place = 0; place < m_counts.size(); ++place) {
+        for (const auto& [operation, count] : m_counts[place]) {
             for (int32_t nth = 0; nth < count; ++nth) {
                 const int32_t number = cases++;
                 if (number % kOneOf != 0 || number / kOneOf % kParts != std::get<int32_t>(GetParam()))
