@@ -71,4 +71,8 @@ struct IHXSimulator : IUnknown {
     // Enters a call that the simulator does not see by itself, as that of a preview. `arguments` is a JSON
     // array.
     virtual HRESULT STDMETHODCALLTYPE LogCall(BSTR on, BSTR operation, BSTR arguments) = 0;
+
+    // What the driver reports as its properties from now on, as it is and whatever the model: it need not be
+    // a document at all. Null: again the model's own.
+    virtual HRESULT STDMETHODCALLTYPE SetProperties(BSTR xml) = 0;
 };

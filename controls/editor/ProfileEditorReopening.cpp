@@ -39,6 +39,7 @@ bool ProfileEditor::ReopenSelected(const Scope& scope) {
     m_current_name = m_session.Target().profile_name;
     m_list.Refill();
     if (ChangeSelection(scope) != Selection::kShown) return false;
+    if (!TakesShownValues()) return true;
     BaseDataToSettings(*m_edited);
     UpdateExposureText();
     CopySettings(*m_edited, *m_baseline);

@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "controls/messages/MessageBox.h"
 #include "controls/messages/MessageLog.h"
 #include "controls/messages/OperatorWords.h"
 #include "core/locale/CFormattedText.h"
-#include "core/locale/MResourceLocale.h"
 #include "platform/com/boundary.h"
 #include "platform/ui/services.h"
 
@@ -13,14 +13,6 @@ namespace hx {
 namespace {
 
 constexpr char kClass[] = "BaseDynamicSettingsDlg";
-
-std::wstring StringResource(uint32_t id) {
-    try {
-        return MResourceLocale::LoadStringResource(id);
-    } catch (const MException&) {
-        return FormatText(L'.', L"Unknown string resource: %u", {id});
-    }
-}
 
 }  // namespace
 
@@ -39,9 +31,7 @@ void ShowTextBox(ui::Window* owner, uint32_t string_id, std::wstring_view argume
     AtBoundary([&] {
         static MErrorLocation location(kClass, "ShowMessage");
         location.Set(nullptr, 68);
-        const std::wstring text = FormatText(L'.', StringResource(string_id), {argument});
-        LogText(location, text);
-        ui::ShowMessageBox(owner, {}, text, ui::BoxIcon::error);
+        ShowErrorText(owner, location, FormatText(L'.', TextOrNumber(string_id), {argument}));
         return S_OK;
     });
 }

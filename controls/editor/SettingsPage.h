@@ -30,6 +30,9 @@ public:
     virtual void UpdateExposureText() = 0;
     // The selection in the list is about to be followed.
     virtual void OnPresetSelectionChanging() {}
+    // At the end of a set-up: whether the profile, as it is edited and as it is stored, takes the values that
+    // the controls show of it, which may be rounded.
+    virtual bool TakesShownValues() const { return true; }
     // In front of which boxes and questions come up.
     virtual ui::Window& OwnWindow() = 0;
 

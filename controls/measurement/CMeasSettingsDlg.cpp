@@ -1,9 +1,9 @@
 #include "controls/measurement/CMeasSettingsDlg.h"
 
+#include "controls/api/ApiOperation.h"
 #include "controls/measurement/MeasControls.h"
 #include "controls/parts/RegistrySwitch.h"
-#include "controls/widgets/AccessibleNames.h"
-#include "platform/com/boundary.h"
+#include "controls/parts/ScanningSettings.h"
 #include "platform/system/debugger_output.h"
 #include "platform/ui/codes.h"
 
@@ -12,118 +12,128 @@ namespace {
 
 constexpr char kClass[] = "CMeasSettingsDlg";
 
-// Where the parts of the page raise their errors.
-struct PartLocations {
-    MErrorLocation gains{kClass, "FillGainList"};
-    MErrorLocation speed{kClass, "ShowMeasurementSpeed"};
-    MErrorLocation readouts{kClass, "DisplayScannerFramerate"};
-    MErrorLocation detection{kClass, "OnDetect"};
-};
+constexpr int32_t kNoFieldOfView = 0;
+constexpr int32_t kWidthAndHeight = 3;
+constexpr int32_t kNoSpeed = -1;
+// What a slider of the scanning settings stands for, beside the field of view.
+constexpr uint32_t kSpeed = 2;
 
-PartLocations& Locations() {
-    static PartLocations locations;
+PageLocations& MeasLocations() {
+    static PageLocations locations(kClass);
     return locations;
+}
+
+MErrorLocation& SpeedLocation() {
+    static MErrorLocation location(kClass, "ShowMeasurementSpeed");
+    return location;
+}
+
+const SettingsPageKind& MeasKind() {
+    static const SettingsPageKind kind = {&MeasLocations,   kMeasurementSession, kMeasValues,
+                                          kMeasEnableRules, kMeasOthersNeed,     kMeasAnchors};
+    return kind;
+}
+
+bool CanReduceFrequency(SettingsPage& page, MErrorLocation& location) {
+    if (!IsOn(RegistrySwitch::kShowFrequencyReductionSlider)) return false;
+    int32_t supported = 0;
+    ApiOperation(location, &page)
+        .Call(22, L"GetFrequencyReductionSupport", page.Session().Handle(),
+              &ICalibrationHandle::GetFrequencyReductionSupport, &supported);
+    return supported == 1;
 }
 
 }  // namespace
 
 CMeasSettingsDlg::CMeasSettingsDlg()
-    : BaseDynamicSettingsDlg(kMeasurementSession),
-      m_values(*this, kMeasValues),
-      m_flags(*this),
-      m_gains(*this, *this, Locations().gains),
-      m_field_of_view(*this),
-      m_layout(*this),
-      m_speed(*this, *this, Locations().speed),
-      m_readouts(*this, *this, Locations().readouts),
-      m_detection(*this, Locations().detection),
-      m_shows_detect(IsOn(RegistrySwitch::kAllowAutoDetectForHX)) {
-    Bind(kProfileList, ProfileList());
-    Bind(kPreviewControl, m_preview);
-    Session().AwaitWindow();
+    : ScannerSettingsDlg(MeasKind()), m_layout(*this), m_speed(*this, *this, SpeedLocation()) {}
+
+void CMeasSettingsDlg::Describe(EnableState& state) const {
+    state.filters_3d = Data().edge_filter_3d != FALSE;
+    state.is_speed_selectable = m_speed.IsEnabled();
 }
 
-CMeasSettingsDlg::~CMeasSettingsDlg() {
-    Destroy();
-    EndSession();
+void CMeasSettingsDlg::OnCommand(ui::Control& control, uint32_t code) {
+    if (control.Id() == kHighIsoBox && code == BN_CLICKED) return OnHighIso();
+    ScannerSettingsDlg::OnCommand(control, code);
 }
 
-bool CMeasSettingsDlg::OnInitDialog() {
-    SetAccessibleNames(*this, *Module());
-    SetAnchors(MeasAnchors());
-    for (ui::Control* const control : Controls()) {
-        if (control->Kind() == ui::ControlKind::track_bar) control->ModifyStyle(0, TBS_DOWNISLEFT);
-    }
-    m_values.Initialise();
-    m_field_of_view.Initialise(m_scanning);
-    Find(kDetectButton)->Show(m_shows_detect);
-    m_gains.Hide();
-    m_gains.ShowGain();
-    m_speed.Show();
-    ShowRecord();
-    EnableControls(false);
-    Session().OnWindowCreated();
-    return true;
-}
-
-// A component that is moved may do anything, also away with the page. The scanner is not asked for its frame
-// rate: that does not depend on the size, and the steps of a resize come faster than a scanner answers.
-void CMeasSettingsDlg::OnSize(const ui::Size& size) {
-    const WindowHandle handle = Handle();
-    Dialog::OnSize(size);
-    if (FromHandle(handle) == this && IsCreated()) m_layout.LayOut(m_field_of_view_config);
-}
-
-void CMeasSettingsDlg::OnDestroy() {
-    EndSession();
-    Dialog::OnDestroy();
-}
-
-void CMeasSettingsDlg::EndSession() noexcept {
-    m_arguments = nullptr;
-    AtBoundary([&] {
-        Session().OnDestroy();
-        return S_OK;
-    });
-    m_settings.reset();
-    m_settings_map.reset();
-}
-
-void CMeasSettingsDlg::OnMessage(const WindowMessage& message) {
-    if (message.id != WM_HX_CONNECTION_STATE) return;
-    AtBoundary([&] {
-        Session().OnConnectionStateChange(ConnectionStateOf(message));
-        return S_OK;
-    });
+void CMeasSettingsDlg::OnHighIso() {
+    if (!IsReady() || !m_gains.TakeHighIso()) return;
+    Attempt([&](const Scope&) { OnSettingChanged(true); });
 }
 
 void CMeasSettingsDlg::NoteConnectionState() {
     WriteDebuggerOutput(L"\n\nHXMeasSettingsDlg: connection state changed.\n\n");
 }
 
-void CMeasSettingsDlg::EnableControls(bool enable) noexcept {
-    // Nothing can be done to controls that do not show the profile.
-    enable = enable && IsReady();
-    m_enabled = enable;
-    const ui::Control* const focused = Focused();
-    EnableState state;
-    state.is_set_up = Session().IsHandleAcquired() && !Session().Target().device_internal_name.empty();
-    state.is_readable = enable;
-    state.is_connected = Session().IsDeviceCurrent();
-    state.is_power_by_hand = Data().automatic_laser_power == FALSE;
-    state.filters_3d = Data().edge_filter_3d != FALSE;
-    state.is_speed_selectable = m_speed.IsEnabled();
-    // An edit that is disabled loses the focus: that is no work of the operator's.
-    const bool outer = std::exchange(m_enabling, true);
-    AtBoundary([&] {
-        EnableByRules(*this, kMeasEnableRules, kMeasOthersNeed, state);
-        return S_OK;
-    });
-    m_enabling = outer;
-    AtBoundary([&] {
-        if (focused != Focused()) ShowRecordInEdits();
-        return S_OK;
-    });
+void CMeasSettingsDlg::LeaveControls() {
+    if (!TakeHeldSlider()) UpdateSettingsFromUI(false);
+}
+
+void CMeasSettingsDlg::FillGainList() {
+    // Of another scanner, perhaps.
+    m_speed.ForgetLabels();
+    ScannerSettingsDlg::FillGainList();
+}
+
+bool CMeasSettingsDlg::ReadScanning() {
+    if (!Session().IsDeviceCurrent()) {
+        m_field_of_view_config = kNoFieldOfView;
+        m_speed.Set(false, kNoSpeed);
+        if (!LayOutFieldOfView()) return false;
+        m_speed.Show();
+        return true;
+    }
+    MErrorLocation& location = Locations().settings_to_data;
+    int32_t config = FieldOfViewConfigOf(*this, location).Managed;
+    if (config >= 0 && IsOn(RegistrySwitch::kAllowHWDlgFovModification)) config = kWidthAndHeight;
+    m_field_of_view_config = config;
+    if (!LayOutFieldOfView()) return false;
+    m_scanning = ScanningSettingsOf(*this, location);
+    const bool has_speeds = CanReduceFrequency(*this, location);
+    m_speed.Set(has_speeds, m_scanning.FrequencySelection);
+    m_field_of_view.ShowIn(m_scanning);
+    m_speed.Show();
+    return true;
+}
+
+bool CMeasSettingsDlg::LayOutFieldOfView() {
+    const Scope scope(Operations());
+    m_layout.LayOut(m_field_of_view_config);
+    if (!scope.IsSessionOpen()) return false;
+    if (m_field_of_view_config >= 0) m_readouts.ShowFrameRate();
+    return true;
+}
+
+uint32_t CMeasSettingsDlg::ScanningOf(uint32_t slider) const {
+    return slider == kSpeedSlider ? kSpeed : 0;
+}
+
+void CMeasSettingsDlg::ShowScanning() {
+    ScannerSettingsDlg::ShowScanning();
+    m_speed.ShowPlace();
+}
+
+void CMeasSettingsDlg::FollowScanning(const Scope& scope, uint32_t moved) {
+    if ((moved & kFieldOfView) != 0) m_field_of_view.TakeInto(m_scanning);
+    if ((moved & kSpeed) == 0) return ApplyScanningAndSpeed(scope);
+    const int32_t before = m_speed.TakeSlider();
+    try {
+        ApplyScanningAndSpeed(scope);
+    } catch (...) {
+        if (scope.IsSessionOpen()) {
+            // The labels are those of all places. Nor does a slider go back that was moved on meanwhile.
+            m_speed.Set(m_speed.IsEnabled(), before);
+            if ((MovedMeanwhile() & kSpeed) == 0) m_speed.ShowPlace();
+        }
+        throw;
+    }
+}
+
+void CMeasSettingsDlg::ApplyScanningAndSpeed(const Scope& scope) {
+    m_scanning.FrequencySelection = m_speed.SelectionToScanWith();
+    if (ApplyScanning(scope)) m_readouts.ShowFrameRate();
 }
 
 }  // namespace hx

@@ -10,15 +10,15 @@ using State = EnableState;
 
 // The edit of the exposure shows whole percents of the hundredths that the record has.
 constexpr ValueRow kValues[] = {
-    {kLaserPowerSlider, kLaserPowerEdit, 1, 100, 10, 1, 1, false, GetMember<&Data::laser_power>,
+    {kLaserPowerSlider, kLaserPowerEdit, 1, 100, 10, 1, false, 1, false, GetMember<&Data::laser_power>,
      SetMember<&Data::laser_power>},
-    {kExposureSlider, kExposureEdit, 100, 10000, 1000, 100, 100, true, GetMember<&Data::exposure>,
+    {kExposureSlider, kExposureEdit, 100, 10000, 1000, 100, false, 100, true, GetMember<&Data::exposure>,
      SetMember<&Data::exposure>},
-    {kThresholdSlider, kThresholdEdit, 0, 100, 10, 1, 1, false, GetMember<&Data::signal_threshold>,
+    {kThresholdSlider, kThresholdEdit, 0, 100, 10, 1, false, 1, false, GetMember<&Data::signal_threshold>,
      SetMember<&Data::signal_threshold>},
-    {kInclinationSlider, kInclinationEdit, 0, 90, 10, 1, 1, false, GetMember<&Data::max_inclination>,
+    {kInclinationSlider, kInclinationEdit, 0, 90, 10, 1, false, 1, false, GetMember<&Data::max_inclination>,
      SetMember<&Data::max_inclination>},
-    {kEdgeFilterSlider, kEdgeFilterEdit, 0, 100, 10, 1, 1, false, GetMember<&Data::edge_filter>,
+    {kEdgeFilterSlider, kEdgeFilterEdit, 0, 100, 10, 1, false, 1, false, GetMember<&Data::edge_filter>,
      SetMember<&Data::edge_filter>},
 };
 
@@ -69,9 +69,6 @@ constexpr ui::AnchorRule kAnchors[] = {
 constinit const std::span<const ValueRow> kMeasValues = kValues;
 constinit const std::span<const EnableRule> kMeasEnableRules = kEnableRules;
 constinit const std::span<const Requirement> kMeasOthersNeed = kProfile;
-
-std::vector<ui::AnchorRule> MeasAnchors() {
-    return {std::begin(kAnchors), std::end(kAnchors)};
-}
+constinit const std::span<const ui::AnchorRule> kMeasAnchors = kAnchors;
 
 }  // namespace hx

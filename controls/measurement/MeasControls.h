@@ -3,11 +3,11 @@
 #pragma once
 
 #include <span>
-#include <vector>
 
 #include "controls/parts/EnableRules.h"
 #include "controls/parts/PageControls.h"
 #include "controls/parts/ValueRow.h"
+#include "platform/ui/anchors.h"
 
 namespace hx {
 
@@ -32,6 +32,6 @@ extern const std::span<const ValueRow> kMeasValues;
 extern const std::span<const EnableRule> kMeasEnableRules;
 // Of all other controls.
 extern const std::span<const Requirement> kMeasOthersNeed;
-std::vector<ui::AnchorRule> MeasAnchors();
+extern const std::span<const ui::AnchorRule> kMeasAnchors;
 
 }  // namespace hx

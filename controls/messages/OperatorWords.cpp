@@ -1,5 +1,6 @@
 #include "controls/messages/OperatorWords.h"
 
+#include "core/locale/CFormattedText.h"
 #include "core/locale/MResourceLocale.h"
 #include "core/messages/MErrorFormatterResource.h"
 
@@ -31,6 +32,14 @@ std::wstring TextOrNothing(uint32_t string_id) {
     const ModuleHandle module = MResourceLocale::ResourceModule();
     const std::wstring* const text = module ? module->String(string_id) : nullptr;
     return text != nullptr ? *text : std::wstring();
+}
+
+std::wstring TextOrNumber(uint32_t string_id) {
+    try {
+        return MResourceLocale::LoadStringResource(string_id);
+    } catch (const MException&) {
+        return FormatText(L'.', L"Unknown string resource: %u", {string_id});
+    }
 }
 
 }  // namespace hx

@@ -13,7 +13,8 @@ namespace hx {
 // words are missing the message says that there are none.
 MErrorFormatter::Formatted InOperatorsWords(const MException& exception);
 
-// A string resource of the language in use; "" if it has none.
+// A string resource of the language in use; "" if it has none, or words that tell the number.
 std::wstring TextOrNothing(uint32_t string_id);
+std::wstring TextOrNumber(uint32_t string_id);
 
 }  // namespace hx

@@ -36,6 +36,11 @@ std::optional<int32_t> ValueOf(const ValueRow& row, std::wstring_view text) {
     return static_cast<int32_t>(value);
 }
 
+// The place of a value is the value of that place as well.
+int32_t PlaceOf(const ValueRow& row, int32_t value) {
+    return row.is_vertical ? row.minimum + row.maximum - value : value;
+}
+
 }  // namespace
 
 ValueControls::ValueControls(ui::Dialog& dialog, std::span<const ValueRow> rows) {
@@ -55,8 +60,16 @@ void ValueControls::Initialise() {
     }
 }
 
+bool ValueControls::HasSlider(uint32_t id) const {
+    return std::ranges::any_of(m_pairs, [&](const Pair& pair) { return pair.row.slider == id; });
+}
+
+bool ValueControls::HasEdit(uint32_t id) const {
+    return std::ranges::any_of(m_pairs, [&](const Pair& pair) { return pair.row.edit == id; });
+}
+
 void ValueControls::ShowInSliders(const DynamicSettingsData& data) {
-    for (Pair& pair : m_pairs) pair.slider.SetPosition(pair.row.get(data));
+    for (Pair& pair : m_pairs) pair.slider.SetPosition(PlaceOf(pair.row, pair.row.get(data)));
 }
 
 void ValueControls::ShowInEdits(const DynamicSettingsData& data) {
@@ -74,7 +87,7 @@ void ValueControls::ShowInEdit(uint32_t edit, const DynamicSettingsData& data) {
 }
 
 void ValueControls::TakeSliders(DynamicSettingsData& data) const {
-    for (const Pair& pair : m_pairs) pair.row.set(data, pair.slider.Position());
+    for (const Pair& pair : m_pairs) pair.row.set(data, PlaceOf(pair.row, pair.slider.Position()));
 }
 
 void ValueControls::TakeEdits(DynamicSettingsData& data) const {
@@ -89,7 +102,7 @@ bool ValueControls::TakeTyped(uint32_t edit, DynamicSettingsData& data) {
     const std::optional<int32_t> value = pair ? ValueOf(pair->row, pair->edit.Text()) : std::nullopt;
     if (!value || *value == pair->row.get(data)) return false;
     pair->row.set(data, *value);
-    pair->slider.SetPosition(*value);
+    pair->slider.SetPosition(PlaceOf(pair->row, *value));
     return true;
 }
 

@@ -20,6 +20,9 @@ public:
     // When the dialog is there.
     void Initialise();
 
+    bool HasSlider(uint32_t id) const;
+    bool HasEdit(uint32_t id) const;
+
     void ShowInSliders(const DynamicSettingsData& data);
     // But those that are read as typed.
     void ShowInEdits(const DynamicSettingsData& data);

@@ -16,6 +16,7 @@ struct ValueRow {
     int32_t maximum;
     int32_t page_size;
     int32_t line_size;
+    bool is_vertical;       // the maximum is at the top, where a slider has its least position
     int32_t unit;           // what 1 in the edit is in the record
     bool is_read_as_typed;  // alone: the edit shows less than the record has, and is not read with the others
     int32_t (*get)(const DynamicSettingsData& data);

@@ -11,7 +11,6 @@
 #include "core/errors/MException.h"
 #include "hxapi/ICalibrationHandle.h"
 #include "hxapi/IHXApi.h"
-#include "hxapi/IHXApiInternal.h"
 
 namespace hx {
 
@@ -95,7 +94,6 @@ public:
 
 private:
     int32_t ConnectionState(const ApiOperation& operation, int32_t line) const;
-    void ReadDriverSelection(const ApiOperation& operation, IHXApiInternal& api);
 
     ComPtr<IHXApi> m_api;
     ComPtr<ICalibrationHandle> m_handle;  // for all calls about presets

@@ -102,11 +102,14 @@ std::optional<wchar_t> DecimalSeparatorOf(std::string_view tag) {
     return static_cast<wchar_t>(symbol[0]);
 }
 
-std::optional<std::wstring> ShortDate(std::string_view tag, const CalendarDate& date) {
+std::optional<std::wstring> ShortDate(std::string_view tag, const GregorianDate& date) {
     UErrorCode status = U_ZERO_ERROR;
     static constexpr UChar kUtc[] = u"UTC";
     const Owned<UCalendar> calendar(ucal_open(kUtc, -1, "en_US", UCAL_GREGORIAN, &status));
     if (U_FAILURE(status)) return std::nullopt;
+    // Also before that calendar was in use.
+    constexpr UDate kAlways = -1e17;
+    ucal_setGregorianChange(calendar.get(), kAlways, &status);
     ucal_setAttribute(calendar.get(), UCAL_LENIENT, 0);
     ucal_clear(calendar.get());
     ucal_setDate(calendar.get(), date.year, date.month - 1, date.day, &status);
@@ -123,6 +126,7 @@ std::optional<std::wstring> ShortDate(std::string_view tag, const CalendarDate& 
     const std::unique_ptr<UDateFormat, CloseFormat> format(
         udat_open(UDAT_NONE, UDAT_SHORT, id->name.data(), kUtc, -1, nullptr, 0, &status));
     if (U_FAILURE(status)) return std::nullopt;
+    udat_setCalendar(format.get(), calendar.get());
     std::array<UChar, 128> text;
     const int32_t length =
         udat_format(format.get(), moment, text.data(), static_cast<int32_t>(text.size()), nullptr, &status);

@@ -22,7 +22,7 @@ HX_PLATFORM_API std::optional<std::string> LocaleOfLcid(uint32_t lcid);
 // Of numbers in Latin digits. Nothing for an unknown locale, or one whose separator is no single character.
 HX_PLATFORM_API std::optional<wchar_t> DecimalSeparatorOf(std::string_view tag);
 
-struct CalendarDate {
+struct GregorianDate {
     int32_t year;
     int32_t month;  // 1 to 12
     int32_t day;    // 1 to 31
@@ -30,6 +30,6 @@ struct CalendarDate {
 
 // A date of the Gregorian calendar in the locale's short form; of "C" it is "2024-01-31". Nothing for an
 // unknown locale and for a date that is not in the calendar. Throws std::bad_alloc.
-HX_PLATFORM_API std::optional<std::wstring> ShortDate(std::string_view tag, const CalendarDate& date);
+HX_PLATFORM_API std::optional<std::wstring> ShortDate(std::string_view tag, const GregorianDate& date);
 
 }  // namespace hx

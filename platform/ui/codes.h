@@ -67,6 +67,7 @@ inline constexpr uint32_t BS_GROUPBOX = 0x07;
 inline constexpr uint32_t SS_TYPEMASK = 0x1F;
 inline constexpr uint32_t SS_CENTER = 0x01;
 inline constexpr uint32_t SS_RIGHT = 0x02;
+inline constexpr uint32_t SS_ENDELLIPSIS = 0x4000;
 inline constexpr uint32_t ES_RIGHT = 0x0002;
 inline constexpr uint32_t LBS_OWNERDRAWFIXED = 0x0010;
 inline constexpr uint32_t TBS_AUTOTICKS = 0x0001;

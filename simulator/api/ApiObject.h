@@ -48,6 +48,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetOperations(SAFEARRAY** operations) override;
     HRESULT STDMETHODCALLTYPE TakeCalls(BSTR* json) override;
     HRESULT STDMETHODCALLTYPE LogCall(BSTR on, BSTR operation, BSTR arguments) override;
+    HRESULT STDMETHODCALLTYPE SetProperties(BSTR xml) override;
 
     HRESULT STDMETHODCALLTYPE ReadPresets(BSTR owner, BSTR* json) override;
 

@@ -143,4 +143,13 @@ HRESULT ApiObject::LogCall(BSTR on, BSTR operation, BSTR arguments) {
     });
 }
 
+HRESULT ApiObject::SetProperties(BSTR xml) {
+    return AtBoundary([&] {
+        std::optional<std::wstring> document;
+        if (xml) document = TextOf(xml);
+        m_simulator->SetProperties(std::move(document));
+        return S_OK;
+    });
+}
+
 }  // namespace hx::simulator

@@ -14,10 +14,9 @@ HRESULT DeviceManagerObject::GetDriverProperties(BSTR category, BSTR internal_na
     constexpr const Operation& kOperation = OperationNamed(L"IDeviceManager", L"GetDriverProperties");
     const auto tell = [&] {
         if (xml == nullptr) return E_POINTER;
-        const ScannerModel& model = m_simulator->Model();
-        const bool is_known =
-            TextOf(category) == kHXCategoryScanner && TextOf(internal_name) == model.driver_internal_name;
-        return is_known ? GiveText(PropertiesOf(model), xml) : HX_E_NOTFOUND;
+        const bool is_known = TextOf(category) == kHXCategoryScanner &&
+                              TextOf(internal_name) == m_simulator->Model().driver_internal_name;
+        return is_known ? GiveText(m_simulator->Properties(), xml) : HX_E_NOTFOUND;
     };
     return m_gate.Perform(kOperation, {category, internal_name}, tell, {detail});
 }

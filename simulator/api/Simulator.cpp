@@ -55,6 +55,19 @@ void Simulator::SetLocale(std::wstring locale) {
     m_locale.swap(locale);
 }
 
+std::wstring Simulator::Properties() const {
+    {
+        const std::lock_guard guard(m_mutex);
+        if (m_properties) return *m_properties;
+    }
+    return PropertiesOf(Model());
+}
+
+void Simulator::SetProperties(std::optional<std::wstring> document) {
+    const std::lock_guard guard(m_mutex);
+    m_properties.swap(document);
+}
+
 bool Simulator::IsDevice(std::wstring_view internal_name) const {
     const ScannerModel& model = Model();
     return internal_name.empty() || internal_name == model.device_internal_name ||

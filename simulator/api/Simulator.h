@@ -2,6 +2,8 @@
 // lives as long as one of them. Any thread.
 #pragma once
 
+#include <optional>
+
 #include "simulator/api/Cable.h"
 #include "simulator/api/OwnerPresets.h"
 
@@ -24,6 +26,9 @@ public:
     HRESULT SetSurface(const std::wstring& name);
     std::wstring Locale() const;
     void SetLocale(std::wstring locale);
+    // The document that was set, else the model's.
+    std::wstring Properties() const;
+    void SetProperties(std::optional<std::wstring> document);
 
     // Whether that is the device of the simulator: its own name or its driver's, or no name at all.
     bool IsDevice(std::wstring_view internal_name) const;
@@ -42,6 +47,7 @@ private:
     OwnerPresets m_presets;
     mutable std::mutex m_mutex;  // guards what follows
     std::wstring m_locale = L"en-US";
+    std::optional<std::wstring> m_properties;
     std::wstring m_surface;  // empty for the scanner's own choice
     const void* m_initialised_by = nullptr;
     const void* m_observed_by = nullptr;

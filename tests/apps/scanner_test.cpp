@@ -61,6 +61,9 @@ TEST_F(ScannerCommand, EveryModelTellsItsProperties) {
         const Json answer = Asked("properties --model " + model);
         EXPECT_EQ(answer["model"], model);
         EXPECT_FALSE(answer["properties"].empty());
+        // The document, told by the first model.
+        Write("own.xml", Scanner("properties --document --model " + model).out);
+        EXPECT_EQ(Asked("properties --properties own.xml")["properties"], answer["properties"]);
     }
 }
 
@@ -123,6 +126,8 @@ TEST_F(ScannerCommand, WhatIsRefusedIsToldAndChangesNothing) {
              {"presets list --fault Resume", 2, "OPERATION=RESULT"},
              {"presets list --fault EnumerateDynamicSettingsPresets=E_ABORT", 1, "answered E_ABORT"},
              {"presets save New --fault SaveDynamicSettingsPresets=E_ACCESSDENIED", 1, "E_ACCESSDENIED"},
+             {"properties --properties nowhere.xml", 1, "nowhere.xml: No such file"},
+             {"properties --properties broken.xml", 1, "the properties document is not read"},
              {"track --seconds 0", 2, "number of seconds"},
              {"track --seconds nan", 2, "number of seconds"},
              {"track --preset Missing", 1, "no preset \"Missing\""},

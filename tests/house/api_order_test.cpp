@@ -102,7 +102,8 @@ TEST(ApiOrder, Simulator) {
                  &Simulator::Disconnect, &Simulator::WaitForEvents, &Simulator::SetLocale,
                  &Simulator::GetSurfaces, &Simulator::SetSurface, &Simulator::SetPresetsFolder,
                  &Simulator::ResetPresets, &Simulator::InjectFault, &Simulator::ClearFaults,
-                 &Simulator::GetOperations, &Simulator::TakeCalls, &Simulator::LogCall);
+                 &Simulator::GetOperations, &Simulator::TakeCalls, &Simulator::LogCall,
+                 &Simulator::SetProperties);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "platform/system/folders.h"
 #include "platform/system/system_description.h"
 #include "platform/system/thread_id.h"
+#include "platform/system/user_date.h"
 #include "tests/platform/temporary_folder.h"
 
 namespace {
@@ -77,6 +78,50 @@ TEST(Machine, LocalTimeFollowsTheZone) {
     }
     unsetenv("TZ");
     tzset();
+}
+
+// For people: never those of the machine's time zone or another calendar.
+TEST(Machine, DatesAreShownAsTheUserHasThem) {
+    const struct {
+        const char* all;
+        const char* time;
+        const char* language;
+        hx::GregorianDate date;
+        const wchar_t* shown;  // null: nothing
+    } rows[] = {
+        {nullptr, nullptr, "de_DE.UTF-8@euro", {2024, 1, 31}, L"31.01.24"},
+        {nullptr, "en_US.UTF-8", "de_DE", {2024, 1, 31}, L"1/31/24"},
+        {"ja_JP.UTF-8", "en_US", "de_DE", {2024, 1, 31}, L"2024/01/31"},
+        {"", "", "fr_FR", {2024, 1, 31}, L"31/01/2024"},
+        {"th_TH", nullptr, nullptr, {2024, 1, 31}, L"31/1/24"},
+        {"de_ZZ9", nullptr, nullptr, {2024, 1, 31}, L"31.01.24"},
+        {"qq_QQ", nullptr, "de_DE", {2024, 1, 31}, L"2024-01-31"},
+        {"POSIX", nullptr, "de_DE", {2024, 1, 31}, L"2024-01-31"},
+        {nullptr, nullptr, nullptr, {100, 3, 1}, L"0100-03-01"},
+        {"C.UTF-8", nullptr, nullptr, {9999, 12, 31}, L"9999-12-31"},
+        {"fr_FR", nullptr, nullptr, {1582, 10, 10}, L"10/10/1582"},
+        {"fr_FR", nullptr, nullptr, {100, 1, 1}, L"01/01/0100"},
+        {"C", nullptr, nullptr, {2000, 2, 29}, L"2000-02-29"},
+        {"C", nullptr, nullptr, {1900, 2, 29}, nullptr},
+        {"C", nullptr, nullptr, {1500, 2, 29}, nullptr},
+        {"C", nullptr, nullptr, {2023, 2, 29}, nullptr},
+        {"C", nullptr, nullptr, {2024, 4, 31}, nullptr},
+        {"C", nullptr, nullptr, {2024, 13, 1}, nullptr},
+        {"C", nullptr, nullptr, {2024, 0, 1}, nullptr},
+        {"C", nullptr, nullptr, {2024, 1, 0}, nullptr},
+        {"C", nullptr, nullptr, {99, 12, 31}, nullptr},
+        {"C", nullptr, nullptr, {10000, 1, 1}, nullptr},
+        {"C", nullptr, nullptr, {0, 0, 0}, nullptr},
+    };
+    for (const auto& row : rows) {
+        const std::pair<const char*, const char*> variables[] = {
+            {"LC_ALL", row.all}, {"LC_TIME", row.time}, {"LANG", row.language}};
+        for (const auto& [name, value] : variables) value ? setenv(name, value, 1) : unsetenv(name);
+        const std::optional<std::wstring> shown = hx::FormatShortDate(row.date);
+        EXPECT_EQ(shown.has_value(), row.shown != nullptr) << row.date.year << "-" << row.date.month;
+        EXPECT_EQ(shown.value_or(L""), row.shown ? row.shown : L"") << hx::UserDateLocale();
+    }
+    for (const char* const name : {"LC_ALL", "LC_TIME", "LANG"}) unsetenv(name);
 }
 
 TEST(Machine, TheSystemDescribesItselfAsFarAsItKnows) {

@@ -60,10 +60,20 @@ void Unplug(PageHost& host, Words& /*words*/, Json&) {
     host.WaitForEvents();
 }
 
+void Properties(PageHost& host, Words& words, Json&) {
+    IHXSimulator& simulator = host.Simulator();
+    if (!words[0].quoted && words[0].text == "none") {
+        return CheckCall("SetProperties", simulator.SetProperties(nullptr));
+    }
+    if (words[0].text == "-") throw WrongLine(words[0], "the properties come from a file");
+    ReportProperties(simulator, host.FileNamed(words[0].text));
+}
+
 constexpr ScriptCommand kCommands[] = {
     {"api", "[MODEL] [STATE] | none", 0, 2, &GiveApi},
     {"state", "N", 1, 1, &SetState},
     {"connection", "N", 1, 1, &Connection},
+    {"properties", "FILE | none", 1, 1, &Properties},
     {"plug", "", 0, 0, &Plug},
     {"unplug", "", 0, 0, &Unplug},
 };

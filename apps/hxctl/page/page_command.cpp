@@ -1,6 +1,5 @@
 #include "apps/hxctl/page/page_command.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 
@@ -27,6 +26,10 @@ std::shared_ptr<std::istream> OpenScript(const std::string& file) {
     return script;
 }
 
+std::filesystem::path FolderOf(const std::string& script) {
+    return script == "-" ? std::filesystem::path() : std::filesystem::path(script).parent_path();
+}
+
 Outcome RunPage(const PageRequest& request, bool json) {
     const PageName* const page = FindPage(request.page);
     if (!page) return {kUsage, {}, NoPageText(request.page)};
@@ -43,9 +46,12 @@ Outcome RunPage(const PageRequest& request, bool json) {
     try {
         const auto script = OpenScript(request.script);
         const RendererInUse in_use(hx::ui::HeadlessRenderer::Make());
-        Desk desk(ScannerRequest{});
+        ScannerRequest scanner;
+        scanner.model = page->model;
+        Desk desk(scanner);
         desk.Calls();
         PageHost host(hx::ComPtr<IHXSimulator>(&desk.Simulator()), request.locale, request.bare);
+        host.SetFolder(FolderOf(request.script));
         host.Add("main", *page);
         const ScriptTally tally = RunScript(host, *script, tell);
         if (tally.failed != 0) outcome = Refused(tally.Text());

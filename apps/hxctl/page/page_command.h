@@ -1,6 +1,7 @@
 // hxctl page: pages in a scripted host, without a screen.
 #pragma once
 
+#include <filesystem>
 #include <istream>
 #include <memory>
 #include <string>
@@ -22,6 +23,8 @@ Outcome RunPage(const PageRequest& request, bool json);
 
 // A script file, or with "-" standard input. Throws a FailedCall if it cannot be read.
 std::shared_ptr<std::istream> OpenScript(const std::string& file);
+// Where it is; empty for standard input.
+std::filesystem::path FolderOf(const std::string& script);
 
 // Of an answer, whatever is in its texts.
 std::string LineOf(const Json& answer);

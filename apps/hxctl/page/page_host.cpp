@@ -73,7 +73,8 @@ void PageHost::Use(const std::string& name) {
 
 void PageHost::Create() {
     if (Page().hosted.IsCreated()) throw Impossible("the page is created already");
-    CheckAnswer(hx::ToUtf8(Page().row->prog_id).c_str(), Page().hosted.Create(Page().row->prog_id));
+    const std::string operation = "creating " + hx::ToUtf8(Page().row->prog_id);
+    CheckAnswer(operation.c_str(), Page().hosted.Create(Page().row->prog_id));
 }
 
 // As large as its dialog wants to be.

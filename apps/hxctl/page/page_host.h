@@ -4,6 +4,7 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <limits>
 #include <map>
@@ -62,6 +63,10 @@ public:
     // Windows are made no larger from now on: each is painted as a whole.
     void LimitPixels(double most) { m_most_pixels = most; }
 
+    // Where files are that a script names: empty, as in the beginning, for the working folder.
+    void SetFolder(std::filesystem::path folder) { m_folder = std::move(folder); }
+    std::string FileNamed(const std::string& name) const { return (m_folder / name).string(); }
+
     hx::ui::Script& Dialogs() { return m_dialogs; }
     // Everything that was posted is handled.
     static void Settle();
@@ -76,6 +81,7 @@ private:
     const std::string m_locale_tag;
     const bool m_bare;
     double m_most_pixels = std::numeric_limits<double>::infinity();
+    std::filesystem::path m_folder;
     hx::ui::Script m_dialogs;
     hx::ComPtr<IHXSimulator> m_simulator;  // the one chosen last of:
     std::vector<hx::ComPtr<IHXSimulator>> m_simulators;

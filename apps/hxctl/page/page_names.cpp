@@ -9,7 +9,9 @@ namespace hxctl {
 namespace {
 
 constexpr PageName kPages[] = {
-    {"measurement", kProgIdHXMeasSettingsCtrl},
+    {"measurement", kProgIdHXMeasSettingsCtrl, "HX", true},
+    {"handheld", kProgIdHXHandheldMeasSettingsCtrl, "Handheld", true},
+    {"diagnostics", kProgIdHXDiagnosticsCtrl, "HX", false},
 };
 
 }  // namespace

@@ -9,11 +9,13 @@ namespace hxctl {
 struct PageName {
     const char* name;
     const wchar_t* prog_id;
+    const char* model;    // of the scanner that suits it
+    bool edits_profiles;  // and so is initialised with one
 };
 
 // Null if there is none of that name.
 const PageName* FindPage(std::string_view name);
-// `no page "attic": there are measurement`
+// `no page "attic": there are measurement handheld diagnostics`
 std::string NoPageText(std::string_view name);
 
 }  // namespace hxctl

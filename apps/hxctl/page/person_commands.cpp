@@ -48,7 +48,7 @@ void SetCheckBox(hx::ui::CheckBox& check_box, const Word& value) {
 }
 
 void SetComboBox(hx::ui::ComboBox& combo_box, const Word& value) {
-    const int32_t index = NumberOf(value, "what a combo box is set to");
+    const int32_t index = NumberOf(value, "the row of a combo box");
     CheckUsable(combo_box);
     if (index < 0 || static_cast<size_t>(index) >= combo_box.Items().size()) {
         throw Impossible("the list has " + std::to_string(combo_box.Items().size()) + " rows, from 0");

@@ -64,6 +64,13 @@ std::string Listed(const std::vector<std::wstring>& texts) {
     return list;
 }
 
+void ReportProperties(IHXSimulator& simulator, const std::string& file) {
+    std::string reason;
+    const auto document = ReadTextFile(file, reason);
+    if (!document) throw FailedCall("the properties document cannot be read: " + reason);
+    CheckCall("SetProperties", simulator.SetProperties(hx::Bstr(*document).get()));
+}
+
 Desk::Desk(const ScannerRequest& request) : m_simulator(CreateSimulator()) {
     m_api = m_simulator.as<IHXApi>();
     if (!m_api) throw FailedCall("the simulator is no scanner API");
@@ -71,6 +78,7 @@ Desk::Desk(const ScannerRequest& request) : m_simulator(CreateSimulator()) {
     if (!request.folder.empty()) {
         CheckCall("SetPresetsFolder", m_simulator->SetPresetsFolder(BstrOf(request.folder).get()));
     }
+    if (request.properties) ReportProperties(*m_simulator, *request.properties);
     CheckCall("GetModel", m_simulator->GetModel(m_model.put()));
     CheckCall("GetDevice", m_simulator->GetDevice(m_driver.put(), m_device.put()));
     for (const std::string& fault : request.faults) Inject(fault);

@@ -22,6 +22,10 @@ std::string Listed(const std::vector<std::wstring>& texts);
 // The texts of an array of them, null for none; throws a FailedCall for any other array.
 std::vector<std::wstring> TextsOf(const hx::SafeArray& array);
 
+// From now on the driver reports what is in the file, whatever that is. Throws a FailedCall if it cannot be
+// read as text; "-" is standard input.
+void ReportProperties(IHXSimulator& simulator, const std::string& file);
+
 class Desk {
 public:
     explicit Desk(const ScannerRequest& request);

@@ -38,17 +38,22 @@ Outcome RunScannerList(bool json) {
     });
 }
 
-Outcome RunScannerProperties(const ScannerRequest& request, bool json) {
-    return AtDesk(request, json, [](Desk& desk, DeskAnswer& answer) {
+Outcome RunScannerProperties(const ScannerRequest& request, bool document, bool json) {
+    return AtDesk(request, json, [document](Desk& desk, DeskAnswer& answer) {
+        answer.json["model"] = TextOf(desk.Model());
+        answer.is_document = true;
+        if (document) {
+            answer.text = hx::ToUtf8(desk.PropertiesText());
+            answer.json["document"] = answer.text;
+            return;
+        }
         const hx::InventoryRow& row = *hx::FindRecordClass(L"MPropertiesHelper");
         const RecordReading reading = ReadRecord(desk.PropertiesText(), row, row.element);
         if (!reading.read) {
             throw FailedCall("the properties document is not read: " + hx::ToUtf8(reading.error_codes));
         }
-        answer.json["model"] = TextOf(desk.Model());
         answer.json["properties"] = FieldsOf(*row.type, reading.record.get());
         answer.text = answer.json.dump(2) + "\n";
-        answer.is_document = true;
     });
 }
 

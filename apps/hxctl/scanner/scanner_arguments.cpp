@@ -13,15 +13,20 @@ void ScannerArguments::Add(CLI::App& app) {
     list->callback([this] { m_run = [this] { return RunScannerList(m_json); }; });
     CLI::App* properties = scanner->add_subcommand("properties", "what the model's driver reports, as JSON");
     AddCommon(*properties, m_scanner);
-    properties->callback([this] { m_run = [this] { return RunScannerProperties(m_scanner, m_json); }; });
+    properties->add_flag("--document", m_document, "the document itself, of which others can be made");
+    properties->callback(
+        [this] { m_run = [this] { return RunScannerProperties(m_scanner, m_document, m_json); }; });
     AddPresets(*scanner);
     AddTrack(*scanner);
 }
 
 void AddCommon(CLI::App& command, ScannerRequest& request) {
-    command.add_option("--model", request.model, "one of `scanner list`; left out: the first");
+    command.add_option("--model", request.model,
+                       "one of `scanner list`; left out: the first, or the one that suits the page");
     command.add_option("--presets-folder", request.folder,
                        "where presets are kept; left out: with the data of all users");
+    command.add_option("--properties", request.properties,
+                       "a file that the driver reports, - is standard input; left out: the model's own");
     command
         .add_option("--fault", request.faults,
                     "OPERATION=RESULT[:TIMES]: that operation fails so, once or TIMES times, * for always")

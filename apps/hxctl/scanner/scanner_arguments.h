@@ -27,6 +27,7 @@ private:
     std::function<Outcome()>& m_run;
     const bool& m_json;
     ScannerRequest m_scanner;
+    bool m_document = false;
     PresetsRequest m_presets;
     TrackRequest m_track;
 };

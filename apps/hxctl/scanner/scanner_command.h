@@ -15,13 +15,15 @@ struct ScannerRequest {
     std::string folder;               // of the stored presets; empty: the usual one
     std::vector<std::string> faults;  // "OPERATION=RESULT[:TIMES]"
     bool calls = false;               // tells all calls in the end
+    // A file that the driver reports; nothing: the model's own properties.
+    std::optional<std::string> properties;
 };
 
 // hxctl scanner list: the models, the surfaces, and the operations that can fail
 Outcome RunScannerList(bool json);
 
-// hxctl scanner properties
-Outcome RunScannerProperties(const ScannerRequest& request, bool json);
+// hxctl scanner properties [--document]: what is in the document, or the document itself
+Outcome RunScannerProperties(const ScannerRequest& request, bool document, bool json);
 
 // hxctl scanner presets list|save NAME|delete NAME|export FILE|import FILE|reset
 struct PresetsRequest {

@@ -1,4 +1,5 @@
 // The picture of a page: hosted as `hxctl page` does it, on a screen that is none.
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -8,6 +9,8 @@
 #include "apps/hxctl/scanner/failed_call.h"
 #include "apps/hxctl/screenshot/picture_file.h"
 #include "apps/hxctl/screenshot/screenshot_command.h"
+#include "platform/system/utf8.h"
+#include "platform/ui/component_control.h"
 
 namespace hxctl {
 namespace {
@@ -17,7 +20,8 @@ constexpr std::chrono::milliseconds kPatience{2000};
 constexpr std::chrono::milliseconds kBetweenPictures{50};
 constexpr std::chrono::milliseconds kAfterwards{300};  // every laser plane has been drawn
 
-std::string FirstSession(Desk& desk) {
+std::string FirstSession(Desk& desk, const PageName& page) {
+    if (!page.edits_profiles) return "select\napi 1\n";
     hx::Bstr driver;
     hx::Bstr device;
     CheckCall("GetDevice", desk.Simulator().GetDevice(driver.put(), device.put()));
@@ -30,6 +34,13 @@ std::string BytesOf(const std::string& file) {
     return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
+bool HasPreview(const PageHost& host) {
+    const hx::ui::Dialog* const dialog = host.Page().hosted.Dialog();
+    return dialog && std::ranges::any_of(dialog->Controls(), [](const hx::ui::Control* control) {
+               return dynamic_cast<const hx::ui::ComponentControl*>(control) != nullptr;
+           });
+}
+
 // Until the picture changes by itself, as it does while the scanner looks; it may not, and that is all right.
 void SaveLivePicture(PageHost& host, const std::string& file) {
     hx::ui::Window& frame = host.Page().frame;
@@ -38,6 +49,7 @@ void SaveLivePicture(PageHost& host, const std::string& file) {
     };
     const auto end = std::chrono::steady_clock::now() + kPatience;
     SavePicture(frame, file);
+    if (!HasPreview(host)) return;
     const std::string first = BytesOf(file);
     bool live = false;
     while (!live && std::chrono::steady_clock::now() < end) {
@@ -59,16 +71,21 @@ void Resize(const ScreenshotRequest& request, PageHost& host) {
 }  // namespace
 
 void SavePagePicture(const ScreenshotRequest& request, Desk& desk, DeskAnswer& answer) {
+    const PageName& page = *FindPage(request.page);
     const std::shared_ptr<std::istream> script =
         request.Gives("--script") ? OpenScript(request.script)
-                                  : std::make_shared<std::istringstream>(FirstSession(desk));
+                                  : std::make_shared<std::istringstream>(FirstSession(desk, page));
     PageHost host(hx::ComPtr<IHXSimulator>(&desk.Simulator()), request.locale, false);
     host.LimitPixels(kMostPixels / (request.scale * request.scale));
-    host.Add("main", *FindPage(request.page));
+    host.SetFolder(FolderOf(request.script));
+    host.Add("main", page);
     Resize(request, host);
     const ScriptTally tally = RunScript(host, *script, [&](const Json& each) {
         if (!each.at("ok")) desk.Notice(each.at("error"));
     });
+    for (const hx::ui::Script::Box& box : host.Dialogs().TakeBoxes()) {
+        desk.Notice("the page says: " + hx::ToUtf8(box.text));
+    }
     SaveLivePicture(host, request.file);
     answer.json["file"] = request.file;
     answer.text = request.file + "\n";

@@ -9,7 +9,9 @@ namespace hxctl {
 void ScreenshotArguments::Add(CLI::App& app) {
     CLI::App* command = app.add_subcommand(
         "screenshot", "the picture of a page, or of the preview, with a simulated scanner; needs no screen");
-    command->add_option("PAGE", m_request.page, "measurement, or preview: that of the field of view")
+    command
+        ->add_option("PAGE", m_request.page,
+                     "measurement, handheld, diagnostics, or preview: that of the field of view")
         ->required();
     command->add_option("OUT.png", m_request.file, "the picture")->required();
     AddCommon(*command, m_request.scanner);

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <span>
 
+#include "apps/hxctl/page/page_names.h"
 #include "apps/hxctl/renderer_in_use.h"
 #include "platform/system/locale_data.h"
 #include "platform/system/utf8.h"
@@ -21,6 +22,8 @@ constexpr std::span<const char* const> kAll = kPageOptions;
 constexpr PageRow kPages[] = {
     {"preview", &SavePreviewPicture, kAll.first(3)},
     {"measurement", &SavePagePicture, kAll.last(1)},
+    {"handheld", &SavePagePicture, kAll.last(1)},
+    {"diagnostics", &SavePagePicture, kAll.last(1)},
 };
 
 // What was given in vain; null if nothing was.
@@ -59,13 +62,19 @@ Outcome RunScreenshot(const ScreenshotRequest& request, bool json) {
         return {kUsage, {}, request.page + " takes no " + *option};
     }
     if (!hx::LcidOf(request.locale)) return {kUsage, {}, "no locale \"" + request.locale + "\""};
+    if (request.script == "-" && request.scanner.properties == "-") {
+        return {kUsage, {}, "--script and --properties cannot both be standard input"};
+    }
     if (std::string wrong = WrongSize(request); !wrong.empty()) return {kUsage, {}, std::move(wrong)};
     std::wstring reason;
     auto renderer = hx::ui::LoadScreenRenderer({true, request.scale, request.dark}, reason);
     if (!renderer) return Refused(hx::ToUtf8(reason));
     const RendererInUse in_use(std::move(renderer));
-    return AtDesk(request.scanner, json,
-                  [&](Desk& desk, DeskAnswer& answer) { page->save(request, desk, answer); });
+    ScannerRequest scanner = request.scanner;
+    if (const PageName* const hosted = FindPage(request.page); hosted && scanner.model.empty()) {
+        scanner.model = hosted->model;
+    }
+    return AtDesk(scanner, json, [&](Desk& desk, DeskAnswer& answer) { page->save(request, desk, answer); });
 }
 
 }  // namespace hxctl

@@ -29,6 +29,14 @@ public:
     }
 
 protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (wordWrap()) return QLabel::paintEvent(event);
+        // One line, of which an end without room is not hidden silently.
+        QPainter painter(this);
+        style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(),
+                              fontMetrics().elidedText(text(), Qt::ElideRight, width()), foregroundRole());
+    }
+
     void ShowOwn(ControlChange change) override {
         if (change == ControlChange::text) {
             // Without something that it stands for, a mnemonic would be shown as it is written.
@@ -37,6 +45,7 @@ protected:
             setAccessibleName(ToQt(Model()->AccessibleName()));
         } else if (change == ControlChange::style) {
             const uint32_t type = Model()->Style() & SS_TYPEMASK;
+            setWordWrap((Model()->Style() & SS_ENDELLIPSIS) == 0);
             setAlignment(Qt::AlignTop | (type == SS_CENTER  ? Qt::AlignHCenter
                                          : type == SS_RIGHT ? Qt::AlignRight
                                                             : Qt::AlignLeft));

@@ -45,8 +45,8 @@ TEST(Locale, TagsAreKnownWholeOrNotAtAll) {
         EXPECT_EQ(hx::ShortDate(row.tag, {2024, 1, 31}).value_or(L""), row.date) << row.tag;
     }
     EXPECT_TRUE(hx::ShortDate("C", {2024, 2, 29}));
-    for (const hx::CalendarDate& none :
-         {hx::CalendarDate{2023, 2, 29}, {2024, 13, 1}, {2024, 0, 1}, {2024, 1, 0}, {0, 1, 1}, {-5, 1, 1}}) {
+    for (const hx::GregorianDate& none :
+         {hx::GregorianDate{2023, 2, 29}, {2024, 13, 1}, {2024, 0, 1}, {2024, 1, 0}, {0, 1, 1}, {-5, 1, 1}}) {
         EXPECT_FALSE(hx::ShortDate("C", none)) << none.year << "-" << none.month << "-" << none.day;
     }
 }

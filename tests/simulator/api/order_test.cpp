@@ -153,6 +153,31 @@ TEST_F(Order, OnlyKnownDevicesAndRecords) {
     }
 }
 
+TEST_F(Order, TheDriverReportsTheDocumentThatWasSet) {
+    ComPtr<IDeviceManager> devices;
+    ASSERT_EQ(m_api->GetDeviceManager(devices.put(), nullptr), S_OK);
+    const auto reported = [&](const char* category) {
+        hx::Bstr driver, device, document;
+        EXPECT_EQ(m_hands->GetDevice(driver.put(), device.put()), S_OK);
+        const HRESULT result =
+            devices->GetDriverProperties(Text(category), driver.get(), document.put(), nullptr);
+        return result == S_OK ? hx::ToUtf8(document.view()) : "refused";
+    };
+    const std::string category = hx::ToUtf8(kHXCategoryScanner);
+    const std::string own = reported(category.c_str());
+    for (const std::string text : {"<Properties>", "", "no document\n"}) {
+        EXPECT_EQ(m_hands->SetProperties(Text(text)), S_OK);
+        EXPECT_EQ(reported(category.c_str()), text);
+        EXPECT_EQ(reported("Other"), "refused");
+        EXPECT_EQ(m_hands->SetModel(Text("T820")), S_OK);
+        EXPECT_EQ(reported(category.c_str()), text);
+        EXPECT_EQ(m_hands->SetProperties(nullptr), S_OK);
+        EXPECT_NE(reported(category.c_str()).find("60deg"), std::string::npos);
+        EXPECT_EQ(m_hands->SetModel(Text("HX")), S_OK);
+        EXPECT_EQ(reported(category.c_str()), own);
+    }
+}
+
 TEST_F(Order, TheModelIsChangedWhileNothingIsConnected) {
     const auto handle = NewHandle();
     hx::SafeArray models;

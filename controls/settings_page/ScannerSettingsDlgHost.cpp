@@ -1,11 +1,9 @@
 // What the host of the page hands over and asks for.
 #include "controls/api/ApiOperation.h"
-#include "controls/measurement/CMeasSettingsDlg.h"
+#include "controls/settings_page/ScannerSettingsDlg.h"
 
 namespace hx {
 namespace {
-
-constexpr char kClass[] = "CMeasSettingsDlg";
 
 // The index of the first element of an array of variants; none if it is another array, or has no elements.
 std::optional<LONG> FirstVariant(SAFEARRAY* array) {
@@ -31,30 +29,29 @@ std::optional<std::wstring> FirstText(SAFEARRAY* array) {
 
 }  // namespace
 
-void CMeasSettingsDlg::SetApi(ComPtr<IHXApi> api) {
+void ScannerSettingsDlg::SetApi(ComPtr<IHXApi> api) {
     Session().SetApi(std::move(api));
 }
 
-void CMeasSettingsDlg::SetSettingsObjectMap(ComPtr<IHXSettingsObjectMap> map) {
+void ScannerSettingsDlg::SetSettingsObjectMap(ComPtr<IHXSettingsObjectMap> map) {
     m_settings.reset();
     m_settings_map = std::move(map);
     // A map without the entry is one as well.
     if (m_settings_map) m_settings_map->GetSettingsObject(ScannerMeasurementSettings, m_settings.put());
 }
 
-void CMeasSettingsDlg::OnSelected() {
+void ScannerSettingsDlg::OnSelected() {
     Session().OnSelected();
 }
 
-void CMeasSettingsDlg::OnDeselected() {
+void ScannerSettingsDlg::OnDeselected() {
     Session().OnDeselected();
 }
 
-void CMeasSettingsDlg::Initialise(const std::wstring& driver_internal_name,
-                                  const std::wstring& device_internal_name, const std::wstring& function_name,
-                                  SAFEARRAY** arguments) {
-    static MErrorLocation location(kClass, "Initialise");
-    const ApiOperation operation(location, this);
+void ScannerSettingsDlg::Initialise(const std::wstring& driver_internal_name,
+                                    const std::wstring& device_internal_name,
+                                    const std::wstring& function_name, SAFEARRAY** arguments) {
+    const ApiOperation operation(Locations().initialise, this);
     m_function_name = function_name;
     if (!Operations().IsClosed()) {
         SessionTarget& target = Session().Target();
@@ -73,15 +70,14 @@ void CMeasSettingsDlg::Initialise(const std::wstring& driver_internal_name,
     SetProfileToSelect(std::move(*profile_name));
 }
 
-void CMeasSettingsDlg::ReportSelectedPreset() {
-    static MErrorLocation location(kClass, "ReportSelectedPreset");
+void ScannerSettingsDlg::ReportSelectedPreset() {
     if (m_arguments == nullptr || *m_arguments == nullptr) return;
     std::optional<LONG> index = FirstVariant(*m_arguments);
     // What came malformed is not written to.
     if (!index) return;
     Variant name(ProfileList().SelectedName());
     VARIANT value = name.get();
-    ApiOperation(location, this)
+    ApiOperation(Locations().report_selected, this)
         .Check(82, L"SafeArrayPutElement", SafeArrayPutElement(*m_arguments, &*index, &value));
 }
 
