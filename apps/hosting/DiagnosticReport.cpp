@@ -87,7 +87,10 @@ Library LibraryOf(const wchar_t* prog_id) {
 class Maker {
 public:
     Maker(const ReportRequest& request, const ReportWords& words)
-        : m_request(request), m_words(words), m_serial_numbers(words(ReportWord::left_out)) {}
+        : m_request(request), m_words(words), m_serial_numbers(words(ReportWord::left_out)) {
+        if (request.serial_numbers) return;
+        for (const std::wstring& number : request.known_serial_numbers) m_serial_numbers.Hide(number);
+    }
 
     DiagnosticReport Make() {
         AddReport();

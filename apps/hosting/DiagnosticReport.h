@@ -47,7 +47,9 @@ struct ReportRequest {
     // Its class, whose library's version and log are told.
     const wchar_t* prog_id;
     std::string locale;
-    bool serial_numbers = false;
+    bool serial_numbers = false;  // as they are
+    // Those that the page does not show, or not now.
+    std::vector<std::wstring> known_serial_numbers = {};
 };
 
 struct DiagnosticReport {

@@ -49,7 +49,7 @@ HostDialog::HostDialog(SimulatedScanner& scanner, const HostTexts& texts, Window
           [this](const std::wstring& model) { ChangeModel(model); }),
       m_faults(scanner, texts, m_log, [this](const std::wstring& text) { Say(text, True::until_failed); }),
       m_pages(scanner, texts, pages),
-      m_report(m_pages, texts, [this](const std::wstring& text) { Say(text); }) {
+      m_report(scanner, m_pages, texts, [this](const std::wstring& text) { Say(text); }) {
     m_panel.BindTo(*this);
     m_faults.BindTo(*this);
     m_pages.BindTo(*this);

@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "apps/hosting/DiagnosticReport.h"
+#include "apps/hosting/DriverSerialNumbers.h"
 #include "apps/hxhost/ids.h"
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "platform/ui/services.h"
@@ -51,9 +52,10 @@ void ReportPanel::Copy() {
     if (!answer.IsDone() || !dialog)
         return failed(ReasonOf(answer.IsDone() ? hosting::Answer{E_FAIL, {}} : answer));
     const bool whole = m_serial_numbers.IsChecked();
-    const auto report = hosting::MakeReport({*dialog, kPage, m_texts.Tag(), whole}, [this](ReportWord word) {
-        return m_texts.Text(kWords[static_cast<size_t>(word)]);
-    });
+    const auto report = hosting::MakeReport(
+        {*dialog, kPage, m_texts.Tag(), whole,
+         hosting::DriverSerialNumbers(m_scanner.Api(), m_scanner.Driver())},
+        [this](ReportWord word) { return m_texts.Text(kWords[static_cast<size_t>(word)]); });
     if (!hx::ui::CopyToClipboard(report.Text())) return failed(m_texts.Text(IDS_NO_CLIPBOARD));
     m_tell(m_texts.Text(whole ? IDS_REPORT_COPIED_WHOLE : IDS_REPORT_COPIED));
 }

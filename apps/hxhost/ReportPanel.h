@@ -12,8 +12,8 @@ namespace hxhost {
 
 class ReportPanel {
 public:
-    ReportPanel(PageArea& pages, const HostTexts& texts, Tell tell)
-        : m_pages(pages), m_texts(texts), m_tell(std::move(tell)) {}
+    ReportPanel(SimulatedScanner& scanner, PageArea& pages, const HostTexts& texts, Tell tell)
+        : m_scanner(scanner), m_pages(pages), m_texts(texts), m_tell(std::move(tell)) {}
 
     void BindTo(hx::ui::Dialog& dialog);
     // Once the controls are there. Serial numbers are left out until somebody wants them.
@@ -24,6 +24,7 @@ public:
 private:
     void Copy();
 
+    SimulatedScanner& m_scanner;
     PageArea& m_pages;
     const HostTexts& m_texts;
     const Tell m_tell;

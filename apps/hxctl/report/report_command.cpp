@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "apps/hosting/DiagnosticReport.h"
+#include "apps/hosting/DriverSerialNumbers.h"
 #include "apps/hosting/HostedPage.h"
 #include "apps/hxctl/page/host_answer.h"
 #include "apps/hxctl/renderer_in_use.h"
@@ -83,8 +84,10 @@ void Report(const ReportOptions& options, Desk& desk, DeskAnswer& answer) {
     }
     const hx::ui::Dialog* const dialog = page.Dialog();
     if (!dialog) throw FailedCall("the page has no window");
-    const hosting::DiagnosticReport report = hosting::MakeReport(
-        {*dialog, kProgIdHXDiagnosticsCtrl, options.locale, options.serial_numbers}, &WordOf);
+    const hosting::DiagnosticReport report =
+        hosting::MakeReport({*dialog, kProgIdHXDiagnosticsCtrl, options.locale, options.serial_numbers,
+                             hosting::DriverSerialNumbers(&simulator, desk.DriverName())},
+                            &WordOf);
     answer.json = JsonOf(report);
     answer.text = hx::ToUtf8(report.Text());
 }
