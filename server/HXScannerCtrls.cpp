@@ -1,6 +1,7 @@
 // The library's entry points and its class table: one row per component class, from which the class objects,
 // the listing and the tests of all classes follow. Its log and event store live as long as it is loaded.
 #include "controls/shell/CAXHXScannerDiagnosticsCtrl.h"
+#include "controls/shell/CAXHXScannerHandheldMeasSettingsCtrl.h"
 #include "controls/shell/CAXHXScannerMeasSettingsCtrl.h"
 #include "controls/shell/CAXHXScannerMeasSettingsPropPage.h"
 #include "core/log/LoggingValues.h"
@@ -27,6 +28,9 @@ constexpr hx::ClassRow kClasses[] = {
     {CLSID_HXScannerMeasSettingsCtrl, kProgIdHXMeasSettingsCtrl, L"", L"HXScannerMeasSettingsCtrl",
      L"HXScannerMeasSettingsCtrls Control", L"Apartment",
      &hx::CreateObject<hx::CAXHXScannerMeasSettingsCtrl>},
+    {CLSID_HXScannerHandheldMeasSettingsCtrl, kProgIdHXHandheldMeasSettingsCtrl, L"",
+     L"HXScannerHandheldMeasSettingsCtrl", L"HXScannerMeasSettingsCtrls Control", L"Apartment",
+     &hx::CreateObject<hx::CAXHXScannerHandheldMeasSettingsCtrl>},
     {CLSID_HXScannerDiagnosticsCtrl, kProgIdHXDiagnosticsCtrl, L"", L"HXScannerDiagnosticsCtrl",
      L"HXScanner Diagnostics Control", L"Apartment", &hx::CreateObject<hx::CAXHXScannerDiagnosticsCtrl>},
     {CLSID_HXScannerMeasSettingsPropPage, kProgIdHXMeasSettingsPropPage, L"", L"",

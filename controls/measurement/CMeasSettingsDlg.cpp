@@ -29,8 +29,8 @@ MErrorLocation& SpeedLocation() {
 }
 
 const SettingsPageKind& MeasKind() {
-    static const SettingsPageKind kind = {&MeasLocations,   kMeasurementSession, kMeasValues,
-                                          kMeasEnableRules, kMeasOthersNeed,     kMeasAnchors};
+    static const SettingsPageKind kind = {&MeasLocations, kMeasurementSession, kMeasValues, kMeasEnableRules,
+                                          kMeasAnchors};
     return kind;
 }
 
@@ -59,8 +59,7 @@ void CMeasSettingsDlg::OnCommand(ui::Control& control, uint32_t code) {
 }
 
 void CMeasSettingsDlg::OnHighIso() {
-    if (!IsReady() || !m_gains.TakeHighIso()) return;
-    Attempt([&](const Scope&) { OnSettingChanged(true); });
+    if (IsReady() && m_gains.TakeHighIso()) FollowChosen();
 }
 
 void CMeasSettingsDlg::NoteConnectionState() {

@@ -5,7 +5,6 @@
 #include <span>
 
 #include "controls/parts/EnableRules.h"
-#include "controls/parts/PageControls.h"
 #include "controls/parts/ValueRow.h"
 #include "platform/ui/anchors.h"
 
@@ -30,8 +29,6 @@ enum MeasControl : uint32_t {
 
 extern const std::span<const ValueRow> kMeasValues;
 extern const std::span<const EnableRule> kMeasEnableRules;
-// Of all other controls.
-extern const std::span<const Requirement> kMeasOthersNeed;
 extern const std::span<const ui::AnchorRule> kMeasAnchors;
 
 }  // namespace hx

@@ -68,6 +68,12 @@ bool ValueControls::HasEdit(uint32_t id) const {
     return std::ranges::any_of(m_pairs, [&](const Pair& pair) { return pair.row.edit == id; });
 }
 
+bool ValueControls::HoldsValue(uint32_t edit) const {
+    return std::ranges::any_of(m_pairs, [&](const Pair& pair) {
+        return pair.row.edit == edit && ValueOf(pair.row, pair.edit.Text());
+    });
+}
+
 void ValueControls::ShowInSliders(const DynamicSettingsData& data) {
     for (Pair& pair : m_pairs) pair.slider.SetPosition(PlaceOf(pair.row, pair.row.get(data)));
 }

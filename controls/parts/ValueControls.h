@@ -22,6 +22,8 @@ public:
 
     bool HasSlider(uint32_t id) const;
     bool HasEdit(uint32_t id) const;
+    // Whether its text is a value of its row.
+    bool HoldsValue(uint32_t edit) const;
 
     void ShowInSliders(const DynamicSettingsData& data);
     // But those that are read as typed.

@@ -2,6 +2,7 @@
 
 #include "controls/parts/PageControls.h"
 #include "controls/parts/RegistrySwitch.h"
+#include "controls/settings_page/SharedTables.h"
 #include "controls/widgets/AccessibleNames.h"
 #include "platform/com/boundary.h"
 #include "platform/ui/codes.h"
@@ -51,8 +52,8 @@ bool ScannerSettingsDlg::OnInitDialog() {
     Find(kDetectButton)->Show(m_shows_detect);
     m_gains.Hide();
     m_gains.ShowGain();
-    OnControlsCreated();
     ShowRecord();
+    OnControlsCreated();
     EnableControls(false);
     Session().OnWindowCreated();
     return true;
@@ -103,7 +104,7 @@ void ScannerSettingsDlg::EnableControls(bool enable) noexcept {
     // An edit that is disabled loses the focus: that is no work of the operator's.
     const bool outer = std::exchange(m_enabling, true);
     AtBoundary([&] {
-        EnableByRules(*this, m_kind.enable_rules, m_kind.others_need, state);
+        EnableByRules(*this, m_kind.enable_rules, kProfile, state);
         return S_OK;
     });
     m_enabling = outer;

@@ -46,7 +46,7 @@ protected:
     void End() noexcept;
 
     // What a page has of its own.
-    // The controls are there, and do not show the record yet.
+    // The controls are there; no profile is shown yet.
     virtual void OnControlsCreated() {}
     // The dialog has another size. May move components, which may do anything.
     virtual void OnLayOut() {}
@@ -55,8 +55,8 @@ protected:
     // The record in the page's own controls, and back.
     virtual void ShowOwn() {}
     virtual void TakeOwn() {}
-    // The edits into the record, because one was left (its id) or a box was clicked (0). False if the page
-    // may not go on.
+    // The edits into the record, because one was left (its id) or a box was clicked (0). May dispatch
+    // messages: false if the page may not go on.
     virtual bool ExchangeEdits(uint32_t left_edit);
     // The scanner's own settings that the preset does not have, into the record and the controls. These may
     // move the preview: false if the session was ended in that. Throws.
@@ -99,6 +99,8 @@ protected:
     // The controls have a new value: it goes into the working preset and to the scanner. False if that
     // failed, which was told, or the page may not go on.
     bool Follow();
+    // What was chosen is in the record: likewise, without looking at what can be used. Shows failures.
+    void FollowChosen();
     // A slider was held while the page is left; what it shows is taken. Throws.
     bool TakeHeldSlider();
     void ShowRecord();

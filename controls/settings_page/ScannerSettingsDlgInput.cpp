@@ -85,7 +85,10 @@ void ScannerSettingsDlg::OnEditLeft(ui::Control& edit) {
 }
 
 void ScannerSettingsDlg::OnFlag(ui::Control& /*box*/) {
-    if (!IsReady() || !ExchangeEdits(0)) return;
+    if (!IsReady()) return;
+    // Connection states that come while an edit is complained of wait until the click was followed.
+    const Scope scope(Operations());
+    if (!ExchangeEdits(0)) return;
     m_flags.TakeInto(Data());
     Follow();
 }
@@ -96,7 +99,10 @@ bool ScannerSettingsDlg::ExchangeEdits(uint32_t /*left_edit*/) {
 }
 
 void ScannerSettingsDlg::OnGain(ui::Control& /*list*/) {
-    if (!IsReady() || !m_gains.TakeChosen()) return;
+    if (IsReady() && m_gains.TakeChosen()) FollowChosen();
+}
+
+void ScannerSettingsDlg::FollowChosen() {
     Attempt([&](const Scope&) { OnSettingChanged(true); });
 }
 

@@ -27,8 +27,7 @@ struct SettingsPageKind {
     PageLocations& (*locations)();
     const SessionRules& session;
     std::span<const ValueRow> values;
-    std::span<const EnableRule> enable_rules;
-    std::span<const Requirement> others_need;  // all other controls
+    std::span<const EnableRule> enable_rules;  // all other controls need kProfile
     std::span<const ui::AnchorRule> anchors;
 };
 
