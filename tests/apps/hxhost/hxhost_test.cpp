@@ -225,7 +225,7 @@ TEST_F(Host, AllPagesStayOpenAndFollowTheScanner) {
         const auto visit_all = [&](const std::function<void()>& visit) {
             for (const PageRow& row : Pages()) {
                 ChooseItem(dialog, IDC_PAGES, m_texts.Text(row.name));
-                EXPECT_TRUE(dialog.IsPageOpen()) << hx::ToUtf8(row.prog_id);
+                EXPECT_TRUE(dialog.IsPageOpen()) << row.name;
                 visit();
             }
         };
