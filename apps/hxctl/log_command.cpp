@@ -4,8 +4,8 @@
 #include <iostream>
 #include <thread>
 
-#include "apps/hosting/LogRecords.h"
-#include "apps/hosting/ModuleLog.h"
+#include "apps/hosting/report/LogRecords.h"
+#include "apps/hosting/report/ModuleLog.h"
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/registry_reports.h"
 #include "platform/system/utf8.h"

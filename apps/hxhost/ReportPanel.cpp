@@ -2,8 +2,8 @@
 
 #include <iterator>
 
-#include "apps/hosting/DiagnosticReport.h"
-#include "apps/hosting/DriverSerialNumbers.h"
+#include "apps/hosting/report/DiagnosticReport.h"
+#include "apps/hosting/report/DriverSerialNumbers.h"
 #include "apps/hxhost/ids.h"
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "platform/ui/services.h"

@@ -1,7 +1,7 @@
 // hxctl report: what it tells, and above all what it does not.
 #include <nlohmann/json.hpp>
 
-#include "apps/hosting/SerialNumbers.h"
+#include "apps/hosting/report/SerialNumbers.h"
 #include "tests/apps/hxctl_fixture.h"
 
 namespace {

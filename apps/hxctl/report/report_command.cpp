@@ -2,9 +2,9 @@
 
 #include <iterator>
 
-#include "apps/hosting/DiagnosticReport.h"
-#include "apps/hosting/DriverSerialNumbers.h"
 #include "apps/hosting/HostedPage.h"
+#include "apps/hosting/report/DiagnosticReport.h"
+#include "apps/hosting/report/DriverSerialNumbers.h"
 #include "apps/hxctl/page/host_answer.h"
 #include "apps/hxctl/renderer_in_use.h"
 #include "apps/hxctl/scanner/desk.h"

@@ -1,4 +1,4 @@
-#include "apps/hosting/DiagnosticReport.h"
+#include "apps/hosting/report/DiagnosticReport.h"
 
 #include <algorithm>
 #include <chrono>
@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <iterator>
 
-#include "apps/hosting/ModuleLog.h"
-#include "apps/hosting/SerialNumbers.h"
+#include "apps/hosting/report/ModuleLog.h"
+#include "apps/hosting/report/SerialNumbers.h"
 #include "platform/com/loader.h"
 #include "platform/module/module.h"
 #include "platform/system/clock.h"

@@ -1,4 +1,4 @@
-#include "apps/hosting/DriverSerialNumbers.h"
+#include "apps/hosting/report/DriverSerialNumbers.h"
 
 #include "core/xml/MXmlDocument.h"
 #include "hxapi/IHXApi.h"

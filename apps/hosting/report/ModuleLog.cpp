@@ -1,10 +1,10 @@
-#include "apps/hosting/ModuleLog.h"
+#include "apps/hosting/report/ModuleLog.h"
 
 #include <algorithm>
 #include <fstream>
 #include <iterator>
 
-#include "apps/hosting/LogRecords.h"
+#include "apps/hosting/report/LogRecords.h"
 
 namespace hosting {
 namespace {

@@ -1,4 +1,4 @@
-#include "apps/hosting/SerialNumbers.h"
+#include "apps/hosting/report/SerialNumbers.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "apps/hosting/LogRecords.h"
+#include "apps/hosting/report/LogRecords.h"
 
 #include <algorithm>
 #include <iterator>
