@@ -72,7 +72,7 @@ private:
 std::string Shown(const fs::path& path, std::string text, bool json) {
     if (!json) return text;
     // A log may hold bytes of other programs.
-    constexpr auto kReplace = nlohmann::json::error_handler_t::replace;
+    constexpr auto kReplace = Json::error_handler_t::replace;
     return ReadLogRecords(path, text).dump(-1, ' ', false, kReplace) + "\n";
 }
 
