@@ -7,6 +7,7 @@
 #include "apps/hosting/report/LogRecords.h"
 #include "apps/hosting/report/ModuleLog.h"
 #include "apps/hxctl/command.h"
+#include "apps/hxctl/json.h"
 #include "apps/hxctl/registry_reports.h"
 #include "platform/system/utf8.h"
 
@@ -18,7 +19,7 @@ namespace fs = std::filesystem;
 std::string Shown(const fs::path& path, std::string text, bool json) {
     if (!json) return text;
     // A log may hold bytes of other programs.
-    constexpr auto kReplace = nlohmann::json::error_handler_t::replace;
+    constexpr auto kReplace = Json::error_handler_t::replace;
     return hosting::ReadLogRecords(path, text).dump(-1, ' ', false, kReplace) + "\n";
 }
 

@@ -7,8 +7,6 @@
 namespace hosting {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 struct Field {
     std::string_view introduction;
     const char* name;
