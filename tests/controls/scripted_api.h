@@ -105,6 +105,7 @@ struct Script {
     int32_t state = HXConnected;
     std::vector<std::wstring> drivers = {L"arm", L"", L"driver"};
     std::wstring properties;
+    std::wstring detail;  // what a failing driver has to say
     std::vector<std::wstring> names = {L"$DEFAULT", L"Own"};
     std::vector<std::wstring> display_names = {L"Standard", L"Own"};
     std::wstring selected = L"$DEFAULT";
@@ -372,9 +373,16 @@ public:
         Give(m_script.drivers, names);
         return m_script.Gate("GetDriverSelection");
     }
-    HRESULT GetDriverProperties(BSTR category, BSTR name, BSTR* xml, IErrorInfo**) override {
+    HRESULT GetDriverProperties(BSTR category, BSTR name, BSTR* xml, IErrorInfo** detail) override {
         Give(m_script.properties, xml);
-        return m_script.Gate("GetDriverProperties " + Text(category) + " " + Text(name));
+        const HRESULT result = m_script.Gate("GetDriverProperties " + Text(category) + " " + Text(name));
+        if (FAILED(result) && !m_script.detail.empty()) {
+            hx::ComPtr<ICreateErrorInfo> information;
+            CreateErrorInfo(information.put());
+            information->SetDescription(m_script.detail.data());
+            *detail = information.as<IErrorInfo>().detach();
+        }
+        return result;
     }
 
 private:

@@ -100,7 +100,7 @@ TEST(Machine, DatesAreShownAsTheUserHasThem) {
         {nullptr, nullptr, nullptr, {100, 3, 1}, L"0100-03-01"},
         {"C.UTF-8", nullptr, nullptr, {9999, 12, 31}, L"9999-12-31"},
         {"fr_FR", nullptr, nullptr, {1582, 10, 10}, L"10/10/1582"},
-        {"fr_FR", nullptr, nullptr, {100, 1, 1}, L"01/01/0100"},
+        {"fr_FR", nullptr, nullptr, {100, 1, 1}, L"01/01/100"},
         {"C", nullptr, nullptr, {2000, 2, 29}, L"2000-02-29"},
         {"C", nullptr, nullptr, {1900, 2, 29}, nullptr},
         {"C", nullptr, nullptr, {1500, 2, 29}, nullptr},

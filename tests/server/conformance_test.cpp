@@ -77,6 +77,17 @@ TEST_F(Conformance, TheClassesAreListedAndAvailable) {
         std::wstring threading;
         std::set<IID const*> interfaces;
     };
+    const std::set<IID const*> kPage = {&IID_IUnknown,
+                                        &IID_DHXConfigCtrl,
+                                        &IID_IDispatch,
+                                        &IID_IOleObject,
+                                        &IID_IOleWindow,
+                                        &IID_IOleInPlaceObject,
+                                        &IID_IOleControl,
+                                        &IID_IPersist,
+                                        &IID_IPersistStreamInit,
+                                        &IID_ISpecifyPropertyPages,
+                                        &IID_IConnectionPointContainer};
     const Row rows[] = {
         {CLSID_CoMHXMeasSettings,
          L"Orvel.HXScannerCtrls.HXMeasSettings.1",
@@ -94,13 +105,10 @@ TEST_F(Conformance, TheClassesAreListedAndAvailable) {
          L"Orvel.HXScannerCtrls.HXConnSettings",
          L"",
          {&IID_IUnknown, &IID_ICoMHXConnSettings, &IID_IXmlBstrSerializable}},
-        {CLSID_HXScannerMeasSettingsCtrl,
-         L"Orvel.HXScannerCtrls.HXMeasSettingsCtrl.1",
-         L"",
-         L"Apartment",
-         {&IID_IUnknown, &IID_DHXConfigCtrl, &IID_IDispatch, &IID_IOleObject, &IID_IOleWindow,
-          &IID_IOleInPlaceObject, &IID_IOleControl, &IID_IPersist, &IID_IPersistStreamInit,
-          &IID_ISpecifyPropertyPages, &IID_IConnectionPointContainer}},
+        {CLSID_HXScannerMeasSettingsCtrl, L"Orvel.HXScannerCtrls.HXMeasSettingsCtrl.1", L"", L"Apartment",
+         kPage},
+        {CLSID_HXScannerDiagnosticsCtrl, L"Orvel.HXScannerCtrls.HXDiagnosticsCtrl.1", L"", L"Apartment",
+         kPage},
         {CLSID_HXScannerMeasSettingsPropPage,
          L"HXSCANNERCTRL.MeasSettingsPropPage.1",
          L"",

@@ -49,9 +49,9 @@ protected:
     }
 
     // As a host does it.
-    void Create() {
+    void Create(const wchar_t* prog_id = kProgIdHXMeasSettingsCtrl) {
         CLSID clsid{};
-        ASSERT_EQ(CLSIDFromProgID(kProgIdHXMeasSettingsCtrl, &clsid), S_OK);
+        ASSERT_EQ(CLSIDFromProgID(prog_id, &clsid), S_OK);
         m_site = hx::Make<ui::ComponentSite>(0x409);
         ASSERT_EQ(m_site->Open(clsid, m_frame, {0, 0, 900, 600}, true), S_OK);
         m_page = m_site->Component().as<DHXConfigCtrl>();

@@ -1,0 +1,280 @@
+// What the diagnostics page shows of a scanner, what it tells of failures, and what comes meanwhile.
+#include <stdlib.h>
+
+#include "controls/diagnostics/CDiagnosticsDlg.h"
+#include "core/locale/MResourceLocale.h"
+#include "platform/system/utf8.h"
+#include "platform/ui/headless/headless_renderer.h"
+#include "platform/ui/script.h"
+#include "settings/properties/MPropertiesHelper.h"
+#include "tests/controls/scripted_api.h"
+#include "tests/settings/record_text.h"
+
+namespace hx {
+namespace {
+
+using Scanner = MHXFamilyDeviceProperties;
+
+std::string OfAll(const std::string& text) {
+    std::string all = text;
+    for (int i = 1; i < 7; ++i) all += "|" + text;
+    return all;
+}
+const std::string kNotKnown = OfAll("Unknown (not connected)");
+const std::string kKnown = "HX-L|17|1/31/24|2/29/24|-|3.1|B";
+
+class DiagnosticsPage : public testing::Test {
+protected:
+    struct Host final : ui::Window {};
+
+    DiagnosticsPage() {
+        setenv("LC_ALL", "en_US.UTF-8", 1);
+        ui::SetRenderer(m_renderer);
+        m_host.Create(ui::WindowKind::frame, nullptr, {0, 0, 800, 600});
+        scanner.InternalName = L"HX";
+        scanner.DisplayName = L"HX-L";
+        scanner.ScannerSerialNumber = L"17";
+        scanner.ScannerManufacturingDate = {2024, 1, 31};
+        scanner.CalibrationDate = {2024, 2, 29};
+        scanner.FirmwareServerVersion = L"3.1";
+        scanner.ScannerHardwareVersion = L"B";
+    }
+    ~DiagnosticsPage() override {
+        page.reset();
+        api.reset();
+        EXPECT_EQ(script.alive, 0);
+        m_host.Destroy();
+        ui::SetRenderer(nullptr);
+        unsetenv("LC_ALL");
+    }
+    std::wstring Document(const Scanner& device, std::wstring_view without = {}) {
+        MOutFilerTaggedXml writer(MPropertiesHelper::kRoot);
+        MFilerTaggedPair filer(writer);
+        EXPECT_TRUE(MPropertiesHelper::WriteDocument(filer, MCommonDriverProperties(), device));
+        std::wstring text = writer.TakeText();
+        if (without.empty()) return text;
+        const std::wstring element(without);
+        const size_t begin = text.find(L"<" + element + L">");
+        const size_t end = text.find(L"</" + element + L">");
+        return text.erase(begin, end + element.size() + 3 - begin);
+    }
+    void Create() { EXPECT_FALSE(page->Create(MResourceLocale::ResourceModule(), page->kTemplate, &m_host)); }
+    // A new one with a new API, in that state.
+    void Open(int32_t state = HXConnected, bool selected = true) {
+        script.properties = Document(scanner);
+        script.state = state;
+        page = std::make_shared<CDiagnosticsDlg>();
+        Create();
+        if (selected) page->OnSelected();
+        api = Make<scripted::Api>(script).as<IHXApi>();
+        page->SetApi(api);
+    }
+    void Post(int32_t state) {
+        PostWindowMessage(page->Handle(), {WM_HX_CONNECTION_STATE, static_cast<uint64_t>(state), 0});
+    }
+    void Arrive(int32_t state) {
+        Post(state);
+        DispatchMessages();
+    }
+    std::string Shown() {
+        std::string shown;
+        for (const uint32_t id : {235, 236, 231, 234, 238, 242, 244}) {
+            const ui::Control& value = *page->Find(id);
+            shown += (shown.empty() ? "" : "|") + (value.IsVisible() ? ToUtf8(value.Text()) : "-");
+        }
+        EXPECT_EQ(page->Find(232)->IsVisible(), page->Find(238)->IsVisible());
+        return shown;
+    }
+    std::string Boxes() {
+        std::string text;
+        for (const auto& box : boxes.TakeBoxes()) {
+            EXPECT_EQ(box.icon, ui::BoxIcon::error);
+            text += ToUtf8(box.text) + "\n";
+        }
+        return text;
+    }
+
+    scripted::Script script;
+    Scanner scanner;
+    ui::Script boxes;
+    ComPtr<IHXApi> api;
+    std::shared_ptr<CDiagnosticsDlg> page;
+
+private:
+    const std::shared_ptr<ui::HeadlessRenderer> m_renderer = ui::HeadlessRenderer::Make();
+    Host m_host;
+};
+
+TEST_F(DiagnosticsPage, ShowsWhatTheDriverTells) {
+    const auto rotated = [&](const wchar_t* rotation) {
+        Scanner turned = scanner;
+        turned.InternalName = L"T820";
+        if (rotation) turned.Configurations = {{L"MountRotation", rotation}};
+        return Document(turned);
+    };
+    const auto changed = [&](auto member, auto value) {
+        Scanner other = scanner;
+        other.*member = value;
+        return Document(other);
+    };
+    constexpr auto kMade = &Scanner::ScannerManufacturingDate;
+    const struct {
+        std::wstring document;
+        std::string shown;
+    } rows[] = {
+        {Document(scanner), kKnown},
+        {rotated(L"30deg"), "HX-L|17|1/31/24|2/29/24|30°|3.1|B"},
+        {rotated(L"60deg"), "HX-L|17|1/31/24|2/29/24|60°|3.1|B"},
+        {rotated(L"90deg"), "HX-L|17|1/31/24|2/29/24|90°|3.1|B"},
+        {rotated(L"45deg"), "HX-L|17|1/31/24|2/29/24|0°|3.1|B"},
+        {rotated(nullptr), "HX-L|17|1/31/24|2/29/24|0°|3.1|B"},
+        {changed(&Scanner::InternalName, L"t820"), kKnown},
+        {changed(&Scanner::DisplayName, L"A & B"), "A && B|17|1/31/24|2/29/24|-|3.1|B"},
+        {Document(scanner, L"ScannerManufacturingDate"), "HX-L|17|Unknown|2/29/24|-|3.1|B"},
+        {changed(kMade, CalendarDate{}), "HX-L|17|Unknown|2/29/24|-|3.1|B"},
+        {changed(kMade, CalendarDate{2023, 2, 29}), "HX-L|17|Invalid DateTime|2/29/24|-|3.1|B"},
+        {changed(kMade, CalendarDate{99, 1, 1}), "HX-L|17|Invalid DateTime|2/29/24|-|3.1|B"},
+        {changed(kMade, CalendarDate{2024, 1, 0}), "HX-L|17|Invalid DateTime|2/29/24|-|3.1|B"},
+    };
+    Open(HXNotConnected);
+    EXPECT_EQ(Shown(), kNotKnown);
+    EXPECT_EQ(script.Calls(), "GetConnectionState");
+    for (const auto& row : rows) {
+        script.properties = row.document;
+        Arrive(1);
+        EXPECT_EQ(Shown(), row.shown);
+        EXPECT_EQ(script.Calls(),
+                  "GetCurrentProfile, GetDriverSelection, GetDeviceManager, "
+                  "GetDriverProperties CategoryScanner driver");
+        EXPECT_TRUE(page->Find(235)->AccessibleName().starts_with(L"Type: "));
+    }
+    // A device without a name is not shown at all; the row that is hidden stays so.
+    script.properties = Document(Scanner());
+    Arrive(1);
+    EXPECT_EQ(Shown(), std::string(kNotKnown).replace(kNotKnown.size() * 4 / 7 + 1, 23, "-"));
+    EXPECT_EQ(Boxes(), "");
+}
+
+TEST_F(DiagnosticsPage, TellsWhatFailsAndShowsNothing) {
+    const std::string internal = "An internal error occurred.\n";
+    const std::string refused = "Unable to retrieve scanner properties.";
+    const std::string installation =
+        "Unable to retrieve scanner properties due to an installation problem.\n";
+    const struct {
+        const char* call;
+        HRESULT result;
+        std::wstring detail;
+        std::string box;
+    } rows[] = {
+        {"GetCurrentProfile", E_FAIL, L"not for users", internal},
+        {"GetDriverSelection", E_ABORT, L"", internal},
+        {"GetDeviceManager", E_FAIL, L"", internal},
+        {"GetDriverProperties", E_FAIL, L"The %s cable is loose.", refused + " The %s cable is loose.\n"},
+        {"GetDriverProperties", E_FAIL, L"", refused + "\n"},
+        {"GetDriverProperties", E_ABORT, L"The cable is loose.", installation},
+        {"two drivers", S_OK, L"", internal},
+        {"no document", S_OK, L"", internal},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.call + ToUtf8(row.detail));
+        Open();
+        EXPECT_EQ(Shown(), kKnown);
+        if (FAILED(row.result)) script.failures[row.call] = {row.result, 0};
+        script.fails_once = true;
+        script.detail = row.detail;
+        if (row.call == std::string("two drivers")) script.drivers = {L"arm", L"driver"};
+        if (row.call == std::string("no document")) script.properties = L"<Properties/>";
+        boxes.while_box = [&] { EXPECT_EQ(Shown(), kKnown); };
+        Arrive(1);
+        EXPECT_EQ(Boxes(), row.box);
+        EXPECT_EQ(Shown().find("HX-L"), std::string::npos);
+        script.drivers = {L"arm", L"", L"driver"};
+    }
+}
+
+TEST_F(DiagnosticsPage, FollowsStatesByItsRule) {
+    const struct {
+        int32_t before, after;
+        bool selected;
+        bool fills, resets;
+    } rows[] = {
+        {0, 1, false, true, false}, {0, 0, true, false, false},  {1, 1, false, false, false},
+        {1, 1, true, true, false},  {1, 0, false, false, true},  {1, 2, true, false, true},
+        {2, 2, true, false, false}, {2, 1, false, true, false},  {1, 7, true, false, true},
+        {7, 7, true, false, false}, {2, 0, false, false, false},
+    };
+    for (const auto& row : rows) {
+        Open(row.before, row.selected);
+        const std::string before = Shown();
+        script.calls.clear();
+        Arrive(row.after);
+        EXPECT_EQ(script.Calls().empty(), !row.fills) << row.before << " to " << row.after;
+        EXPECT_EQ(Shown() == before, !row.resets && (row.before == 1 || !row.fills));
+    }
+}
+
+// While a box is open, while the driver is asked, and before there is a window.
+TEST_F(DiagnosticsPage, FollowsWhatComesMeanwhileAfterwards) {
+    using Act = std::function<void()>;
+    const Act other = [&] { page->SetApi(Make<scripted::Api>(script).as<IHXApi>()); };
+    const struct {
+        const char* what;
+        Act comes;
+        const char* shown;  // null: the page has gone
+    } rows[] = {
+        {"disconnected", [&] { Arrive(0); }, ""},
+        {"and connected again", [&] { Arrive(0), Arrive(1); }, "HX-L"},
+        {"another API", other, "HX-L"},
+        {"no API", [&] { page->SetApi(nullptr); }, ""},
+        {"another page", [&] { page->OnDeselected(), Arrive(2), Arrive(1); }, "HX-L"},
+        {"closed", [&] { page->Destroy(), Arrive(1), other(); }, nullptr},
+        {"destroyed", [&] { page.reset(); }, nullptr},
+    };
+    for (const auto& row : rows) {
+        for (const bool box : {true, false}) {
+            SCOPED_TRACE(std::string(row.what) + (box ? ", box" : ", call"));
+            Open(HXNotConnected);
+            script.state = HXConnected;
+            script.fails_once = true;
+            if (box) script.failures["GetDriverProperties"] = {E_FAIL, 0};
+            bool came = false;
+            boxes.while_box = row.comes;
+            script.during = [&](const std::string& call) {
+                if (!box && call.starts_with("GetDriverProperties") && !std::exchange(came, true))
+                    row.comes();
+            };
+            Arrive(1);
+            script.during = nullptr;
+            EXPECT_EQ(boxes.TakeBoxes().size(), box ? 1u : 0u);
+            EXPECT_EQ(page != nullptr && page->IsCreated(), row.shown != nullptr);
+            if (!row.shown) continue;
+            EXPECT_EQ(Shown().starts_with("HX-L"), row.shown == std::string("HX-L"));
+        }
+    }
+    page = std::make_shared<CDiagnosticsDlg>();
+    page->SetApi(api = Make<scripted::Api>(script).as<IHXApi>());
+    Arrive(0), Arrive(1);
+    script.calls.clear();
+    Create();
+    EXPECT_EQ(Shown(), kKnown);
+    EXPECT_EQ(script.calls.size(), 8u) << "filled, reset and filled";
+}
+
+TEST_F(DiagnosticsPage, FollowsTheWidthAndKeepsLongTextsReadable) {
+    scanner.DisplayName = std::wstring(80, L'm');
+    Open();
+    const ui::Size size = page->TemplateSize();
+    for (const int32_t wider : {0, 1000}) {
+        page->Move({0, 0, size.width + wider, size.height});
+        for (const uint32_t id : {231, 234, 235, 236, 238, 242, 244}) {
+            EXPECT_GT(page->Find(id)->Bounds().right, size.width + wider - 20) << id;
+        }
+        EXPECT_GT(page->Find(250)->Bounds().right, size.width + wider - 10);
+        EXPECT_EQ(page->Find(251)->Bounds().right, page->Find(250)->Bounds().right);
+        EXPECT_EQ(page->Find(235)->ToolTip(), wider ? L"" : scanner.DisplayName);
+        EXPECT_EQ(page->Find(236)->ToolTip(), L"");
+    }
+}
+
+}  // namespace
+}  // namespace hx
