@@ -24,7 +24,7 @@ public:
     // A connection state was told, whatever becomes of it.
     virtual void NoteConnectionState() {}
 
-    // It came to its end: there is no scanner any more.
+    // The connection came to its end, and the scanner was given back.
     virtual void OnScannerGone() noexcept {}
 
     // Shows the failure to the operator and returns when that is done.

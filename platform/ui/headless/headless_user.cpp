@@ -74,6 +74,7 @@ bool HeadlessUser::Type(Edit& edit, const std::wstring& text) {
 
 bool HeadlessUser::Paste(Edit& edit, const std::wstring& text) {
     if (!Focus(edit)) return false;
+    m_clipboard = text;
     edit.UserSelect({0, edit.Text().size()});
     EnterText(edit, text);
     return true;

@@ -197,7 +197,7 @@ TEST_F(HandheldPage, EnablesWhatCanBeUsedInEachState) {
     EXPECT_FALSE(page->IsModified());
     // Left while a slider is held: its place counts, and nothing is sent.
     User().Drag(At<ui::TrackBar>(207), 41);
-    User().Drag(At<ui::TrackBar>(207), 40);
+    At<ui::TrackBar>(207).SetPosition(40);
     script.calls.clear();
     page->OnDeselected();
     EXPECT_EQ(enabled(), Ids{6000});

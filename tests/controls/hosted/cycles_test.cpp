@@ -1,9 +1,10 @@
-// A host may open and close the page as often as it likes: nothing piles up. HX_CYCLES chooses a longer run,
+// A host may open and close its pages as often as it likes: nothing piles up. HX_CYCLES chooses a longer run,
 // whose figures are printed.
 #include <malloc.h>
 
 #include <algorithm>
 #include <chrono>
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -14,7 +15,7 @@
 #include "platform/ui/headless/headless_renderer.h"
 #include "platform/ui/load_renderer.h"
 #include "platform/ui/script.h"
-#include "tests/controls/hosted/hosted_scanner.h"
+#include "tests/controls/hosted/page_kinds.h"
 
 namespace {
 
@@ -68,15 +69,21 @@ protected:
         const Scanner scanner("HX");
         const Frame frame;
         scanner.hands->SetConnectionState(HXConnected, FALSE);
+        // Each time the first one open is the first one closed.
         const auto cycle = [&] {
-            hosting::HostedPage page;
-            ASSERT_TRUE(OpenPage(page, frame, scanner, L"Own 1"));
-            renderer->Pump();
-            EXPECT_TRUE(page.Dialog()->Find(kSliders[0])->IsEnabled());
-            bool may_close = false;
-            EXPECT_TRUE(page.Save(may_close).IsDone() && may_close);
-            page.Close();
-            renderer->Pump();
+            std::deque<hosting::HostedPage> pages;
+            for (const PageKind& kind : PageKinds()) {
+                hosting::HostedPage& page = pages.emplace_back();
+                ASSERT_TRUE(OpenPage(page, kind, frame, scanner, L"Own 1")) << kind.name;
+                renderer->Pump();
+                EXPECT_TRUE(!kind.EditsProfiles() || page.Dialog()->Find(kExposureSlider)->IsEnabled());
+            }
+            for (hosting::HostedPage& page : pages) {
+                bool may_close = false;
+                EXPECT_TRUE(page.Save(may_close).IsDone() && may_close);
+                page.Close();
+                renderer->Pump();
+            }
             EXPECT_NE(scanner.Calls().find("ActivateDynamicSettings"), std::string::npos);
         };
         constexpr uint64_t kFewest = 10;  // until the toolkit has all that it keeps

@@ -42,13 +42,14 @@ bool Values::IsSame(const Values& other) const {
     return flags == other.flags && (gain == other.gain || gain == 0 || other.gain == 0);
 }
 
-Scanner::Scanner(const std::string& model, size_t own_profiles) {
+Scanner::Scanner(const std::string& model, std::shared_ptr<const TemporaryFolder> folder)
+    : m_folder(std::move(folder)), m_model(model) {
     CLSID clsid{};
     CLSIDFromProgID(kProgIdHXSimulator, &clsid);
     EXPECT_EQ(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, hx::uuid_of<IHXApi>(), api.put_void()),
               S_OK);
     hands = api.as<IHXSimulator>();
-    EXPECT_EQ(hands->SetPresetsFolder(Text(m_folder.path().string()).get()), S_OK);
+    EXPECT_EQ(hands->SetPresetsFolder(Text(m_folder->path().string()).get()), S_OK);
     EXPECT_EQ(hands->SetModel(Text(model).get()), S_OK);
     Bstr driver_name, device_name;
     hands->GetDevice(driver_name.put(), device_name.put());
@@ -62,16 +63,22 @@ Scanner::Scanner(const std::string& model, size_t own_profiles) {
     uint32_t longest_us = 0;
     m_handle->GetMaxExposureTime(device_name.get(), &longest_us);
     m_longest_exposure_us = longest_us;
+}
 
+Scanner::Scanner(const Scanner& same) : Scanner(same.m_model, same.m_folder) {}
+
+Scanner::Scanner(const std::string& model, size_t own_profiles)
+    : Scanner(model, std::make_shared<const TemporaryFolder>()) {
     hx::SafeArray name_array, display_name_array;
-    m_handle->EnumerateDynamicSettingsPresets(device_name.get(), name_array.put(), display_name_array.put());
+    const Bstr owner(device);
+    m_handle->EnumerateDynamicSettingsPresets(owner.get(), name_array.put(), display_name_array.put());
     std::vector<std::wstring> names;
     std::vector<ComPtr<Preset>> presets;
     const auto factory_names = hx::TextsOf(name_array.get());
     for (const std::wstring& name : *factory_names) {
         if (name.starts_with(L'@')) continue;
         names.push_back(name);
-        m_handle->GetDynamicSettingsPreset(device_name.get(), Bstr(name).get(), presets.emplace_back().put());
+        m_handle->GetDynamicSettingsPreset(owner.get(), Bstr(name).get(), presets.emplace_back().put());
     }
     for (size_t i = 1; i <= own_profiles; ++i) {
         names.push_back(L"Own " + std::to_wstring(i));
@@ -83,7 +90,7 @@ Scanner::Scanner(const std::string& model, size_t own_profiles) {
     for (LONG i = 0; i < static_cast<LONG>(count); ++i) {
         SafeArrayPutElement(preset_array.get(), &i, presets[static_cast<size_t>(i)].get());
     }
-    EXPECT_EQ(m_handle->SaveDynamicSettingsPresets(device_name.get(), hx::TextArray(names).get(),
+    EXPECT_EQ(m_handle->SaveDynamicSettingsPresets(owner.get(), hx::TextArray(names).get(),
                                                    preset_array.get(), Bstr(L"$DEFAULT").get()),
               S_OK);
 }
@@ -130,36 +137,6 @@ void Scanner::Fail(const std::string& operation, HRESULT result, int32_t after, 
     const HXSimulatorFault fault{name.get(), result,  times,  after, 0, hang_up ? TRUE : FALSE,
                                  nullptr,    nullptr, nullptr};
     EXPECT_EQ(hands->InjectFault(&fault), S_OK) << operation;
-}
-
-bool MakePage(hosting::HostedPage& page) {
-    return page.Create(kProgIdHXMeasSettingsCtrl).IsDone();
-}
-
-bool OpenPage(hosting::HostedPage& page, const Frame& frame, const Scanner& scanner,
-              const std::wstring& profile) {
-    constexpr LCID kEnglish = 0x0409;
-    return MakePage(page) && page.SetApi(scanner.api.get()).IsDone() &&
-           page.Initialise(scanner.driver, scanner.device, L"", hosting::HostedPage::ArgumentsOf(profile))
-               .IsDone() &&
-           page.Select().IsDone() && page.Open(frame, {0, 0, 1000, 700}, kEnglish).IsDone();
-}
-
-Values Shown(const hx::ui::Dialog& page) {
-    Values values;
-    for (size_t i = 0; i < std::size(kSliders); ++i) {
-        values.numbers[i] = page.FindAs<hx::ui::TrackBar>(kSliders[i])->Position();
-    }
-    for (size_t i = 0; i < std::size(kBoxes); ++i) {
-        values.flags[i] = page.FindAs<hx::ui::CheckBox>(kBoxes[i])->IsChecked();
-    }
-    const auto* const gains = page.FindAs<hx::ui::ComboBox>(kGainList);
-    // The one row of a scanner that does not tell its gains says nothing.
-    if (gains->Items().size() >= 2 && gains->Selected() >= 0) {
-        values.gain =
-            static_cast<uint32_t>(std::stoul(gains->Items()[static_cast<size_t>(gains->Selected())]));
-    }
-    return values;
 }
 
 uint64_t FromEnvironment(const char* name, uint64_t usual) {

@@ -1,48 +1,48 @@
-// A simulated scanner with some profiles and a host's frame for the measurement page, all as a host has them:
-// by name, through their interfaces. What is seen of the page are its controls, and what the scanner stores.
+// A simulated scanner with some profiles and a host's frame for the pages, all as a host has them: by name,
+// through their interfaces. What the scanner stores is seen from outside.
 #pragma once
 
 #include <array>
 #include <map>
+#include <memory>
 #include <string>
 
-#include "apps/hosting/HostedPage.h"
-#include "hxapi/HXScannerCtrlsClasses.h"
 #include "hxapi/HXSimulatorClasses.h"
 #include "hxapi/ICalibrationHandle.h"
 #include "hxapi/IHXApi.h"
 #include "hxapi/IHXApiInternal.h"
 #include "hxapi/IHXSimulator.h"
+#include "platform/com/comptr.h"
+#include "platform/ui/window.h"
 #include "tests/platform/temporary_folder.h"
 
 namespace hosted {
 
-inline constexpr uint32_t kList = 6000;
-inline constexpr uint32_t kSliders[] = {207, 204, 211, 218, 214};
-inline constexpr uint32_t kEdits[] = {210, 206, 212, 219, 217};  // of the sliders
-inline constexpr uint32_t kBoxes[] = {224, 225, 253};
-inline constexpr uint32_t kGainList = 286;
-
-// Of a profile: the sliders', the boxes', the gain; 0 for one that is not to be seen.
+// Of a profile. What a page does not show of it is no number, or a gain of 0.
 struct Values {
-    std::array<double, 5> numbers{};  // the exposure in hundredths of a percent
-    std::array<bool, 3> flags{};
+    // Laser power, exposure in hundredths of a percent, threshold, inclination, edge filter.
+    std::array<double, 5> numbers{};
+    std::array<bool, 3> flags{};  // automatic power, 3D edge filter, reflection filter
     uint32_t gain = 0;
 
     bool operator==(const Values&) const = default;
-    // As the page sees it: exposures drift.
+    // As pages see it: exposures drift, and what one does not show is as it may.
     bool IsSame(const Values& other) const;
 };
 
 struct Profile {
     std::string display_name;
     Values values;
+
+    bool operator==(const Profile&) const = default;
 };
 
 class Scanner {
 public:
     // Beside its own profiles it has others named Own 1, Own 2 and so on.
     explicit Scanner(const std::string& model, size_t own_profiles = 3);
+    // The same scanner on another scanner API, with the same profiles.
+    explicit Scanner(const Scanner& same);
 
     // By name; without those that are not for operators.
     std::map<std::string, Profile> Stored() const;
@@ -57,7 +57,10 @@ public:
     std::wstring driver, device;
 
 private:
-    const TemporaryFolder m_folder;
+    Scanner(const std::string& model, std::shared_ptr<const TemporaryFolder> folder);
+
+    const std::shared_ptr<const TemporaryFolder> m_folder;
+    const std::string m_model;
     hx::ComPtr<ICalibrationHandle> m_handle;
     double m_longest_exposure_us = 0;
 };
@@ -69,14 +72,6 @@ struct Frame final : hx::ui::Window {
     }
     ~Frame() override { Destroy(); }
 };
-
-// A page that the host has shown in the usual order, with a profile to select. False if something failed.
-bool OpenPage(hosting::HostedPage& page, const Frame& frame, const Scanner& scanner,
-              const std::wstring& profile);
-// A new one, with no window yet.
-bool MakePage(hosting::HostedPage& page);
-
-Values Shown(const hx::ui::Dialog& page);
 
 // The number in that variable of the environment; `usual` if there is none.
 uint64_t FromEnvironment(const char* name, uint64_t usual);

@@ -1,273 +1,209 @@
 #include "tests/controls/hosted/monkey.h"
 
 #include <algorithm>
+#include <iostream>
 
+#include "platform/com/text_array.h"
+#include "platform/system/utf8.h"
 #include "platform/ui/codes.h"
 
 namespace hosted {
 namespace {
 
-constexpr uint32_t kDetectButton = 269;
+constexpr const char* kModels[] = {"HX", "KT05FxR3PA", "T820"};
 
 }  // namespace
 
-const std::vector<Monkey::Action>& Monkey::Actions() {
-    using enum Action::Kind;
-    using N = const std::array<uint32_t, 4>&;
-    static constexpr const wchar_t* kTyped[] = {L"",   L"0",    L"1",  L"37",          L"90", L"100", L"101",
-                                                L"-5", L"12.7", L"x9", L"99999999999", L" 7", L"\t-"};
-    static constexpr uint32_t kKeys[] = {VK_F2, VK_DELETE, VK_UP, VK_DOWN, VK_HOME, VK_END, VK_BACK, VK_TAB};
-    static constexpr uint32_t kCommands[] = {32771, 32772, 32773, 32773, 32774, 0};
-    static constexpr HRESULT kResults[] = {E_FAIL, E_OUTOFMEMORY, E_ACCESSDENIED, HRESULT(0x80040201)};
-    static constexpr uint32_t kCodes[] = {TB_LINEUP, TB_LINEDOWN, TB_PAGEUP, TB_PAGEDOWN, TB_TOP, TB_BOTTOM};
-    static constexpr uint32_t kOtherSliders[] = {276, 277, 289};
-    static constexpr uint32_t kAllBoxes[] = {224, 225, 253, 288};
-    static const std::vector<Action> actions = {
-        {"drag", 12, edits, true,
-         [](Monkey& m, N n) {
-             auto& slider = m.Slider(n[0]);
-             m.User().Drag(slider, static_cast<int32_t>(n[1] % static_cast<uint32_t>(slider.Maximum() + 2)));
-         }},
-        {"drop", 8, edits, true, [](Monkey& m, N n) { m.User().Drop(m.Slider(n[0])); }},
-        {"scroll", 8, edits, true,
-         [](Monkey& m, N n) { m.User().Scroll(m.Slider(n[0]), Pick(kCodes, n[1])); }},
-        {"type", 10, edits, true,
-         [](Monkey& m, N n) { m.User().Type(m.At<ui::Edit>(Pick(kEdits, n[0])), Pick(kTyped, n[1])); }},
-        {"leave", 5, edits, true,
-         [](Monkey& m, N n) { m.User().Focus(m.At<ui::Control>(Pick(kEdits, n[0]))); }},
-        {"box", 6, edits, true,
-         [](Monkey& m, N n) { m.User().Click(m.At<ui::CheckBox>(Pick(kAllBoxes, n[0]))); }},
-        {"gain", 4, edits, true,
-         [](Monkey& m, N n) {
-             m.User().Choose(m.At<ui::ComboBox>(kGainList), static_cast<int32_t>(n[0] % 4));
-         }},
-        {"detect", 1, edits, true, [](Monkey& m, N) { m.User().Click(m.At<ui::Button>(kDetectButton)); }},
-        {"view", 2, leaves_edits, true,
-         [](Monkey& m, N n) { m.User().Scroll(m.At<ui::TrackBar>(Pick(kOtherSliders, n[0])), n[1] % 2); }},
-        {"row", 14, leaves_edits, true,
-         [](Monkey& m, N n) {
-             m.User().ClickRow(m.List(), static_cast<int32_t>(n[0]) % std::max(m.List().Count(), 1));
-         }},
-        {"menu", 8, drops, true,
-         [](Monkey& m, N n) {
-             m.m_script->AnswerMenu(Pick(kCommands, n[0]));
-             const int32_t y = n[1] % 2 ? static_cast<int32_t>(n[1] % 128) : -1;
-             m.User().ContextMenu(m.List(), {y < 0 ? -1 : 5, y});
-         }},
-        {"key", 6, drops, true, [](Monkey& m, N n) { m.User().Key(m.List(), Pick(kKeys, n[0])); }},
-        {"resize", 1, leaves_edits, true,
-         [](Monkey& m, N n) {
-             m.m_page.Move({0, 0, static_cast<int32_t>(n[0] % 1500), static_cast<int32_t>(n[1] % 900)});
-         }},
-        {"select", 3, leaves_edits, false, [](Monkey& m, N) { m.m_page.Select(); }},
-        {"deselect", 2, leaves_edits, false, [](Monkey& m, N) { m.m_page.Deselect(); }},
-        {"save", 3, leaves_edits, false, [](Monkey& m, N) { m.Save(); }},
-        {"api", 2, leaves_edits, false,
-         [](Monkey& m, N n) {
-             m.m_page.SetApi(n[0] % 4 ? m.m_scanner.api.get() : nullptr);
-             m.m_page.SetSettingsObjectMap(m.m_scanner.api.get());
-         }},
-        {"initialise", 1, leaves_edits, false, [](Monkey& m, N n) { m.Initialise(n[0], n[1]); }},
-        {"malformed", 1, leaves_edits, false, [](Monkey& m, N n) { m.InitialiseMalformed(n[0]); }},
-        {"reopen", 2, drops, false, [](Monkey& m, N) { m.OpenAnew(); }},
-        {"close", 1, drops, false, [](Monkey& m, N) { m.m_page.Close(); }},
-        {"bare", 1, drops, false, [](Monkey& m, N) { m.m_foreign = !MakePage(m.m_page) || true; }},
-        {"destroy", 1, drops, false,
-         [](Monkey& m, N) {
-             if (!m.m_frame.Children().empty()) m.m_frame.Children().front()->Destroy();
-         }},
-        {"cable", 8, leaves_edits, false, [](Monkey& m, N n) { m.MoveCable(n[0]); }},
-        {"fault", 10, fault, false,
-         [](Monkey& m, N n) {
-             m.m_scanner.Fail(s_operations[n[0] % s_operations.size()], Pick(kResults, n[1]),
-                              static_cast<int32_t>(n[2] % 12 * (n[2] / 16 % 2)),
-                              n[3] % 4 == 0 ? -1 : static_cast<int32_t>(n[3] % 4), n[1] / 16 % 8 == 0);
-         }},
-    };
-    return actions;
-}
-
-std::string Monkey::Text(const Step& step) {
-    std::string text = Actions()[step.action].name;
-    if (Actions()[step.action].kind == Action::Kind::fault && !s_operations.empty()) {
-        text += " of " + s_operations[step.numbers[0] % s_operations.size()];
+Monkey::Monkey(const std::shared_ptr<ui::HeadlessRenderer>& renderer, uint32_t choice)
+    : m_renderer(renderer),
+      m_choice(choice),
+      m_scanner(Pick(kModels, choice)),
+      m_second(m_scanner),
+      m_stored(m_scanner.Stored()),
+      m_predefined([this] {
+          std::map<std::string, Profile> profiles = m_stored;
+          std::erase_if(profiles, [](const auto& each) { return !each.first.starts_with('$'); });
+          return profiles;
+      }()) {
+    for (const PageKind& kind : PageKinds()) Open(m_places.emplace_back(kind));
+    if (!s_operations.empty()) return;
+    hx::SafeArray names;
+    m_scanner.hands->GetOperations(names.put());
+    const auto operations = hx::TextsOf(names.get());
+    for (const std::wstring& name : *operations) {
+        s_operations.push_back(hx::ToUtf8(name.substr(name.find(L'.') + 1)));
     }
-    for (const uint32_t number : step.numbers) text += " " + std::to_string(number);
-    return text;
 }
 
-std::string Monkey::Do(const Step& step) {
+std::string Monkey::Run(const Steps& steps, bool trace) {
+    for (const Step& step : steps) {
+        if (trace) std::cerr << "    " << Text(step) << std::endl;
+        std::string wrong = Do(step);
+        for (const Place& place : m_places) {
+            if (trace) std::cerr << "      " << place.kind.name << ": " << place.State() << std::endl;
+        }
+        if (!wrong.empty()) return wrong + " after " + Text(step);
+    }
+    std::string wrong = Revive();
+    CloseAll();
+    return wrong.empty() ? "" : wrong + " at the end";
+}
+
+// Somebody to answer what is asked, and what may come meanwhile.
+void Monkey::Prepare(const Step& step, Place& place, Outcome& outcome) {
     static constexpr const wchar_t* kTyped[] = {L"new", L"Zoo", L"OWN 1", L"%s (1)", L"", L"@x", L"$FINE"};
     static constexpr uint32_t kButtons[] = {284, IDOK, 284, IDCANCEL, IDOK};
-    const Action& action = Actions()[step.action];
-    const ui::Dialog* page = m_page.Dialog();
-    if (action.needs_window && page == nullptr) return "";
-    if (action.kind == Action::Kind::fault) {
-        m_fails = true;
-        action.run(*this, step.numbers);
-        return "";
-    }
-    const bool had_edits =
-        page != nullptr && IsShown(*page) && HasEdits(*page) && !IsTyping(*page) && !m_foreign;
-    const Values edits = had_edits ? Shown(*page) : Values();
-    const hx::WindowHandle window = page != nullptr ? page->Handle() : 0;
-
     m_script = std::make_unique<ui::Script>();
-    const auto& [first, second, third, fourth] = step.numbers;
+    const uint32_t third = step.numbers[2], fourth = step.numbers[3];
     for (uint32_t i = 0; i < third % 4; ++i) {
         ui::Script::Answer answer;
         answer.button = Pick(kButtons, third / 8 + i);
         if (third / 64 % 4 != 0) answer.typed = Pick(kTyped, third / 256 + i);
         m_script->AnswerModal(answer);
     }
-    bool interrupted = false;
-    const auto interrupt = [&] {
-        if (fourth % 8 != 0 || std::exchange(interrupted, true)) return;
-        Interrupt(fourth / 8, fourth / 64);
+    if (fourth % 8 != 0) return;
+    Place& disturbed = fourth / 512 % 2 == 0 ? place : Pick(m_places, fourth / 8192);
+    const auto interrupt = [this, fourth, &disturbed, &outcome] {
+        if (std::exchange(outcome.interrupted, &disturbed) != nullptr) return;
+        Interrupt(disturbed, fourth / 8, fourth / 64);
     };
     m_script->while_box = interrupt;
-    m_script->while_modal = [&](ui::Dialog&) { interrupt(); };
-    m_saved = false;
+    m_script->while_modal = [interrupt](ui::Dialog&) { interrupt(); };
+}
+
+std::string Monkey::Do(const Step& step) {
+    using enum Action::Kind;
+    using enum Action::Where;
+    const Action& action = Actions()[step.action];
+    Place& actor = PlaceOf(action, step.place);
+    if (action.where != anywhere && actor.Dialog() == nullptr) return "";
+    if (action.kind == fault) return action.run(*this, actor, step.numbers), "";
+
+    std::vector<Before> before;
+    for (Place& place : m_places) {
+        before.push_back(BeforeStep(place));
+        place.saved = false;
+    }
+    const auto at = static_cast<size_t>(
+        std::ranges::find(m_places, &actor, [](const Place& each) { return &each; }) - m_places.begin());
+    Outcome outcome;
+    Prepare(step, actor, outcome);
     m_scanner.Calls();
-    action.run(*this, step.numbers);
+    action.run(*this, actor, step.numbers);
     // Sometimes the next step comes before the event.
-    const bool late = fourth / 1024 % 8 == 0;
-    if (!late) m_scanner.Settle();
+    if (step.numbers[3] / 1024 % 8 != 0) Settle();
     m_scanner.hands->ClearFaults();
-    const bool asked = !m_script->TakeModals().empty();
-    const bool told = !m_script->TakeBoxes().empty();
+    outcome.asked = !m_script->TakeModals().empty();
+    outcome.told = !m_script->TakeBoxes().empty();
+    outcome.failed = std::exchange(m_fails, false);
     m_script.reset();
-    const std::string calls = m_scanner.Calls();
-    const bool stores = calls.find("SaveDynamicSettingsPresets") != std::string::npos;
-    // After a failure the page may know more than the scanner has, until it stores the next time.
-    if (m_fails || told) m_trusted = false;
-    if (!m_fails && !asked && !told && stores) m_trusted = true;
-    const bool failed = std::exchange(m_fails, false);
+    outcome.stores = m_scanner.Calls().find("SaveDynamicSettingsPresets") != std::string::npos;
+    Judge(action, actor, before[at], outcome);
 
     if (m_renderer->WaitCursors() != 0) return "a wait cursor is left";
     if (m_renderer->Unscripted() != 0) return "a box came up with nobody there";
-    if (stores) {
-        const auto stored = m_scanner.Stored();
-        for (const auto& [name, profile] : m_predefined) {
-            const auto found = stored.find(name);
-            if (found == stored.end() || !(found->second.values == profile.values)) {
-                return "the predefined profile " + name + " has changed";
+    if (std::string wrong = DamagedPredefined(); !wrong.empty()) return wrong;
+    for (size_t i = 0; i < m_places.size(); ++i) {
+        const Place& place = m_places[i];
+        const auto say = [&](const std::string& wrong) {
+            return std::string(place.kind.name) + ": " + wrong;
+        };
+        const ui::Dialog* const dialog = place.Dialog();
+        if (dialog == nullptr || dialog->Handle() != before[i].window) continue;
+        if (std::string wrong = Wrong(place); !wrong.empty()) return say(wrong);
+        if (!place.EditsProfiles()) continue;
+        if (place.saved && outcome.interrupted == nullptr) {
+            const bool silent = !outcome.asked && !outcome.told;
+            if (!place.may_close && silent) return say("a refused close that nobody was told of");
+            if (place.may_close && !outcome.told && place.IsShown() && place.HasEdits()) {
+                return say("a close that would lose edits");
             }
         }
-    }
-    page = m_page.Dialog();
-    if (page == nullptr || page->Handle() != window) return "";
-    if (std::string wrong = Wrong(*page); !wrong.empty()) return wrong;
-    if (m_saved && !interrupted) {
-        if (!m_may_close && !asked && !told) return "a refused close that nobody was told of";
-        if (m_may_close && !told && IsShown(*page) && HasEdits(*page)) return "a close that would lose edits";
-    }
-    const bool may_go = action.kind != Action::Kind::leaves_edits || asked || told || m_foreign;
-    if (had_edits && !may_go && !(HasEdits(*page) && Shown(*page).IsSame(edits))) {
-        const auto stored = m_scanner.Stored();
-        const bool kept =
-            std::ranges::any_of(stored, [&](const auto& each) { return each.second.values.IsSame(edits); });
-        if (!kept)
-            return failed ? "edits were lost without a word at a failure" : "edits were lost without a word";
+        const bool acts = i == at || outcome.interrupted == &place;
+        const bool may_go = outcome.told || m_foreign ||
+                            (acts && (outcome.asked || action.kind == edits || action.kind == drops));
+        if (std::string wrong = LostEdits(place, before[i], may_go, outcome); !wrong.empty())
+            return say(wrong);
     }
     return "";
 }
 
-std::string Monkey::Wrong(const ui::Dialog& page) {
-    const auto& list = *page.FindAs<ui::ListBox>(kList);
-    if (!list.IsEnabled()) return "the list is disabled";
-    if (list.Count() > 0 && list.Selected() < 0) return "no row is selected";
-    for (int32_t row = 0; row < list.Count(); ++row) {
-        if (row != list.Selected() && Row(page, row).starts_with('*')) return "another row has the mark";
+// All pages have one scanner, which is connected anew: each shows what is stored, whoever stored it.
+std::string Monkey::Agree() {
+    if (m_foreign) OpenAnew(m_places.front());
+    for (Place& place : m_places) {
+        if (place.Dialog() == nullptr || place.foreign) OpenAnew(place);
+        // Also one that could not be told of events.
+        place.scanner = &m_scanner;
+        place.page.SetApi(m_scanner.api.get());
+        place.page.Select();
     }
-    const bool shown = IsShown(page);
-    const auto checked = [&](uint32_t box) { return page.FindAs<ui::CheckBox>(box)->IsChecked(); };
-    const struct {
-        uint32_t control;
-        bool enabled;
-    } kRules[] = {{207, shown && !checked(224)},
-                  {210, shown && !checked(224)},
-                  {204, shown},
-                  {206, shown},
-                  {218, shown && checked(225)},
-                  {219, shown && checked(225)},
-                  {214, shown},
-                  {217, shown},
-                  {212, shown},
-                  {224, shown},
-                  {225, shown},
-                  {253, shown}};
-    for (const auto& rule : kRules) {
-        if (page.Find(rule.control)->IsEnabled() != rule.enabled) {
-            return "the rule of " + std::to_string(rule.control);
-        }
+    m_scanner.hands->Disconnect();
+    Settle();
+    m_scanner.hands->Connect();
+    Settle();
+    m_stored = m_scanner.Stored();
+    m_agrees = true;
+    for (Place& place : m_places) {
+        if (place.Dialog() == nullptr) return std::string("no page of ") + place.kind.name;
+        place.fresh = true;
+        if (place.EditsProfiles() && !place.IsShown()) return place.kind.name + std::string(": no profile");
+        if (std::string wrong = Wrong(place); !wrong.empty()) return place.kind.name + (": " + wrong);
     }
-    for (size_t i = 0; shown && i < std::size(kSliders); ++i) {
-        const ui::Control& edit = *page.Find(kEdits[i]);
-        const int32_t position = page.FindAs<ui::TrackBar>(kSliders[i])->Position();
-        const std::wstring text = std::to_wstring(i == kExposure ? position / 100 : position);
-        // What is being typed may be anything.
-        if (!edit.HasFocus() && edit.Text() != text) return "the text in " + std::to_string(kEdits[i]);
-    }
-    return shown && m_trusted && !m_foreign ? WrongRows(page) : "";
-}
-
-std::string Monkey::WrongRows(const ui::Dialog& page) {
-    const auto& list = *page.FindAs<ui::ListBox>(kList);
-    const auto stored = m_scanner.Stored();
-    if (static_cast<size_t>(list.Count()) != stored.size()) return "not the rows that are stored";
-    const bool modified = HasEdits(page);
-    const std::string display_name = Row(page, list.Selected()).substr(modified ? 1 : 0);
-    const auto current = std::ranges::find_if(
-        stored, [&](const auto& each) { return each.second.display_name == display_name; });
-    if (current == stored.end()) return "the selected row is none that is stored";
-    const bool differs = !Shown(page).IsSame(current->second.values);
-    if (differs == modified) return "";
-    return (modified ? "the mark without an edit" : "the controls do not show what is stored") +
-           (" after: " + display_name) + TextOf(Shown(page)) + " instead of" + TextOf(current->second.values);
+    return DamagedPredefined();
 }
 
 // Nothing may be stuck: a scanner that is there again can be worked with.
 std::string Monkey::Revive() {
     m_script = std::make_unique<ui::Script>();
     m_scanner.hands->ClearFaults();
-    m_scanner.Settle();
-    if (m_foreign || m_page.Dialog() == nullptr) OpenAnew();
-    // Also one that could not be told of events.
-    m_page.SetApi(m_scanner.api.get());
-    m_page.Select();
-    m_scanner.hands->Connect();
-    m_scanner.Settle();
-    if (m_page.Dialog() == nullptr) return "no page";
-    m_page.Dialog()->SetFocus(nullptr);
-    if (!IsShown(*m_page.Dialog())) return "no profile is shown";
+    Settle();
+    std::string wrong = Agree();
+    for (Place& place : m_places) {
+        if (!wrong.empty()) break;
+        if (place.EditsProfiles()) wrong = Work(place);
+        if (!wrong.empty()) wrong = place.kind.name + (": " + wrong);
+    }
+    // What one has stored the others show.
+    if (wrong.empty()) wrong = Agree();
+    m_script.reset();
+    return wrong;
+}
+
+std::string Monkey::Work(Place& place) {
+    Turn(place, true);
+    place.Dialog()->SetFocus(nullptr);
     m_scanner.Calls();
-    ui::TrackBar& slider = Slider(kThreshold);
-    const int32_t position = slider.Position() == 70 ? 30 : 70;
-    m_page.Move({0, 0, 1000, 700});
+    auto& slider = place.At<ui::TrackBar>(kExposureSlider);
+    const int32_t position = slider.Position() == 7000 ? 3000 : 7000;
+    place.page.Move({0, 0, 1000, 700});
     User().Drag(slider, position);
     User().Drop(slider);
-    User().Type(At<ui::Edit>(kEdits[kExposure]), L"37");
-    User().Focus(List());
-    // Looking takes the simulated scanner longer than all the rest.
-    m_scanner.Fail("DetectExposureTime", E_FAIL, 0, 1, false);
-    User().Click(At<ui::Button>(kDetectButton));
-    const std::string calls = m_scanner.Calls();
-    if (slider.Position() != position || calls.find("ActivateDynamicSettings") == std::string::npos) {
+    if (slider.Position() != position ||
+        m_scanner.Calls().find("ActivateDynamicSettings") == std::string::npos) {
         return "a slider is not followed";
     }
-    if (calls.find("DetectExposureTime") == std::string::npos) return "nothing is detected";
+    User().Type(place.At<ui::Edit>(kExposureEdit), L"37");
+    User().Focus(place.List());
+    // Looking takes the simulated scanner longer than all the rest.
+    m_scanner.Fail("DetectExposureTime", E_FAIL, 0, 1, false);
+    User().Click(place.At<ui::Button>(kDetectButton));
+    if (m_scanner.Calls().find("DetectExposureTime") == std::string::npos) return "nothing is detected";
     m_script->TakeBoxes();
-    User().Key(List(), VK_F2);
+    User().Key(place.List(), VK_F2);
     if (m_script->TakeBoxes().empty() && m_script->TakeModals().empty()) return "the menu does nothing";
     m_script->AnswerMenu(32774);
-    User().ContextMenu(List(), {-1, -1});
-    if (HasEdits(*m_page.Dialog())) return "edits cannot be discarded";
-    Save();
+    User().ContextMenu(place.List(), {-1, -1});
+    if (place.HasEdits()) return "edits cannot be discarded";
+    Save(place);
     const bool told = !m_script->TakeBoxes().empty();
-    m_script.reset();
-    m_page.Close();
-    return m_may_close && !told ? "" : "it cannot be closed";
+    return place.may_close && !told ? "" : "it cannot be closed";
+}
+
+void Monkey::CloseAll() {
+    const uint32_t first = m_choice / 8, direction = m_choice / 64 % 2 + 1;
+    for (uint32_t i = 0; i < m_places.size(); ++i) Pick(m_places, first + i * direction).page.Close();
+    Settle();
 }
 
 }  // namespace hosted
