@@ -140,8 +140,8 @@ TEST_F(HandheldCalls, OfAWholeSession) {
     EXPECT_EQ(known, kCalls.size());
 }
 
-// States that come while another page is shown are kept, and nothing else is done: with the next one, or with
-// the handle that there is, the page goes on from there.
+// States that come while another page is shown are kept, and nothing else is done: with the next one, be it
+// of another hand-over, the page goes on from there.
 TEST_F(HandheldCalls, OfAPageThatIsNotShownAtFirst) {
     const std::string reopened = kSelection + kCreate + kAcquire + Prepared("$DARK");
     const struct {
@@ -156,8 +156,9 @@ TEST_F(HandheldCalls, OfAPageThatIsNotShownAtFirst) {
          },
          ""},
         {"shown, without a handle", [&] { m_page->OnSelected(); }, ""},
-        {"told again", [&] { Arrive({1}); },
-         kSelection + kProperties + kCreate + kAcquire + kLoad + Prepared("$DARK")},
+        {"handed over again", [&] { m_page->SetApi(m_api); },
+         "\nevents.Unadvise(1)" + kAdvise + kSelection + kProperties + kCreate + kAcquire + kLoad +
+             Prepared("$DARK")},
         {"left", [&] { m_page->OnDeselected(); }, kStop + kRest},
         {"disconnected", [&] { Arrive({0}); }, ""},
         {"shown, with the old handle", [&] { m_page->OnSelected(); }, kState},
