@@ -53,6 +53,7 @@ private:
         hosting::HostedPage page{};
         const Scanner* scanner = nullptr;  // whose API it has
         bool fresh = false;                // it shows what is stored
+        bool gone = false;                 // another page has removed or renamed the profile that it shows
         bool foreign = false;              // it was not told what to edit
         bool saved = false;                // the host has asked in this step
         bool may_close = false;
@@ -78,7 +79,7 @@ private:
     // Of a place before a step.
     struct Before {
         hx::WindowHandle window = 0;
-        std::string row;
+        std::string row;  // the selected one
         std::optional<Values> edits;
     };
     // What came of a step.

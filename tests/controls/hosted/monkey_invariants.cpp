@@ -45,7 +45,7 @@ Monkey::Before Monkey::BeforeStep(const Place& place) const {
     before.window = place.Dialog()->Handle();
     if (!place.EditsProfiles()) return before;
     before.row = place.SelectedRow();
-    const bool counts = !place.foreign && !m_foreign && place.IsShown() && !place.IsTyping();
+    const bool counts = !place.foreign && !m_foreign && !place.gone && place.IsShown() && !place.IsTyping();
     if (counts && place.HasEdits()) before.edits = place.Shown();
     return before;
 }
@@ -69,6 +69,7 @@ void Monkey::Judge(const Action& action, Place& actor, const Before& before, con
         // It may have been set up anew with what is not stored.
         if (!agreed && outcome.stores) place.fresh = false;
         if (changed && !(acts && may_store)) place.fresh = false;
+        place.gone = !place.fresh && place.EditsProfiles() && (place.gone || !StoredAs(place.SelectedRow()));
     }
     if (!clean || !outcome.stores || action.kind != stores || !actor.EditsProfiles()) return;
     if (actor.saved || actor.SelectedRow() != before.row) actor.fresh = true;
@@ -86,7 +87,7 @@ std::string Monkey::DamagedPredefined() const {
 
 std::string Monkey::LostEdits(const Place& place, const Before& before, bool may_go,
                               const Outcome& outcome) const {
-    if (!before.edits || may_go || StoredAs(before.row) == nullptr) return "";
+    if (!before.edits || may_go || place.gone) return "";
     if (place.HasEdits() && place.Shown().IsSame(*before.edits)) return "";
     const bool kept = std::ranges::any_of(m_stored, [&](const auto& each) {
         return place.kind.Seen(each.second.values).IsSame(*before.edits);
