@@ -1,8 +1,8 @@
 // hxctl exception: what a chain document, as components leave it in their error information, says to the
 // user.
-#include <nlohmann/json.hpp>
 
 #include "apps/hxctl/command.h"
+#include "apps/hxctl/json.h"
 #include "core/errors/MErrorCom.h"
 #include "core/locale/MLocalisationHelper.h"
 #include "core/messages/MErrorFormatter.h"
@@ -79,7 +79,7 @@ Outcome RunException(const ExceptionRequest& request, bool json) {
     const std::string codes = hx::ToUtf8(hx::ErrorCodesText(sent));
     const std::string rule = NameOfRule(formatted.score);
     if (json) {
-        const nlohmann::ordered_json answer = {
+        const Json answer = {
             {"message", message}, {"codes", codes}, {"rule", rule}, {"score", formatted.score}};
         return {kDone, answer.dump() + "\n", {}};
     }

@@ -3,11 +3,11 @@
 #include <charconv>
 #include <cmath>
 #include <iterator>
-#include <nlohmann/json.hpp>
 #include <type_traits>
 #include <vector>
 
 #include "apps/hxctl/command.h"
+#include "apps/hxctl/json.h"
 #include "core/filer/IOutFilerTaggedRegistry.h"
 #include "core/keys/MRegistryKeyLib.h"
 #include "platform/system/utf8.h"
@@ -16,7 +16,6 @@ namespace hxctl {
 namespace {
 
 using namespace Orvel::RegistryKeys;
-using Json = nlohmann::ordered_json;
 
 // One row for each kind of value: its name, what is taken for one, how it is read from text and shown.
 template <class T>

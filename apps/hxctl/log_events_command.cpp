@@ -1,9 +1,9 @@
 // hxctl log --events: what the component library's event store holds after a short session with it.
 #include <filesystem>
-#include <nlohmann/json.hpp>
 
 #include "apps/hosting/SettingsObject.h"
 #include "apps/hxctl/command.h"
+#include "apps/hxctl/json.h"
 #include "hxapi/ProfileSettingsType.h"
 #include "platform/com/loader.h"
 #include "platform/system/environment.h"
@@ -51,7 +51,7 @@ Outcome RunLogEvents(const std::string& file, bool json) {
     for (size_t line = dump.find("\n% "); line != std::string::npos; line = dump.find("\n% ", line + 1)) {
         ++events;
     }
-    if (json) return {kDone, nlohmann::ordered_json{{"file", file}, {"events", events}}.dump() + "\n", {}};
+    if (json) return {kDone, Json{{"file", file}, {"events", events}}.dump() + "\n", {}};
     return {kDone, std::to_string(events) + " events in " + file + "\n", {}};
 }
 

@@ -6,6 +6,7 @@
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/page/page_arguments.h"
 #include "apps/hxctl/registry_reports.h"
+#include "apps/hxctl/report/report_arguments.h"
 #include "apps/hxctl/scanner/scanner_arguments.h"
 #include "apps/hxctl/screenshot/screenshot_arguments.h"
 #include "core/errors/MException.h"
@@ -30,6 +31,7 @@ public:
         m_scanner.Add(app);
         m_page.Add(app);
         m_screenshot.Add(app);
+        m_report.Add(app);
         for (CLI::App* command : app.get_subcommands({})) AddJson(*command);
     }
 
@@ -156,6 +158,7 @@ private:
     hxctl::ScannerArguments m_scanner{m_run, m_json};
     hxctl::PageArguments m_page{m_run, m_json};
     hxctl::ScreenshotArguments m_screenshot{m_run, m_json};
+    hxctl::ReportArguments m_report{m_run, m_json};
 };
 
 }  // namespace

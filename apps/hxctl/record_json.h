@@ -3,13 +3,10 @@
 
 #include <limits>
 
-#include <nlohmann/json.hpp>
-
+#include "apps/hxctl/json.h"
 #include "core/records/RecordType.h"
 
 namespace hxctl {
-
-using Json = nlohmann::ordered_json;
 
 // Numbers that JSON cannot tell are the texts "nan", "inf" and "-inf".
 Json JsonOf(hx::FieldRef field);

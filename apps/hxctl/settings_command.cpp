@@ -1,8 +1,8 @@
 // hxctl settings: a settings object as the scanner API uses it, created through the component library.
-#include <nlohmann/json.hpp>
 
 #include "apps/hosting/SettingsObject.h"
 #include "apps/hxctl/command.h"
+#include "apps/hxctl/json.h"
 #include "core/errors/MErrorCom.h"
 #include "core/errors/MException.h"
 #include "platform/com/loader.h"
@@ -10,8 +10,6 @@
 
 namespace hxctl {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // What the object tells of its failure: the codes of the chain that it sends, empty if it sends none.
 std::string SentCodes(HRESULT result, IXmlBstrSerializable& settings) {

@@ -1,9 +1,9 @@
 // hxctl xml: is a document well-formed, and what elements does it hold? The tree is written front to back,
 // one element a line, so that neither depth nor size of a document matters.
-#include <nlohmann/json.hpp>
 #include <unordered_set>
 
 #include "apps/hxctl/command.h"
+#include "apps/hxctl/json.h"
 #include "core/xml/AttributeReader.h"
 #include "core/xml/MXmlDocument.h"
 #include "core/xml/XmlText.h"
@@ -30,7 +30,7 @@ Attributes AttributesOf(const hx::MXmlDocument& document) {
 }
 
 std::string Quoted(const std::string& text) {
-    return nlohmann::json(text).dump();
+    return Json(text).dump();
 }
 
 void AppendJson(std::string& out, const hx::MXmlDocument& document) {

@@ -48,10 +48,12 @@ HostDialog::HostDialog(SimulatedScanner& scanner, const HostTexts& texts, Window
           scanner, texts, [this](const std::wstring& text) { Say(text); },
           [this](const std::wstring& model) { ChangeModel(model); }),
       m_faults(scanner, texts, m_log, [this](const std::wstring& text) { Say(text, True::until_failed); }),
-      m_pages(scanner, texts, pages) {
+      m_pages(scanner, texts, pages),
+      m_report(scanner, m_pages, texts, [this](const std::wstring& text) { Say(text); }) {
     m_panel.BindTo(*this);
     m_faults.BindTo(*this);
     m_pages.BindTo(*this);
+    m_report.BindTo(*this);
     Bind(IDC_LOG, m_log.List());
     Bind(IDC_QUESTIONS, m_questions);
     Bind(IDC_STATUS, m_status);
@@ -68,6 +70,7 @@ bool HostDialog::OnInitDialog() {
     m_panel.Fill(m_memory.surface);
     m_faults.Fill();
     m_pages.Fill();
+    m_report.Fill();
     m_questions.SetToolTip(m_texts.Text(IDS_TIP_QUESTIONS));
     Find(IDCANCEL)->SetToolTip(m_texts.Text(IDS_TIP_CLOSE));
     Find(IDC_DISCARD)->SetToolTip(m_texts.Text(IDS_TIP_DISCARD));
@@ -90,7 +93,7 @@ void HostDialog::OnCommand(hx::ui::Control& control, uint32_t code) {
         m_log.ShowQuestions(m_questions.IsChecked());
     } else if (control.Id() == IDC_PAGES && code == CBN_SELCHANGE) {
         ShowPage();
-    } else if (!m_panel.OnCommand(control)) {
+    } else if (!m_report.OnCommand(control) && !m_panel.OnCommand(control)) {
         m_faults.OnCommand(control);
     }
 }
@@ -134,15 +137,15 @@ bool HostDialog::Save(uint32_t refused) {
     bool may_close = false;
     const hosting::Answer answer = m_pages.Save(may_close);
     if (!answer.IsDone()) {
-        std::wstring reason = NameOf(answer.result);
-        if (!answer.text.empty()) reason += L", " + answer.text;
-        Say(m_texts.Text(IDS_CALL_FAILED, {{L"call", L"Save"}, {L"reason", reason}}));
+        Say(m_texts.Text(IDS_CALL_FAILED, {{L"call", L"Save"}, {L"reason", ReasonOf(answer)}}));
         return false;
     }
     if (!may_close) {
         Say(m_texts.Text(refused), True::until_edited);
-    } else if (m_pages.IsOpen()) {
-        Say(m_texts.Text(IDS_SAVED, {{L"profile", m_scanner.DisplayNameOf(m_pages.Profile())}}),
+    } else if (m_pages.HasOpen()) {
+        const std::wstring profile = m_scanner.DisplayNameOf(m_pages.Profile());
+        // A page without profiles has nothing to name.
+        Say(profile.empty() ? m_texts.Text(IDS_SAVED_ALL) : m_texts.Text(IDS_SAVED, {{L"profile", profile}}),
             True::until_edited);
     }
     return may_close;
@@ -165,7 +168,7 @@ void HostDialog::ChangeModel(const std::wstring& model) {
 
 void HostDialog::ShowPage() {
     m_pages.ShowChosen();
-    EnableWithTip(m_save, m_pages.IsOpen(), m_texts, IDS_TIP_SAVE, IDS_TIP_NO_PAGE);
+    EnableWithTip(m_save, m_pages.HasOpen(), m_texts, IDS_TIP_SAVE, IDS_TIP_NO_PAGE);
 }
 
 void HostDialog::ForgetWhatIsOver() {

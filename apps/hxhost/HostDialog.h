@@ -11,6 +11,7 @@
 #include "apps/hxhost/FaultPanel.h"
 #include "apps/hxhost/HostTexts.h"
 #include "apps/hxhost/PageArea.h"
+#include "apps/hxhost/ReportPanel.h"
 #include "apps/hxhost/ScannerPanel.h"
 #include "apps/hxhost/SimulatedScanner.h"
 #include "apps/hxhost/WindowMemory.h"
@@ -69,6 +70,7 @@ private:
     ScannerPanel m_panel;
     FaultPanel m_faults;
     PageArea m_pages;
+    ReportPanel m_report;
     hx::ui::CheckBox m_questions;
     hx::ui::StaticText m_status;
     hx::ui::Button m_save;

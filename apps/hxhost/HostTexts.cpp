@@ -55,4 +55,9 @@ std::wstring NameOf(HRESULT result) {
     return *hx::FromUtf8(name);
 }
 
+std::wstring ReasonOf(const hosting::Answer& failure) {
+    const std::wstring name = NameOf(failure.result);
+    return failure.text.empty() ? name : name + L", " + failure.text;
+}
+
 }  // namespace hxhost

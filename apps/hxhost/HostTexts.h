@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "apps/hosting/HostedPage.h"
 #include "platform/com/hresult.h"
 #include "platform/module/module.h"
 
@@ -35,5 +36,7 @@ private:
 
 // "E_FAIL", or the number of a result that has no name.
 std::wstring NameOf(HRESULT result);
+// That, and what the page said of it.
+std::wstring ReasonOf(const hosting::Answer& failure);
 
 }  // namespace hxhost

@@ -1,8 +1,11 @@
 #include "apps/hxhost/PageArea.h"
 
+#include <algorithm>
+
 #include "apps/hosting/SettingsMap.h"
 #include "apps/hxhost/ids.h"
 #include "hxapi/HXScannerCtrlsClasses.h"
+#include "platform/com/loader.h"
 #include "platform/system/locale_data.h"
 
 namespace hxhost {
@@ -10,6 +13,8 @@ namespace {
 
 constexpr PageRow kPages[] = {
     {kProgIdHXMeasSettingsCtrl, IDS_PAGE_MEASUREMENT},
+    {kProgIdHXHandheldMeasSettingsCtrl, IDS_PAGE_HANDHELD},
+    {kProgIdHXDiagnosticsCtrl, IDS_PAGE_DIAGNOSTICS},
 };
 constexpr wchar_t kFunction[] = L"EditDynamicSettingsPresets";
 
@@ -62,20 +67,21 @@ void PageArea::ShowChosen() {
         Current().Show(true);
         answer = Current().Select();
     } else {
-        answer = Open();
+        answer = Open(m_current, true);
     }
     if (!answer.IsDone()) Explain(answer);
 }
 
 // A page knows whose profiles it edits, and is selected, when it meets the scanner: a state of the connection
 // sets up only a selected one.
-hosting::Answer PageArea::Open() {
-    hosting::HostedPage& page = Current();
-    hosting::Answer answer = page.Create(m_rows[m_current].prog_id);
+hosting::Answer PageArea::Open(size_t index, bool shown) {
+    hosting::HostedPage& page = m_pages.at(index);
+    hosting::Answer answer = page.Create(m_rows[index].prog_id);
     if (answer.IsDone()) answer = GiveSettings(page);
     if (answer.IsDone()) {
         const LCID locale = hx::LcidOf(m_texts.Tag()).value_or(0);
         answer = page.Open(*m_place.Parent(), m_place.Bounds(), locale);
+        if (!shown) page.Show(false);
     }
     if (answer.IsDone()) {
         answer = page.Initialise(m_scanner.Driver(), m_scanner.DeviceName(), kFunction,
@@ -83,9 +89,35 @@ hosting::Answer PageArea::Open() {
         // A page without it needs no profile.
         if (answer.result == DISP_E_MEMBERNOTFOUND) answer = {};
     }
-    if (answer.IsDone()) answer = page.Select();
+    if (answer.IsDone() && shown) answer = page.Select();
     if (answer.IsDone()) answer = page.SetApi(m_scanner.Api());
     if (!answer.IsDone()) page.Close();
+    return answer;
+}
+
+bool PageArea::HasOpen() const {
+    return std::ranges::any_of(m_pages, &hosting::HostedPage::IsCreated);
+}
+
+const PageRow* PageArea::Find(std::wstring_view prog_id) const {
+    const auto row = std::ranges::find(m_rows, prog_id, &PageRow::prog_id);
+    return row != m_rows.end() ? &*row : nullptr;
+}
+
+bool PageArea::IsInstalled(std::wstring_view prog_id) const {
+    const PageRow* const row = Find(prog_id);
+    CLSID clsid;
+    return row && SUCCEEDED(CLSIDFromProgID(row->prog_id, &clsid));
+}
+
+hosting::Answer PageArea::OpenBehind(std::wstring_view prog_id, hosting::HostedPage*& page) {
+    page = nullptr;
+    const PageRow* const row = Find(prog_id);
+    if (!row) return {CO_E_CLASSSTRING, {}};
+    const auto index = static_cast<size_t>(row - m_rows.data());
+    hosting::Answer answer;
+    if (!m_pages.at(index).IsCreated()) answer = Open(index, false);
+    if (answer.IsDone()) page = &m_pages.at(index);
     return answer;
 }
 
@@ -94,9 +126,7 @@ void PageArea::Explain(const hosting::Answer& failure) {
         m_place.SetText(m_texts.Text(IDS_NOT_INSTALLED, {{L"class", m_rows[m_current].prog_id}}));
         return;
     }
-    std::wstring reason = NameOf(failure.result);
-    if (!failure.text.empty()) reason += L", " + failure.text;
-    m_place.SetText(m_texts.Text(IDS_PAGE_FAILED, {{L"reason", reason}}));
+    m_place.SetText(m_texts.Text(IDS_PAGE_FAILED, {{L"reason", ReasonOf(failure)}}));
 }
 
 void PageArea::Close() {

@@ -8,6 +8,7 @@
 #include <deque>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "apps/hosting/HostedPage.h"
 #include "apps/hxhost/HostTexts.h"
@@ -44,6 +45,13 @@ public:
     // The chosen page gets the place, and is opened if it is not.
     void ShowChosen();
     bool IsOpen() const { return Current().IsCreated(); }
+    // One at least, shown or not.
+    bool HasOpen() const;
+    // Whether it is one of them, and could be created.
+    bool IsInstalled(std::wstring_view prog_id) const;
+    // The page of that class behind the one that is shown: it meets the scanner and is not selected. The one
+    // that is open already, selected or not. Null on failure.
+    hosting::Answer OpenBehind(std::wstring_view prog_id, hosting::HostedPage*& page);
     // All of them, with what was edited in them.
     void Close();
     void Move();
@@ -58,7 +66,10 @@ public:
 private:
     hosting::HostedPage& Current() { return m_pages.at(m_current); }
     const hosting::HostedPage& Current() const { return m_pages.at(m_current); }
-    hosting::Answer Open();
+    // Null for none of them.
+    const PageRow* Find(std::wstring_view prog_id) const;
+    // Shown and selected, or neither.
+    hosting::Answer Open(size_t index, bool shown);
     void Explain(const hosting::Answer& failure);
 
     SimulatedScanner& m_scanner;

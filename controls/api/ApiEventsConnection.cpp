@@ -26,6 +26,14 @@ void ApiEventsConnection::Advise(IUnknown* source, IUnknown* sink) {
     if (point && SUCCEEDED(point->Advise(sink, &cookie))) m_cookie = cookie;
 }
 
+std::optional<int32_t> ApiEventsConnection::Follow(IHXApi& api, IUnknown* sink) {
+    Advise(&api, sink);
+    int32_t state = HXNotConnected;
+    ComPtr<IErrorInfo> detail;
+    if (FAILED(api.GetConnectionState(&state, detail.put()))) return std::nullopt;
+    return state;
+}
+
 void ApiEventsConnection::Unadvise(IUnknown* source) {
     const DWORD cookie = std::exchange(m_cookie, kNotAdvised);
     if (cookie == kNotAdvised) return;

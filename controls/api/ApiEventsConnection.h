@@ -1,7 +1,10 @@
 // Whether a listener is advised on a scanner API, and by which cookie. On the thread of the user interface.
 #pragma once
 
-#include "platform/com/unknown.h"
+#include <cstdint>
+#include <optional>
+
+#include "hxapi/IHXApi.h"
 
 namespace hx {
 
@@ -15,6 +18,8 @@ public:
     // A source that has no such events, or refuses, leaves things as they are. Throws
     // FatalComError(E_FAIL) if there is a cookie.
     void Advise(IUnknown* source, IUnknown* sink);
+    // The same, and then asks for the state that the events go on from; nothing if the API does not tell.
+    std::optional<int32_t> Follow(IHXApi& api, IUnknown* sink);
     // Does nothing without a cookie; afterwards there is none.
     void Unadvise(IUnknown* source);
 

@@ -49,6 +49,7 @@ Reading Read(const ApiOperation& operation, IHXApi& api) noexcept {
     } catch (const MException& exception) {
         operation.Log(51, exception);
     } catch (...) {
+        // Of memory, which the log would need, too.
     }
     AtBoundary([&] {
         if (reading.failure.empty()) reading.failure = TextOrNumber(kStringInternalError);
@@ -83,13 +84,9 @@ void CDiagnosticsDlg::SetApi(ComPtr<IHXApi> api) {
     ForgetEvents();
     m_api = api;
     if (!api) return;
-    m_events.Advise(api.get(), MakeEventsSink().get());
-    int32_t state = HXNotConnected;
-    ComPtr<IErrorInfo> detail;
     const Scope scope(m_operations);
-    if (SUCCEEDED(api->GetConnectionState(&state, detail.put())) && scope.MayGoOn()) {
-        OnConnectionStateChange(state);
-    }
+    const auto state = m_events.Follow(*api, MakeEventsSink().get());
+    if (state && scope.MayGoOn()) OnConnectionStateChange(*state);
 }
 
 HRESULT CDiagnosticsDlg::OnSelected() {

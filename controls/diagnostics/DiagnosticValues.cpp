@@ -10,7 +10,7 @@ namespace {
 using HX = MHXFamilyDeviceProperties;
 
 constexpr uint32_t kStringUnknownDate = 34;
-constexpr uint32_t kStringInvalidDate = 2910;
+constexpr uint32_t kStringInvalidDate = 1020;
 
 template <auto kMember>
 std::wstring TextOf(const HX& device) {

@@ -16,6 +16,8 @@ namespace {
 // What is moved beside the sliders of the field of view.
 constexpr uint32_t kIndicator = 2;
 
+constexpr uint32_t kOfScanner[] = {kDetectButton, kWidthSlider, kHeightSlider, kIndicatorBox};
+
 PageLocations& HandheldLocations() {
     static PageLocations locations("CHandheldMeasSettingsDlg");
     return locations;
@@ -93,6 +95,20 @@ void CHandheldMeasSettingsDlg::FollowScanning(const Scope& scope, uint32_t moved
     if ((moved & kFieldOfView) == 0) return Session().ApplyGlobalScanningSettings(m_scanning);
     m_field_of_view.TakeInto(m_scanning);
     if (ApplyScanning(scope)) RefreshFrameRate();
+}
+
+// The profile can still be looked at.
+void CHandheldMeasSettingsDlg::OnScannerGone() noexcept {
+    AtBoundary([&] {
+        for (const uint32_t id : kOfScanner) {
+            ui::Control* const control = Find(id);
+            if (!control) continue;
+            control->Enable(false);
+            SetHelp(*control, *Module(), Disabled::kNotConnected);
+        }
+        return S_OK;
+    });
+    RefreshFrameRate();
 }
 
 void CHandheldMeasSettingsDlg::RefreshFrameRate() noexcept {

@@ -24,6 +24,9 @@ public:
     // A connection state was told, whatever becomes of it.
     virtual void NoteConnectionState() {}
 
+    // It came to its end: there is no scanner any more.
+    virtual void OnScannerGone() noexcept {}
+
     // Shows the failure to the operator and returns when that is done.
     virtual void ErrorBox(const MException& exception) noexcept = 0;
     // The wait cursor is shown as long as somebody holds this; it may outlive the page.

@@ -36,10 +36,11 @@ void ScannerSession::SetApi(ComPtr<IHXApi> api) {
     m_api = std::move(api);
     if (!m_api) return;
     m_presets->SetApi(m_api);
-    m_events.Advise(m_api.get(), m_page.MakeEventsSink().get());
-    int32_t state = HXNotConnected;
-    ComPtr<IErrorInfo> detail;
-    if (SUCCEEDED(m_api->GetConnectionState(&state, detail.put()))) OnConnectionStateChange(state);
+    // Who is called may hand over another one.
+    const ComPtr<IHXApi> held = m_api;
+    if (const auto state = m_events.Follow(*held, m_page.MakeEventsSink().get())) {
+        OnConnectionStateChange(*state);
+    }
 }
 
 void ScannerSession::OnSelected() {

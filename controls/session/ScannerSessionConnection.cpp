@@ -42,6 +42,7 @@ bool ScannerSession::FollowConnectionState(int32_t state) {
         m_handle.reset();
     }
     m_connection_state = state;
+    if (action == kReleaseAndDrop) m_page.OnScannerGone();
     return !reopen;
 }
 

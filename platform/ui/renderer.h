@@ -77,7 +77,12 @@ public:
     // The screen's, at 100 %: 96.
     virtual int32_t VerticalDotsPerInch() const = 0;
 
+    // What it shows windows with, and its version, in words for people: "Qt 6.4.2".
+    virtual std::wstring Name() const = 0;
+
     virtual void ShowWaitCursor(bool shown) = 0;
+    // Into the desktop's clipboard, in place of what is there; false if it does not take it.
+    virtual bool CopyToClipboard(const std::wstring& text) = 0;
     // What the mouse did that no window has been told of yet.
     virtual void DiscardMouseMessages() = 0;
     // Handles everything that has been posted and has to be painted, without waiting.

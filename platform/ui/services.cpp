@@ -57,6 +57,11 @@ void DiscardMouseMessages() {
     if (IRenderer* const renderer = CurrentRenderer()) renderer->DiscardMouseMessages();
 }
 
+bool CopyToClipboard(const std::wstring& text) {
+    IRenderer* const renderer = CurrentRenderer();
+    return renderer && renderer->CopyToClipboard(text);
+}
+
 std::wstring WithoutMnemonic(std::wstring_view text) {
     std::wstring plain;
     plain.reserve(text.size());

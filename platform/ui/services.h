@@ -1,4 +1,4 @@
-// What page code asks of the screen apart from its windows: boxes, menus, the wait cursor. On the thread of
+// What page code asks of the screen apart from its windows: boxes, menus, the wait cursor, the clipboard. On the thread of
 // the user interface; boxes and menus return when they are closed, and messages are dispatched meanwhile.
 // While a script is set (script.h), it answers.
 #pragma once
@@ -24,6 +24,8 @@ HX_PLATFORM_API uint32_t RunMenu(Window& owner, Point where, const std::vector<M
 // Shown as long as somebody holds one; needs no window.
 HX_PLATFORM_API std::shared_ptr<void> ShowWaitCursor();
 HX_PLATFORM_API void DiscardMouseMessages();
+// For the operator to paste elsewhere; false if there is no renderer, or it cannot.
+HX_PLATFORM_API bool CopyToClipboard(const std::wstring& text);
 
 // The text without the marks of a mnemonic; the mnemonic, small, 0 for none.
 HX_PLATFORM_API std::wstring WithoutMnemonic(std::wstring_view text);

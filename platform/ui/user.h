@@ -21,6 +21,8 @@ public:
     // from the clipboard.
     virtual bool Type(Edit& edit, const std::wstring& text) = 0;
     virtual bool Paste(Edit& edit, const std::wstring& text) = 0;
+    // What would be pasted now.
+    virtual std::wstring Clipboard() const = 0;
     virtual bool Choose(ComboBox& combo_box, int32_t index) = 0;
     // The thumb is dragged there and held; it is let go where it is; moved by a key or a click beside the
     // thumb (one of the codes from TB_LINEUP to TB_BOTTOM but those of the thumb).

@@ -1,6 +1,7 @@
 // hxctl page: what a script may say, what is answered to wrong lines, and the worked examples of its
 // document.
 #include <algorithm>
+#include <map>
 #include <sstream>
 
 #include "apps/hxctl/page/script_command.h"
@@ -24,8 +25,9 @@ std::vector<std::string> LinesOf(const std::string& text) {
 
 class PageScript : public Hxctl {
 protected:
-    std::vector<Json> Answers(const std::string& script, const std::string& options = {}) const {
-        const Answer answer = Run("page measurement --script - " + options, script);
+    std::vector<Json> Answers(const std::string& script, const std::string& options = {},
+                              const std::string& page = "measurement") const {
+        const Answer answer = Run("page " + page + " --script - " + options, script);
         std::vector<Json> answers;
         for (const std::string& line : LinesOf(answer.out)) answers.push_back(Json::parse(line));
         return answers;
@@ -156,6 +158,9 @@ TEST_F(PageScript, NobodyDoesWhatAPersonCouldNotDo) {
         {"menu Default Delete", "\"Delete\" is disabled"},
         {"menu @outside Delete", "no menu came up"},
         {"key Default F13", "column 13: no key \"F13\""},
+        {"drag 204 5000", ""},
+        {"drop 207", "is not being dragged"},
+        {"drop 204", ""},
     };
     CheckSaid(Answers(ScriptOf(rows)), rows);
 }
@@ -186,6 +191,53 @@ TEST_F(PageScript, PagesAreAddressedByName) {
     EXPECT_EQ(answers[12].at("messages"), Json::array());
 }
 
+// Of what drivers report: the values of type, serial number, both dates and mount rotation ("" for a hidden
+// one), as the page shows them, and what it says. Dates that it can show are as the user's locale has them.
+TEST_F(PageScript, DiagnosticsShowsWhatThereIsInTheDocument) {
+    constexpr const char* kNone = "Unknown (not connected)";
+    constexpr const char* kInternal = "An internal error occurred.";
+    const struct {
+        const char* model;
+        const char* document;  // "none" for the model's own
+        std::map<std::string, std::string> values;
+        const char* message;
+    } rows[] = {
+        {"HX", "none", {{"235", "HX (S/N HX-1042)"}, {"236", "HX-1042"}, {"238", ""}}, ""},
+        {"T820", "none", {{"235", "T820 (S/N 820-0147)"}, {"238", "60\u00B0"}}, ""},
+        {"Handheld", "none", {{"236", "HH-0031"}, {"238", ""}}, ""},
+        {"HX",
+         "properties_dates.xml",
+         {{"235", "T820 (S/N 820-0150)"},
+          {"231", "Unknown"},
+          {"234", "Invalid DateTime"},
+          {"238", "0\u00B0"}},
+         ""},
+        {"HX", "properties_other_scanner.xml", {{"235", "ZRD 60"}, {"236", ""}, {"231", "Unknown"}}, ""},
+        {"HX", "properties_no_device.xml", {{"235", kNone}, {"231", kNone}}, ""},
+        {"HX", "properties_newer_version.xml", {{"235", kNone}}, kInternal},
+        {"HX", "refused_not_xml.xml", {{"235", kNone}}, kInternal},
+    };
+    std::filesystem::create_symlink(HX_SOURCE_DIR "/docs/examples", m_folder / "documents");
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.model) + " " + row.document);
+        const std::string file =
+            std::string(row.document) == "none" ? "none" : std::string("documents/") + row.document;
+        std::string script = std::string("select\napi ") + row.model + "\nproperties " + file +
+                             "\nconnection 1\nmessages\nshow\n";
+        const std::vector<Json> answers = Answers(script, "", "diagnostics");
+        ASSERT_EQ(answers.size(), 6u);
+        std::map<std::string, std::string> shown;
+        for (const Json& control : answers[5].at("controls")) {
+            const std::string id = std::to_string(control.at("id").get<int>());
+            if (row.values.contains(id)) shown[id] = control.at("visible") ? control.at("text") : Json("");
+        }
+        EXPECT_EQ(shown, row.values);
+        std::string said;
+        for (const Json& message : answers[4].at("messages")) said += message.at("text");
+        EXPECT_EQ(said, row.message);
+    }
+}
+
 TEST_F(PageScript, EveryCommandIsInTheDocument) {
     const std::string document = DocumentText();
     for (const auto family : {hxctl::HostCommands(), hxctl::ApiCommands(), hxctl::PersonCommands(),
@@ -203,11 +255,19 @@ TEST_F(PageScript, EveryCommandIsInTheDocument) {
 TEST_F(PageScript, TheWorkedExamplesAnswerAsTheDocumentSays) {
     const std::string document = DocumentText();
     const std::string fence = "```json\n";
-    for (const auto& [name, exit] :
-         {std::pair("first_session", 0), std::pair("modified_profile", 0), std::pair("failing_scanner", 1)}) {
+    const struct {
+        const char* name;
+        const char* page;
+        int exit;
+    } examples[] = {{"first_session", "measurement", 0},
+                    {"modified_profile", "measurement", 0},
+                    {"failing_scanner", "measurement", 1},
+                    {"handheld", "handheld", 0},
+                    {"diagnostics", "diagnostics", 1}};
+    for (const auto& [name, page, exit] : examples) {
         std::filesystem::remove_all(m_folder / "data");
         const std::string path = std::string("/docs/examples/") + name + ".page";
-        const Answer answer = Run("page measurement --script '" HX_SOURCE_DIR + path + "'");
+        const Answer answer = Run(std::string("page ") + page + " --script '" HX_SOURCE_DIR + path + "'");
         EXPECT_EQ(answer.exit, exit) << name;
         const size_t place = document.find(fence, document.find(std::string("(examples/") + name));
         ASSERT_NE(place, std::string::npos) << name;

@@ -17,7 +17,7 @@ protected:
 };
 
 TEST_F(Screenshot, PagesAndThePreviewHavePictures) {
-    for (const std::string page : {"preview", "measurement"}) {
+    for (const std::string page : {"preview", "measurement", "handheld", "diagnostics"}) {
         const std::string file = page + ".png";
         const Answer answer = Run("screenshot " + page + " " + file +
                                   " --width 700 --height 500 --scale 2 --dark --locale ja-JP");
@@ -29,7 +29,7 @@ TEST_F(Screenshot, PagesAndThePreviewHavePictures) {
     }
 }
 
-// There is a picture all the same.
+// And what the page said meanwhile: there is a picture all the same.
 TEST_F(Screenshot, AScriptThatFailsIsTold) {
     const Answer answer =
         Run("screenshot measurement out.png --scale 2 --script -", "jump\nresize 16384 16384\nselect\n");
@@ -37,6 +37,10 @@ TEST_F(Screenshot, AScriptThatFailsIsTold) {
     EXPECT_NE(answer.err.find("no command \"jump\""), std::string::npos) << answer.err;
     EXPECT_NE(answer.err.find("line 2: the picture would be too large"), std::string::npos) << answer.err;
     EXPECT_EQ(Read("out.png").substr(1, 3), "PNG");
+    const Answer told = Run("screenshot diagnostics said.png --properties -", "no document");
+    EXPECT_EQ(told.exit, 0);
+    EXPECT_EQ(told.err, "hxctl: the page says: An internal error occurred.\n");
+    EXPECT_EQ(Read("said.png").substr(1, 3), "PNG");
 }
 
 TEST_F(Screenshot, WhatCannotBeDoneIsSaid) {
@@ -48,6 +52,9 @@ TEST_F(Screenshot, WhatCannotBeDoneIsSaid) {
                 {"measurement out.png --script nowhere", 1, "cannot be read"},
                 {"measurement out.png --script ''", 1, "cannot be read"},
                 {"measurement out.png --exposure 100", 2, "measurement takes no --exposure"},
+                {"diagnostics out.png --preset x", 2, "diagnostics takes no --preset"},
+                {"measurement out.png --properties nowhere", 1, "nowhere: No such file"},
+                {"measurement out.png --properties - --script -", 2, "cannot both be standard input"},
                 {"preview out.png --script -", 2, "preview takes no --script"},
                 {"preview out.png --locale xx-nothing", 2, "no locale"},
                 {"preview out.png --surface velvet", 2, "no surface"},

@@ -39,6 +39,7 @@ const std::vector<Room>& Rooms() {
         {"simulator/", {"settings/", "core/", "hxapi/", "platform/"}},
         {"server/", {"controls/", "settings/", "core/", "hxapi/", "platform/"}},
         {"apps/hxctl/", {"apps/hosting/", "settings/", "core/", "hxapi/", "platform/"}},
+        {"apps/hosting/report/", {"core/", "hxapi/", "platform/"}},
         {"apps/", {"hxapi/", "platform/"}},
         {"bench/", {"controls/", "preview/", "settings/", "core/", "hxapi/", "platform/"}},
         {"fuzz/", {"simulator/", "settings/", "core/", "hxapi/", "platform/"}},

@@ -107,6 +107,8 @@ TEST_F(Conformance, TheClassesAreListedAndAvailable) {
          {&IID_IUnknown, &IID_ICoMHXConnSettings, &IID_IXmlBstrSerializable}},
         {CLSID_HXScannerMeasSettingsCtrl, L"Orvel.HXScannerCtrls.HXMeasSettingsCtrl.1", L"", L"Apartment",
          kPage},
+        {CLSID_HXScannerHandheldMeasSettingsCtrl, L"Orvel.HXScannerCtrls.HXHandheldMeasSettingsCtrl.1", L"",
+         L"Apartment", kPage},
         {CLSID_HXScannerDiagnosticsCtrl, L"Orvel.HXScannerCtrls.HXDiagnosticsCtrl.1", L"", L"Apartment",
          kPage},
         {CLSID_HXScannerMeasSettingsPropPage,

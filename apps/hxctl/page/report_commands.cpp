@@ -11,18 +11,19 @@ namespace hxctl {
 namespace {
 
 void Show(PageHost& host, Words& words, Json& answer) {
-    Json& controls = answer["controls"] = Json::array();
+    Json controls = Json::array();
     if (words.empty()) {
         for (const hx::ui::Control* const each : host.Dialog().Controls()) controls.push_back(Report(*each));
     } else {
         const auto id = static_cast<uint32_t>(NumberOf(words[0], "the id of a control"));
         controls.push_back(Report(host.Control(id)));
     }
+    answer["controls"] = std::move(controls);
 }
 
 void Profiles(PageHost& host, Words& /*words*/, Json& answer) {
-    Json& rows = answer["rows"] = Json::array();
     const hx::ui::ListBox& list = host.ProfileList();
+    Json& rows = answer["rows"] = Json::array();
     for (int32_t i = 0; i < list.Count(); ++i) {
         const hx::ui::RowFacts facts = list.FactsOf(i);
         rows.push_back({{"text", hx::ToUtf8(list.RowText(i))},

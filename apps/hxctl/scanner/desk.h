@@ -45,6 +45,7 @@ public:
 
     IHXSimulator& Simulator() { return *m_simulator; }
     const hx::Bstr& Model() const { return m_model; }
+    std::wstring DriverName() const { return std::wstring(m_driver.view()); }
     const hx::Bstr& DeviceName() const { return m_device; }
 
 private:

@@ -42,7 +42,12 @@ public:
     Rectangle WorkArea(const Rectangle& /*window*/) const override { return kScreen; }
     int32_t VerticalDotsPerInch() const override { return kDotsPerInch; }
 
+    std::wstring Name() const override { return L"no screen"; }
     void ShowWaitCursor(bool shown) override { m_wait_cursors += shown ? 1 : -1; }
+    bool CopyToClipboard(const std::wstring& text) override {
+        m_user.SetClipboard(text);
+        return true;
+    }
     void DiscardMouseMessages() override { m_discarded += m_user.DropQueued(); }
     void Pump() override {
         constexpr int kRounds = 100;  // whoever posts to himself for ever does not hold up the caller

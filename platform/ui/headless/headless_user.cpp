@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
 
 #include "platform/ui/codes.h"
 #include "platform/ui/headless/headless_keys.h"
@@ -75,6 +74,7 @@ bool HeadlessUser::Type(Edit& edit, const std::wstring& text) {
 
 bool HeadlessUser::Paste(Edit& edit, const std::wstring& text) {
     if (!Focus(edit)) return false;
+    m_clipboard = text;
     edit.UserSelect({0, edit.Text().size()});
     EnterText(edit, text);
     return true;
@@ -95,7 +95,9 @@ bool HeadlessUser::Drag(TrackBar& track_bar, int32_t position) {
 }
 
 bool HeadlessUser::Drop(TrackBar& track_bar) {
-    if (std::exchange(m_dragged, nullptr) != &track_bar || !track_bar.Parent()) return false;
+    if (m_dragged != &track_bar) return false;
+    m_dragged = nullptr;
+    if (!track_bar.Parent()) return false;
     const Attachment attachment(track_bar);
     track_bar.UserScroll(TB_THUMBPOSITION, track_bar.Position());
     if (attachment.Get()) track_bar.UserScroll(TB_ENDTRACK);

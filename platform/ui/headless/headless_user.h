@@ -13,6 +13,7 @@ public:
     bool Leave(Control& control) override;
     bool Type(Edit& edit, const std::wstring& text) override;
     bool Paste(Edit& edit, const std::wstring& text) override;
+    std::wstring Clipboard() const override { return m_clipboard; }
     bool Choose(ComboBox& combo_box, int32_t index) override;
     bool Drag(TrackBar& track_bar, int32_t position) override;
     bool Drop(TrackBar& track_bar) override;
@@ -27,11 +28,13 @@ public:
     void QueueClick(Control& control) override;
     void QueueDrag(TrackBar& track_bar, int32_t position) override;
 
+    void SetClipboard(const std::wstring& text) { m_clipboard = text; }
     size_t DoQueued() { return m_queued.Do(*this); }
     size_t DropQueued() { return m_queued.Drop(); }
 
 private:
     QueuedInput m_queued;
+    std::wstring m_clipboard;
     const TrackBar* m_dragged = nullptr;  // compared only
 };
 

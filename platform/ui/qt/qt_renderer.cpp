@@ -3,6 +3,7 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QBuffer>
+#include <QClipboard>
 #include <QEventLoop>
 #include <QPixmap>
 #include <QScreen>
@@ -91,12 +92,24 @@ int32_t QtRenderer::VerticalDotsPerInch() const {
     return 96;
 }
 
+std::wstring QtRenderer::Name() const {
+    return L"Qt " + FromQt(QString::fromLatin1(qVersion()));
+}
+
 void QtRenderer::ShowWaitCursor(bool shown) {
     if (shown) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
     } else {
         QApplication::restoreOverrideCursor();
     }
+}
+
+// Some desktops take nothing from a program that has not the focus, and say nothing of it.
+bool QtRenderer::CopyToClipboard(const std::wstring& text) {
+    QClipboard* const clipboard = QGuiApplication::clipboard();
+    const QString copied = ToQt(text);
+    clipboard->setText(copied);
+    return clipboard->text() == copied;
 }
 
 void QtRenderer::DiscardMouseMessages() {

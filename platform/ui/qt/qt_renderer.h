@@ -19,7 +19,9 @@ public:
     Colour ColourOf(SystemColour colour) const override;
     Rectangle WorkArea(const Rectangle& window) const override;
     int32_t VerticalDotsPerInch() const override;
+    std::wstring Name() const override;
     void ShowWaitCursor(bool shown) override;
+    bool CopyToClipboard(const std::wstring& text) override;
     void DiscardMouseMessages() override;
     void Pump() override;
     IUser& User() override { return m_user; }

@@ -118,6 +118,10 @@ bool QtUser::Paste(Edit& edit, const std::wstring& text) {
     return true;
 }
 
+std::wstring QtUser::Clipboard() const {
+    return FromQt(QGuiApplication::clipboard()->text());
+}
+
 bool QtUser::Choose(ComboBox& combo_box, int32_t index) {
     const InCall call;
     if (index < 0 || static_cast<size_t>(index) >= combo_box.Items().size()) return false;

@@ -17,6 +17,7 @@ public:
     bool Leave(Control& control) override;
     bool Type(Edit& edit, const std::wstring& text) override;
     bool Paste(Edit& edit, const std::wstring& text) override;
+    std::wstring Clipboard() const override;
     bool Choose(ComboBox& combo_box, int32_t index) override;
     bool Drag(TrackBar& track_bar, int32_t position) override;
     bool Drop(TrackBar& track_bar) override;

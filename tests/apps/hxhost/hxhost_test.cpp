@@ -104,8 +104,8 @@ TEST_F(Host, TheCableAndTheModelReachThePage) {
         Connect(dialog);
         EXPECT_TRUE(Logged(dialog, L"Take the scanner"));
         EXPECT_FALSE(Logged(dialog, L"GetFrameRate"));
-        // Tab goes on from the choice of the page into the page.
-        EXPECT_TRUE(User().Focus(*dialog.Find(IDC_PAGES)));
+        // Tab goes on from above the page into the page.
+        EXPECT_TRUE(User().Focus(*dialog.Find(IDC_SERIALS)));
         EXPECT_TRUE(User().Key(dialog, VK_TAB));
         EXPECT_NE(PageOf(dialog)->Focused(), nullptr);
         EXPECT_FALSE(dialog.Find(IDC_MODEL)->IsEnabled());
@@ -193,12 +193,61 @@ TEST_F(Host, ACancelledSaveKeepsTheWindowOpenAndSaysWhy) {
     EXPECT_EQ(m_script.Unanswered(), 0u);
 }
 
+TEST_F(Host, TheReportIsCopiedWhateverPageIsShownAndWithoutSerialNumbers) {
+    Run([this](HostDialog& dialog) {
+        Connect(dialog);
+        hx::ui::Dialog* const shown = PageOf(dialog);
+        const auto serial_numbers_in_copy = [&](uint32_t said) {
+            Click(dialog, IDC_REPORT);
+            EXPECT_EQ(dialog.Find(IDC_STATUS)->Text(), m_texts.Text(said));
+            EXPECT_NE(User().Clipboard().find(m_texts.Text(IDS_WORD_TITLE)), std::wstring::npos);
+            return User().Clipboard().find(L"1042") != std::wstring::npos;
+        };
+        EXPECT_FALSE(serial_numbers_in_copy(IDS_REPORT_COPIED));
+        EXPECT_NE(User().Clipboard().find(m_texts.Text(IDS_WORD_LEFT_OUT)), std::wstring::npos);
+        Click(dialog, IDC_SERIALS);
+        EXPECT_TRUE(serial_numbers_in_copy(IDS_REPORT_COPIED_WHOLE));
+        EXPECT_TRUE(shown->IsShown());
+        ChooseItem(dialog, IDC_PAGES, m_texts.Text(IDS_PAGE_DIAGNOSTICS));
+        EXPECT_FALSE(shown->IsShown());
+        EXPECT_TRUE(dialog.IsPageOpen());
+        Click(dialog, IDC_SERIALS);
+        EXPECT_FALSE(serial_numbers_in_copy(IDS_REPORT_COPIED));
+        Click(dialog, IDOK);
+        EXPECT_EQ(dialog.Find(IDC_STATUS)->Text(), m_texts.Text(IDS_SAVED_ALL));
+    });
+    EXPECT_EQ(m_script.TakeBoxes().size(), 0u);
+}
+
+TEST_F(Host, AllPagesStayOpenAndFollowTheScanner) {
+    Run([this](HostDialog& dialog) {
+        std::vector<hx::ui::Dialog*> pages;
+        const auto visit_all = [&](const std::function<void()>& visit) {
+            for (const PageRow& row : Pages()) {
+                ChooseItem(dialog, IDC_PAGES, m_texts.Text(row.name));
+                EXPECT_TRUE(dialog.IsPageOpen()) << row.name;
+                visit();
+            }
+        };
+        visit_all([&] { Click(dialog, State(dialog) == 0 ? IDC_PLUG : IDC_UNPLUG); });
+        visit_all([&] {
+            Click(dialog, State(dialog) == 0 ? IDC_PLUG : IDC_UNPLUG);
+            const int32_t state = State(dialog);
+            EXPECT_TRUE(Until([&] { return State(dialog) != state; }));
+        });
+        Click(dialog, IDC_UNPLUG);
+    });
+    EXPECT_EQ(m_script.TakeBoxes().size(), 0u);
+}
+
 TEST_F(Host, APageThatIsNotInstalledSaysSoAndTheWindowCloses) {
     constexpr PageRow kPages[] = {{L"Nobody.Nothing.1", IDS_PAGE_MEASUREMENT}};
     Run(
-        [](HostDialog& dialog) {
+        [this](HostDialog& dialog) {
             EXPECT_NE(dialog.Find(IDC_PAGE_PLACE)->Text().find(L"Nobody.Nothing.1"), std::wstring::npos);
             EXPECT_FALSE(dialog.Find(IDOK)->IsEnabled());
+            EXPECT_FALSE(dialog.Find(IDC_REPORT)->IsEnabled());
+            EXPECT_EQ(dialog.Find(IDC_REPORT)->ToolTip(), m_texts.Text(IDS_TIP_NO_REPORT));
             Click(dialog, IDCANCEL);
             EXPECT_TRUE(dialog.HasEnded());
         },

@@ -15,12 +15,8 @@ namespace {
 
 using Scanner = MHXFamilyDeviceProperties;
 
-std::string OfAll(const std::string& text) {
-    std::string all = text;
-    for (int i = 1; i < 7; ++i) all += "|" + text;
-    return all;
-}
-const std::string kNotKnown = OfAll("Unknown (not connected)");
+const std::string kNothing = "Unknown (not connected)";
+const std::string kNotKnown = kNothing + "|" + kNothing + "|" + kNothing + "|" + kNothing + "|";
 const std::string kKnown = "HX-L|17|1/31/24|2/29/24|-|3.1|B";
 
 class DiagnosticsPage : public testing::Test {
@@ -47,16 +43,14 @@ protected:
         ui::SetRenderer(nullptr);
         unsetenv("LC_ALL");
     }
-    std::wstring Document(const Scanner& device, std::wstring_view without = {}) {
+    std::wstring Document(const Scanner& device, const std::wstring& without = {}) {
         MOutFilerTaggedXml writer(MPropertiesHelper::kRoot);
         MFilerTaggedPair filer(writer);
         EXPECT_TRUE(MPropertiesHelper::WriteDocument(filer, MCommonDriverProperties(), device));
         std::wstring text = writer.TakeText();
         if (without.empty()) return text;
-        const std::wstring element(without);
-        const size_t begin = text.find(L"<" + element + L">");
-        const size_t end = text.find(L"</" + element + L">");
-        return text.erase(begin, end + element.size() + 3 - begin);
+        const size_t begin = text.find(L"<" + without + L">");
+        return text.erase(begin, text.find(L"</" + without + L">") + without.size() + 3 - begin);
     }
     void Create() { EXPECT_FALSE(page->Create(MResourceLocale::ResourceModule(), page->kTemplate, &m_host)); }
     // A new one with a new API, in that state.
@@ -69,11 +63,8 @@ protected:
         api = Make<scripted::Api>(script).as<IHXApi>();
         page->SetApi(api);
     }
-    void Post(int32_t state) {
-        PostWindowMessage(page->Handle(), {WM_HX_CONNECTION_STATE, static_cast<uint64_t>(state), 0});
-    }
     void Arrive(int32_t state) {
-        Post(state);
+        PostWindowMessage(page->Handle(), {WM_HX_CONNECTION_STATE, static_cast<uint64_t>(state), 0});
         DispatchMessages();
     }
     std::string Shown() {
@@ -85,15 +76,6 @@ protected:
         EXPECT_EQ(page->Find(232)->IsVisible(), page->Find(238)->IsVisible());
         return shown;
     }
-    std::string Boxes() {
-        std::string text;
-        for (const auto& box : boxes.TakeBoxes()) {
-            EXPECT_EQ(box.icon, ui::BoxIcon::error);
-            text += ToUtf8(box.text) + "\n";
-        }
-        return text;
-    }
-
     scripted::Script script;
     Scanner scanner;
     ui::Script boxes;
@@ -133,11 +115,9 @@ TEST_F(DiagnosticsPage, ShowsWhatTheDriverTells) {
         {Document(scanner, L"ScannerManufacturingDate"), "HX-L|17|Unknown|2/29/24|-|3.1|B"},
         {changed(kMade, CalendarDate{}), "HX-L|17|Unknown|2/29/24|-|3.1|B"},
         {changed(kMade, CalendarDate{2023, 2, 29}), "HX-L|17|Invalid DateTime|2/29/24|-|3.1|B"},
-        {changed(kMade, CalendarDate{99, 1, 1}), "HX-L|17|Invalid DateTime|2/29/24|-|3.1|B"},
-        {changed(kMade, CalendarDate{2024, 1, 0}), "HX-L|17|Invalid DateTime|2/29/24|-|3.1|B"},
     };
     Open(HXNotConnected);
-    EXPECT_EQ(Shown(), kNotKnown);
+    EXPECT_EQ(Shown(), kNotKnown + kNothing + "|" + kNothing + "|" + kNothing);
     EXPECT_EQ(script.Calls(), "GetConnectionState");
     for (const auto& row : rows) {
         script.properties = row.document;
@@ -151,17 +131,15 @@ TEST_F(DiagnosticsPage, ShowsWhatTheDriverTells) {
     // A device without a name is not shown at all; the row that is hidden stays so.
     script.properties = Document(Scanner());
     Arrive(1);
-    EXPECT_EQ(Shown(), std::string(kNotKnown).replace(kNotKnown.size() * 4 / 7 + 1, 23, "-"));
-    EXPECT_EQ(Boxes(), "");
+    EXPECT_EQ(Shown(), kNotKnown + "-|" + kNothing + "|" + kNothing);
+    EXPECT_TRUE(boxes.TakeBoxes().empty());
 }
 
 TEST_F(DiagnosticsPage, TellsWhatFailsAndShowsNothing) {
-    const std::string internal = "An internal error occurred.\n";
-    const std::string refused = "Unable to retrieve scanner properties.";
-    const std::string installation =
-        "Unable to retrieve scanner properties due to an installation problem.\n";
+    const std::string internal = "An internal error occurred.";
+    const std::string refused = "Unable to retrieve scanner properties";
     const struct {
-        const char* call;
+        std::string call;
         HRESULT result;
         std::wstring detail;
         std::string box;
@@ -169,9 +147,9 @@ TEST_F(DiagnosticsPage, TellsWhatFailsAndShowsNothing) {
         {"GetCurrentProfile", E_FAIL, L"not for users", internal},
         {"GetDriverSelection", E_ABORT, L"", internal},
         {"GetDeviceManager", E_FAIL, L"", internal},
-        {"GetDriverProperties", E_FAIL, L"The %s cable is loose.", refused + " The %s cable is loose.\n"},
-        {"GetDriverProperties", E_FAIL, L"", refused + "\n"},
-        {"GetDriverProperties", E_ABORT, L"The cable is loose.", installation},
+        {"GetDriverProperties", E_FAIL, L"The %s cable is loose.", refused + ". The %s cable is loose."},
+        {"GetDriverProperties", E_FAIL, L"", refused + "."},
+        {"GetDriverProperties", E_ABORT, L"It is loose.", refused + " due to an installation problem."},
         {"two drivers", S_OK, L"", internal},
         {"no document", S_OK, L"", internal},
     };
@@ -182,11 +160,14 @@ TEST_F(DiagnosticsPage, TellsWhatFailsAndShowsNothing) {
         if (FAILED(row.result)) script.failures[row.call] = {row.result, 0};
         script.fails_once = true;
         script.detail = row.detail;
-        if (row.call == std::string("two drivers")) script.drivers = {L"arm", L"driver"};
-        if (row.call == std::string("no document")) script.properties = L"<Properties/>";
+        if (row.call == "two drivers") script.drivers = {L"arm", L"driver"};
+        if (row.call == "no document") script.properties = L"<Properties/>";
         boxes.while_box = [&] { EXPECT_EQ(Shown(), kKnown); };
         Arrive(1);
-        EXPECT_EQ(Boxes(), row.box);
+        const auto shown = boxes.TakeBoxes();
+        ASSERT_EQ(shown.size(), 1u);
+        EXPECT_EQ(ToUtf8(shown[0].text), row.box);
+        EXPECT_EQ(shown[0].icon, ui::BoxIcon::error);
         EXPECT_EQ(Shown().find("HX-L"), std::string::npos);
         script.drivers = {L"arm", L"", L"driver"};
     }
@@ -233,7 +214,7 @@ TEST_F(DiagnosticsPage, FollowsWhatComesMeanwhileAfterwards) {
     for (const auto& row : rows) {
         for (const bool box : {true, false}) {
             SCOPED_TRACE(std::string(row.what) + (box ? ", box" : ", call"));
-            Open(HXNotConnected);
+            Open(HXNotConnected, false);
             script.state = HXConnected;
             script.fails_once = true;
             if (box) script.failures["GetDriverProperties"] = {E_FAIL, 0};

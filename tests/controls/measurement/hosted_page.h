@@ -1,4 +1,4 @@
-// The measurement page inside a host's window, through its component interfaces alone, with the simulated
+// A settings page inside a host's window, through its component interfaces alone, with the simulated
 // scanner API; what it calls there is told as text. Everything that the registry may switch on is on.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Whole sessions of the measurement page, call by call, as its control's host sees them; what follows from
+// Whole sessions of the settings pages, call by call, as their controls' host sees them; what follows from
 // each change of the connection, and what an operator sees. With and without a screen.
 #include "tests/controls/measurement/hosted_page.h"
 #include "platform/com/text_array.h"
@@ -19,7 +19,9 @@ protected:
             EXPECT_EQ(Text(), step.calls) << step.what;
         }
     }
-    const Step m_create = {"created", [this] { Create(); }, "initialiser.GetHXApi[]\napi.GetLocale[]\n"};
+    const wchar_t* m_prog_id = kProgIdHXMeasSettingsCtrl;
+    const Step m_create = {"created", [this] { Create(m_prog_id); },
+                           "initialiser.GetHXApi[]\napi.GetLocale[]\n"};
     const Step m_initialise = {"initialised", [this] { Initialise(L"$DARK"); }, ""};
     const Step m_select = {"selected", [this] { m_page->OnSelected(); }, ""};
 };
@@ -65,13 +67,28 @@ const std::string kRows = "handle.GetExposureTimeInRows[]\n";
 std::string Activate(const std::string& profile) {
     return "handle.ActivateDynamicSettings[" + profile + "]\n" + kRows;
 }
+// In what the sessions of the two pages differ.
+struct PageCalls {
+    const char* name;
+    const wchar_t* prog_id;
+    std::string read;    // of the scanner, whenever a profile is shown
+    std::string labels;  // of the speed, for a profile that was not shown before
+    std::string set_up;  // at the end
+    bool is_handheld;    // stores states that come while another page is shown; resumes a suspended scanner
+};
+const PageCalls kPages[] = {
+    {"measurement", kProgIdHXMeasSettingsCtrl, kRead, kRate, "", false},
+    {"handheld", kProgIdHXHandheldMeasSettingsCtrl,
+     "handle.GetFovManagementConfig[]\nhandle.GetGlobalScanningSettings[HX]\n", "", kRate, true},
+};
+
 std::string Store(const std::string& selected, const std::string& own = "") {
     return "handle.SaveDynamicSettingsPresets[HX,[$DEFAULT,$SHINY,$DARK,$SHEETMETAL" + own + "]," + selected +
            "]\n";
 }
 // A profile is shown: as it is stored, with the labels of the speed, then as it is edited.
-std::string Show(const std::string& profile, const std::string& own = "") {
-    return kRead + kRate + Activate(profile) + Store(profile, own) + kRead + Activate(profile);
+std::string Show(const std::string& profile, const std::string& own = "", const PageCalls& page = kPages[0]) {
+    return page.read + page.labels + Activate(profile) + Store(profile, own) + page.read + Activate(profile);
 }
 const std::string kSetUp = kNewPresets + kGains + kRange;
 const std::string kStop = "recorder.StopTrackingDataRecording[]\nhandle.DisableScanner[]\n";
@@ -123,7 +140,17 @@ TEST_F(HostedPage, WithAScannerFromTheBeginning) {
     });
 }
 
-TEST_F(HostedPage, WithACableThatComesAndGoes) {
+class HostedPages : public HostedPage, public testing::WithParamInterface<size_t> {
+protected:
+    HostedPages() { m_prog_id = m_calls.prog_id; }
+    // With which a set-up ends.
+    std::string SetUpWith(const std::string& profile, const std::string& own = "") const {
+        return Show(profile, own, m_calls) + m_calls.set_up;
+    }
+    const PageCalls& m_calls = kPages[GetParam()];
+};
+
+TEST_P(HostedPages, WithACableThatComesAndGoes) {
     const std::string afresh = kSelection + kCreateHandle + kAcquire + kSetUp;
     Check({
         m_create,
@@ -133,10 +160,12 @@ TEST_F(HostedPage, WithACableThatComesAndGoes) {
          kAdvise + kCreateOffline + kAsk + kLoad + kNewPresets + kRange + Store("$DARK")},
         {"nothing is sent",
          [&] {
-             User().Scroll(At<hx::ui::TrackBar>(207), TB_PAGEUP);
-             EXPECT_FALSE(User().Scroll(At<hx::ui::TrackBar>(289), TB_PAGEUP));
+             auto& power = At<hx::ui::TrackBar>(207);
+             const int32_t before = power.Position();
+             SetTrackBar(User(), power, 50);
+             EXPECT_FALSE(User().Scroll(At<hx::ui::TrackBar>(m_calls.is_handheld ? 277 : 289), TB_PAGEUP));
              EXPECT_FALSE(User().Click(At<hx::ui::Button>(269)));
-             User().Scroll(At<hx::ui::TrackBar>(207), TB_PAGEDOWN);
+             SetTrackBar(User(), power, before);
          },
          ""},
         {"plugged in",
@@ -145,11 +174,11 @@ TEST_F(HostedPage, WithACableThatComesAndGoes) {
              Handle();
          },
          Raised("021") + kRest + kSelection + kProperties + kCreateHandle + kAcquire + kSetUp +
-             Show("$DARK")},
+             SetUpWith("$DARK")},
         {"suspended", [&] { Arrive(2); }, Raised("2")},
-        {"a suspended one is left alone", [&] { User().Scroll(At<hx::ui::TrackBar>(207), TB_PAGEUP); }, ""},
+        {"a suspended one is left alone", [&] { SetTrackBar(User(), At<hx::ui::TrackBar>(207), 50); }, ""},
         {"resumed by itself", [&] { Arrive(1); },
-         Raised("1") + kRest + afresh + kRead + kRate + Activate("$DARK")},
+         Raised("1") + kRest + afresh + m_calls.read + m_calls.labels + Activate("$DARK") + m_calls.set_up},
         {"another page is shown", [&] { m_page->OnDeselected(); }, kStop + kRest},
         {"this one again", [&] { m_page->OnSelected(); }, kAcquire + Activate("$DARK")},
         {"detection", [&] { User().Click(At<hx::ui::Button>(269)); },
@@ -175,7 +204,7 @@ TEST_F(HostedPage, WithACableThatComesAndGoes) {
          },
          // The first state already finds the scanner there, which the page does not take as connected yet.
          Raised("021") + kSelection + kCreateHandle + kAcquire + kNewPresets + kRange + Store("Own", ",Own") +
-             kRest + afresh + Show("Own", ",Own")},
+             kRest + afresh + SetUpWith("Own", ",Own")},
         {"another page is shown", [&] { m_page->OnDeselected(); }, kStop + kRest},
         {"pulled out unseen",
          [&] {
@@ -183,22 +212,25 @@ TEST_F(HostedPage, WithACableThatComesAndGoes) {
              Handle();
          },
          Raised("10")},
-        // As it was when it was left.
-        {"this one again", [&] { m_page->OnSelected(); }, kAsk + Activate("Own")},
+        {"this one again", [&] { m_page->OnSelected(); },
+         kAsk + (m_calls.is_handheld ? "" : Activate("Own"))},
         {"plugged in again",
          [&] {
              m_hands->Connect();
              Handle();
          },
-         Raised("021") + kStop + kRest + kSelection + kCreateHandle + kAcquire + kNewPresets + kRange +
-             Store("Own", ",Own") + kRest + afresh + Show("Own", ",Own")},
+         Raised("021") +
+             (m_calls.is_handheld ? ""
+                                  : kStop + kRest + kSelection + kCreateHandle + kAcquire + kNewPresets +
+                                        kRange + Store("Own", ",Own")) +
+             kRest + afresh + SetUpWith("Own", ",Own")},
         {"closed", [&] { Close(); }, "handle.CloseHandle[]\nevents.Unadvise[1]\n" + kStop + kRest},
     });
 }
 
-TEST_F(HostedPage, OfAHostThatDoesNotSayWhatItConfigures) {
+TEST_P(HostedPages, OfAHostThatDoesNotSayWhatItConfigures) {
     m_hands->SetConnectionState(HXConnected, FALSE);
-    const std::string shown = kAcquire + kLoad + kSetUp + Show("$DEFAULT");
+    const std::string shown = kAcquire + kLoad + kSetUp + SetUpWith("$DEFAULT");
     const auto hand_over = [&] { m_page->SetHXApi(m_api.get()); };
     Check({
         m_create,
@@ -217,50 +249,54 @@ TEST_F(HostedPage, OfAHostThatDoesNotSayWhatItConfigures) {
          kAdvise + kAsk + "api.CreateCalibrationHandle[]\n" + kAsk + kNewPresets +
              "handle.GetMaxExposureTime[]\n"},
         {"plugged in", [&] { Arrive(2), Arrive(1); },
-         Raised("21") + kRest + kSelection + kProperties + kCreateHandle + kAcquire + kSetUp},
+         Raised("21") + kRest + kSelection + kProperties + kCreateHandle + kAcquire + kSetUp +
+             m_calls.set_up},
         {"closed", [&] { Close(); }, "handle.CloseHandle[]\nevents.Unadvise[3]\n" + kStop + kRest},
     });
 }
 
-TEST_F(HostedPage, OfAProfileForOnce) {
+TEST_P(HostedPages, OfAProfileForOnce) {
     m_hands->SetConnectionState(HXConnected, FALSE);
+    const std::string shown = m_calls.read + m_calls.labels + Activate("$CUSTOM") + Store("$DEFAULT") +
+                              m_calls.read + Activate("$CUSTOM");
     Check({
         m_create,
         {"initialised", [&] { Initialise(L"$CUSTOM"); }, ""},
         m_select,
         {"handed over", [&] { m_page->SetHXApi(m_api.get()); },
          kAdvise + kSelection + kProperties + kCreateHandle + kAcquire + kLoad +
-             "handle.CreateDynamicSettingsPreset[]\n" + Store("$DEFAULT", ",$CUSTOM") + kSetUp + kRead +
-             kRate + Activate("$CUSTOM") + Store("$DEFAULT") + kRead + Activate("$CUSTOM")},
+             "handle.CreateDynamicSettingsPreset[]\n" + Store("$DEFAULT", ",$CUSTOM") + kSetUp + shown +
+             m_calls.set_up},
         {"closing",
          [&] {
              EXPECT_TRUE(Save());
              EXPECT_EQ(Reported(), "$CUSTOM");
          },
-         kRead + kRate + Activate("$CUSTOM") + Store("$DEFAULT") + kRead + Activate("$CUSTOM") +
-             Store("$DEFAULT")},
+         shown + Store("$DEFAULT")},
         {"another one instead", [&] { Initialise(L"$SHINY"); }, ""},
         {"and set up", [&] { Arrive(0), Arrive(1); },
          Raised("0") + kStop + kRest + Raised("1") + kSelection + kCreateHandle + kAcquire + kSetUp +
-             Show("$SHINY")},
+             SetUpWith("$SHINY")},
     });
 }
 
-TEST_F(HostedPage, FollowsTheConnectionByItsTable) {
-    const std::string without = kAsk + kNewPresets + kRange + Store("$DARK");
-    const std::string with = kAcquire + kSetUp + Show("$DARK");
+TEST_P(HostedPages, FollowsTheConnectionByItsTable) {
+    const std::string nothing = kNewPresets + kRange + Store("$DARK");
+    const std::string without = kAsk + nothing + m_calls.set_up;
+    const std::string resumed = kRest + kAsk + (m_calls.is_handheld ? "api.Resume[]\n" : "") + nothing;
+    const std::string with = kAcquire + kSetUp + SetUpWith("$DARK");
     const struct {
         int32_t before, after;
         std::string ready, not_ready;
     } kTable[] = {
-        {0, 0, "", kRest + without},
+        {0, 0, "", kRest + kAsk + nothing},
         // A handle from the time without a scanner does for none.
         {0, 1, "", kStop + kRest + without},
-        {0, 2, "", kRest + without},
+        {0, 2, "", resumed},
         {0, 5, "", ""},
         {1, 0, kStop + kRest, kStop + kRest},
         {1, 1, "", kStop + kRest + with},
-        {1, 2, "", ""},
+        {1, 2, "", m_calls.is_handheld ? resumed : ""},
         {1, -1, "", ""},
         {2, 0, kRest, kRest},
         {2, 1, kRest + kSelection + kProperties + kCreateHandle + with, kStop + kRest + without},
@@ -273,7 +309,7 @@ TEST_F(HostedPage, FollowsTheConnectionByItsTable) {
         for (const std::string page : {"ready", "not ready", "not selected"}) {
             SCOPED_TRACE(page + ", " + std::to_string(row.before) + " to " + std::to_string(row.after));
             m_hands->SetConnectionState(row.before == 5 ? 0 : row.before, FALSE);
-            Create();
+            Create(m_prog_id);
             Initialise(L"$DARK");
             m_page->OnSelected();
             m_page->SetHXApi(m_api.get());
@@ -294,6 +330,9 @@ TEST_F(HostedPage, FollowsTheConnectionByItsTable) {
         }
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, HostedPages, testing::Range(size_t{0}, std::size(kPages)),
+                         [](const auto& page) { return kPages[page.param].name; });
 
 // The places of the sliders with the texts of their edits, the check boxes, and the profile.
 std::string StateOf(const hx::ui::Dialog& page) {
@@ -374,6 +413,28 @@ TEST_F(HostedPage, ShowsWhatItsOperatorDoes) {
     }
     EXPECT_TRUE(Save());
     EXPECT_EQ(Reported(), "Castings");
+}
+
+// The click that takes the focus from an edit is the page's as well.
+TEST_F(HostedPage, AnEditOutOfRangeIsComplainedOfOnceAndTheClickCounts) {
+    m_hands->SetConnectionState(HXConnected, FALSE);
+    for (const bool closes : {false, true}) {
+        Create(kProgIdHXHandheldMeasSettingsCtrl);
+        Initialise(L"$DARK");
+        m_page->OnSelected();
+        m_page->SetHXApi(m_api.get());
+        ASSERT_TRUE(User().Type(At<hx::ui::Edit>(210), L"101"));
+        if (closes) script.while_box = [&] { Close(); };
+        User().Click(At<hx::ui::CheckBox>(253));
+        script.while_box = nullptr;
+        const auto boxes = script.TakeBoxes();
+        ASSERT_EQ(boxes.size(), 1U);
+        EXPECT_EQ(boxes.front().text, L"Enter an integer between 1 and 100.");
+        if (closes) break;
+        EXPECT_EQ(At(210).Text(), L"10") << "what was typed before it was too much";
+        EXPECT_TRUE(At<hx::ui::CheckBox>(253).IsChecked());
+        Close();
+    }
 }
 
 // The preview has the room that sliders of the field of view leave, whatever the size.

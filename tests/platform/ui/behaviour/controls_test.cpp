@@ -27,6 +27,17 @@ TEST_F(Behaviour, ATypedTextIsToldCharacterByCharacterAndASetOneOnce) {
     EXPECT_EQ(Events(), (Texts{"13 EN_UPDATE", "13 EN_CHANGE", "13 EN_KILLFOCUS"}));
 }
 
+TEST_F(Behaviour, WhatIsCopiedLiesInTheClipboardUntilTheNext) {
+    for (const wchar_t* const text : {L"one\nt\u00E4\t\U0001F600\n", L"", L"another"}) {
+        EXPECT_TRUE(hx::ui::CopyToClipboard(text));
+        EXPECT_EQ(user.Clipboard(), text);
+    }
+    const auto shown_with = hx::ui::SetRenderer(nullptr);
+    EXPECT_FALSE(hx::ui::CopyToClipboard(L"nobody takes it"));
+    hx::ui::SetRenderer(shown_with);
+    EXPECT_EQ(user.Clipboard(), L"another");
+}
+
 TEST_F(Behaviour, WhatIsTooMuchOfAPastedTextIsLeftOut) {
     auto& edit = Get<Edit>(kPowerText);
     EXPECT_TRUE(user.Paste(edit, std::wstring(1 << 20, L'x')));

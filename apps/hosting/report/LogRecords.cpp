@@ -1,13 +1,11 @@
-#include "apps/hxctl/log_records.h"
+#include "apps/hosting/report/LogRecords.h"
 
 #include <algorithm>
 #include <iterator>
 #include <vector>
 
-namespace hxctl {
+namespace hosting {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 struct Field {
     std::string_view introduction;
@@ -75,4 +73,4 @@ Json ReadLogRecords(const std::string& file, std::string_view text) {
     return {{"file", file}, {"header", std::move(header)}, {"records", std::move(records)}};
 }
 
-}  // namespace hxctl
+}  // namespace hosting

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-namespace hxctl {
+namespace hosting {
 
 // {"file", "header": [line...], "records": [{"time", "level", "file", "line", "location", "message"}...]}.
 nlohmann::ordered_json ReadLogRecords(const std::string& file, std::string_view text);
 
-}  // namespace hxctl
+}  // namespace hosting

@@ -1,0 +1,63 @@
+#include "apps/hxhost/ReportPanel.h"
+
+#include <iterator>
+
+#include "apps/hosting/report/DiagnosticReport.h"
+#include "apps/hosting/report/DriverSerialNumbers.h"
+#include "apps/hxhost/ids.h"
+#include "hxapi/HXScannerCtrlsClasses.h"
+#include "platform/ui/services.h"
+
+namespace hxhost {
+namespace {
+
+using hosting::ReportWord;
+
+constexpr const wchar_t* kPage = kProgIdHXDiagnosticsCtrl;
+
+constexpr uint32_t kWords[] = {
+    IDS_WORD_TITLE,        IDS_WORD_TIME,       IDS_WORD_LEFT_OUT,
+    IDS_WORD_NONE,         IDS_WORD_SOFTWARE,   IDS_WORD_PLATFORM,
+    IDS_WORD_RENDERER,     IDS_WORD_SYSTEM,     IDS_WORD_OPERATING_SYSTEM,
+    IDS_WORD_ARCHITECTURE, IDS_WORD_PROCESSORS, IDS_WORD_LANGUAGE,
+    IDS_WORD_ERRORS,
+};
+static_assert(std::size(kWords) == static_cast<size_t>(ReportWord::count_));
+
+}  // namespace
+
+void ReportPanel::BindTo(hx::ui::Dialog& dialog) {
+    dialog.Bind(IDC_REPORT, m_copy);
+    dialog.Bind(IDC_SERIALS, m_serial_numbers);
+}
+
+void ReportPanel::Fill() {
+    const bool is_there = m_pages.IsInstalled(kPage);
+    EnableWithTip(m_copy, is_there, m_texts, IDS_TIP_REPORT, IDS_TIP_NO_REPORT);
+    EnableWithTip(m_serial_numbers, is_there, m_texts, IDS_TIP_SERIALS, IDS_TIP_NO_REPORT);
+}
+
+bool ReportPanel::OnCommand(const hx::ui::Control& control) {
+    if (&control == &m_copy) Copy();
+    return &control == &m_copy || &control == &m_serial_numbers;
+}
+
+void ReportPanel::Copy() {
+    const auto failed = [&](const std::wstring& reason) {
+        m_tell(m_texts.Text(IDS_REPORT_NOT_COPIED, {{L"reason", reason}}));
+    };
+    hosting::HostedPage* page = nullptr;
+    const hosting::Answer answer = m_pages.OpenBehind(kPage, page);
+    const hx::ui::Dialog* const dialog = page ? page->Dialog() : nullptr;
+    if (!answer.IsDone() || !dialog)
+        return failed(ReasonOf(answer.IsDone() ? hosting::Answer{E_FAIL, {}} : answer));
+    const bool whole = m_serial_numbers.IsChecked();
+    const auto report = hosting::MakeReport(
+        {*dialog, kPage, m_texts.Tag(), whole,
+         hosting::DriverSerialNumbers(m_scanner.Api(), m_scanner.Driver())},
+        [this](ReportWord word) { return m_texts.Text(kWords[static_cast<size_t>(word)]); });
+    if (!hx::ui::CopyToClipboard(report.Text())) return failed(m_texts.Text(IDS_NO_CLIPBOARD));
+    m_tell(m_texts.Text(whole ? IDS_REPORT_COPIED_WHOLE : IDS_REPORT_COPIED));
+}
+
+}  // namespace hxhost

@@ -1,0 +1,1 @@
+#include "cmake/precompiled.h"
