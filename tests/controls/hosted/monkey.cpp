@@ -148,6 +148,7 @@ std::string Monkey::Agree() {
         if (place.Dialog() == nullptr) return std::string("no page of ") + place.kind.name;
         place.fresh = !place.gone;
         if (place.EditsProfiles() && !place.IsShown()) return place.kind.name + std::string(": no profile");
+        if (!place.EditsProfiles() && !place.KnowsScanner()) return "nothing is known of the scanner";
         if (std::string wrong = Wrong(place); !wrong.empty()) return place.kind.name + (": " + wrong);
     }
     return DamagedPredefined();

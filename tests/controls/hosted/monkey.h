@@ -63,6 +63,8 @@ private:
         bool EditsProfiles() const { return kind.EditsProfiles() && Dialog() != nullptr; }
         bool IsShown() const { return EditsProfiles() && Dialog()->Find(kExposureSlider)->IsEnabled(); }
         ui::ListBox& List() const { return At<ui::ListBox>(kList); }
+        // Of a page that shows what the scanner tells of itself.
+        bool KnowsScanner() const;
         // With the mark for edits.
         std::string Row(int32_t row) const;
         std::string SelectedRow() const { return Row(List().Selected()); }
@@ -143,7 +145,7 @@ private:
 
 struct Monkey::Action {
     enum class Kind { leaves_edits, edits, stores, drops, cable, fault };
-    enum class Where { anywhere, window, profiles, sliders };
+    enum class Where { anywhere, window, profiles };
     const char* name;
     uint32_t weight;
     Kind kind;

@@ -7,6 +7,10 @@
 namespace hosted {
 namespace {
 
+bool IsKnown(const ui::Control& reading) {
+    return reading.Text() != L"Unknown (not connected)";
+}
+
 std::string TextOf(const Values& values) {
     std::string text;
     for (const double number : values.numbers) text += " " + std::to_string(number);
@@ -18,6 +22,10 @@ std::string TextOf(const Values& values) {
 
 std::string Monkey::Place::Row(int32_t row) const {
     return row < 0 ? "" : hx::ToUtf8(List().RowText(row));
+}
+
+bool Monkey::Place::KnowsScanner() const {
+    return IsKnown(At<ui::Control>(kind.readings.front()));
 }
 
 bool Monkey::Place::IsTyping() const {
@@ -151,11 +159,10 @@ std::string Monkey::WrongRows(const Place& place) const {
 
 // They are known all together, or none is.
 std::string Monkey::WrongReadings(const Place& place) const {
-    static constexpr const wchar_t* kUnknown = L"Unknown (not connected)";
-    const auto unknown = [&](uint32_t id) { return place.At<ui::Control>(id).Text() == kUnknown; };
-    const auto readings = place.kind.readings;
-    const auto count = std::ranges::count_if(readings, unknown);
-    return count == 0 || count == std::ssize(readings) ? "" : "only some of what the scanner tells is known";
+    const bool same = std::ranges::all_of(place.kind.readings, [&](uint32_t id) {
+        return IsKnown(place.At<ui::Control>(id)) == place.KnowsScanner();
+    });
+    return same ? "" : "only some of what the scanner tells is known";
 }
 
 }  // namespace hosted
