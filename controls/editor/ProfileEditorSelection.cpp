@@ -106,8 +106,12 @@ ProfileEditor::Selection ProfileEditor::ShowSelected(const Scope& scope, Edits l
             SetNameOf(*preset, name);
             shown = SetProfile(preset);
         } else {
-            // Another page has deleted it.
+            // Another page has deleted it. Edits that were kept would else be stored with the next profile.
             m_list.Refill();
+            if (left == Edits::kStored) {
+                m_session.Presets().SetSelectedName(m_current_name);
+                m_session.Presets().Save();
+            }
         }
     } catch (...) {
         if (scope.IsSessionOpen()) StayWithCurrent(left);

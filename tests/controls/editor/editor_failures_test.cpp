@@ -184,6 +184,15 @@ TEST(ProfileEditor, ProfilesMayBeGone) {
     EXPECT_EQ(bench.script.Calls(), "") << "nothing is renamed";
 }
 
+TEST(ProfileEditor, EditsAreStoredThoughTheNextProfileIsGone) {
+    Bench bench;
+    bench.Do("select Own; edit 35");
+    bench.Presets().RemovePreset(L"Pipe");
+    bench.script.calls.clear();
+    bench.Do("select Pipe");
+    EXPECT_EQ(bench.script.Calls(), "SaveDynamicSettingsPresets device [$DEFAULT, $FINE, Own] Own");
+}
+
 // What comes in while the operator is asked.
 TEST(ProfileEditor, QuestionsMayBeOvertaken) {
     const struct {

@@ -107,7 +107,7 @@ protected:
 };
 
 TEST_F(PageCycles, LeaveNothingBehind) {
-    Run(hx::ui::HeadlessRenderer::Make(), FromEnvironment("HX_CYCLES", 200), 0);
+    Run(hx::ui::HeadlessRenderer::Make(), FromEnvironment("HX_CYCLES", 100), 0);
 }
 
 #ifndef __SANITIZE_THREAD__
@@ -117,7 +117,7 @@ TEST_F(PageCycles, LeaveNothingBehindOnAScreen) {
     ASSERT_TRUE(renderer) << std::string(reason.begin(), reason.end());
     // The texts of what is new to each page would be more in a few cycles, and its pictures in one.
     constexpr size_t kByTheToolkit = 64 << 10;
-    Run(renderer, FromEnvironment("HX_CYCLES", 200) / 10, kByTheToolkit);
+    Run(renderer, FromEnvironment("HX_CYCLES", 100) / 10, kByTheToolkit);
 }
 #endif
 

@@ -53,6 +53,7 @@ private:
         hosting::HostedPage page{};
         const Scanner* scanner = nullptr;  // whose API it has
         bool fresh = false;                // it shows what is stored
+        bool gone = false;                 // another page has removed or renamed the profile that it shows
         bool foreign = false;              // it was not told what to edit
         bool saved = false;                // the host has asked in this step
         bool may_close = false;
@@ -62,6 +63,8 @@ private:
         bool EditsProfiles() const { return kind.EditsProfiles() && Dialog() != nullptr; }
         bool IsShown() const { return EditsProfiles() && Dialog()->Find(kExposureSlider)->IsEnabled(); }
         ui::ListBox& List() const { return At<ui::ListBox>(kList); }
+        // Of a page that shows what the scanner tells of itself.
+        bool KnowsScanner() const;
         // With the mark for edits.
         std::string Row(int32_t row) const;
         std::string SelectedRow() const { return Row(List().Selected()); }
@@ -78,7 +81,7 @@ private:
     // Of a place before a step.
     struct Before {
         hx::WindowHandle window = 0;
-        std::string row;
+        std::string row;  // the selected one
         std::optional<Values> edits;
     };
     // What came of a step.
@@ -142,7 +145,7 @@ private:
 
 struct Monkey::Action {
     enum class Kind { leaves_edits, edits, stores, drops, cable, fault };
-    enum class Where { anywhere, window, profiles, sliders };
+    enum class Where { anywhere, window, profiles };
     const char* name;
     uint32_t weight;
     Kind kind;

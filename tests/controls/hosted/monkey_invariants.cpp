@@ -7,6 +7,10 @@
 namespace hosted {
 namespace {
 
+bool IsKnown(const ui::Control& reading) {
+    return reading.Text() != L"Unknown (not connected)";
+}
+
 std::string TextOf(const Values& values) {
     std::string text;
     for (const double number : values.numbers) text += " " + std::to_string(number);
@@ -18,6 +22,10 @@ std::string TextOf(const Values& values) {
 
 std::string Monkey::Place::Row(int32_t row) const {
     return row < 0 ? "" : hx::ToUtf8(List().RowText(row));
+}
+
+bool Monkey::Place::KnowsScanner() const {
+    return IsKnown(At<ui::Control>(kind.readings.front()));
 }
 
 bool Monkey::Place::IsTyping() const {
@@ -45,7 +53,7 @@ Monkey::Before Monkey::BeforeStep(const Place& place) const {
     before.window = place.Dialog()->Handle();
     if (!place.EditsProfiles()) return before;
     before.row = place.SelectedRow();
-    const bool counts = !place.foreign && !m_foreign && place.IsShown() && !place.IsTyping();
+    const bool counts = !place.foreign && !m_foreign && !place.gone && place.IsShown() && !place.IsTyping();
     if (counts && place.HasEdits()) before.edits = place.Shown();
     return before;
 }
@@ -69,6 +77,7 @@ void Monkey::Judge(const Action& action, Place& actor, const Before& before, con
         // It may have been set up anew with what is not stored.
         if (!agreed && outcome.stores) place.fresh = false;
         if (changed && !(acts && may_store)) place.fresh = false;
+        place.gone = !place.fresh && place.EditsProfiles() && (place.gone || !StoredAs(place.SelectedRow()));
     }
     if (!clean || !outcome.stores || action.kind != stores || !actor.EditsProfiles()) return;
     if (actor.saved || actor.SelectedRow() != before.row) actor.fresh = true;
@@ -86,7 +95,7 @@ std::string Monkey::DamagedPredefined() const {
 
 std::string Monkey::LostEdits(const Place& place, const Before& before, bool may_go,
                               const Outcome& outcome) const {
-    if (!before.edits || may_go || StoredAs(before.row) == nullptr) return "";
+    if (!before.edits || may_go || place.gone) return "";
     if (place.HasEdits() && place.Shown().IsSame(*before.edits)) return "";
     const bool kept = std::ranges::any_of(m_stored, [&](const auto& each) {
         return place.kind.Seen(each.second.values).IsSame(*before.edits);
@@ -150,11 +159,10 @@ std::string Monkey::WrongRows(const Place& place) const {
 
 // They are known all together, or none is.
 std::string Monkey::WrongReadings(const Place& place) const {
-    static constexpr const wchar_t* kUnknown = L"Unknown (not connected)";
-    const auto unknown = [&](uint32_t id) { return place.At<ui::Control>(id).Text() == kUnknown; };
-    const auto readings = place.kind.readings;
-    const auto count = std::ranges::count_if(readings, unknown);
-    return count == 0 || count == std::ssize(readings) ? "" : "only some of what the scanner tells is known";
+    const bool same = std::ranges::all_of(place.kind.readings, [&](uint32_t id) {
+        return IsKnown(place.At<ui::Control>(id)) == place.KnowsScanner();
+    });
+    return same ? "" : "only some of what the scanner tells is known";
 }
 
 }  // namespace hosted
