@@ -53,6 +53,7 @@ private:
     bool Save(uint32_t refused);
     void ChangeModel(const std::wstring& model);
     void ShowPage();
+    void EnableSave();
     void FetchCalls();
     void FetchLater();
     // What is told stays until the operator does something else, and no longer than it is true.

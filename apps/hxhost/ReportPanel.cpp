@@ -48,13 +48,13 @@ void ReportPanel::Copy() {
     };
     hosting::HostedPage* page = nullptr;
     const hosting::Answer answer = m_pages.OpenBehind(kPage, page);
-    const hx::ui::Dialog* const dialog = page ? page->Dialog() : nullptr;
-    if (!answer.IsDone() || !dialog)
-        return failed(ReasonOf(answer.IsDone() ? hosting::Answer{E_FAIL, {}} : answer));
+    if (!answer.IsDone()) return failed(ReasonOf(answer));
+    const auto numbers = hosting::DriverSerialNumbers(m_scanner.Api(), m_scanner.Driver());
+    const hx::ui::Dialog* const dialog = page->Dialog();
+    if (!dialog) return failed(NameOf(E_FAIL));
     const bool whole = m_serial_numbers.IsChecked();
     const auto report = hosting::MakeReport(
-        {*dialog, kPage, m_texts.Tag(), whole,
-         hosting::DriverSerialNumbers(m_scanner.Api(), m_scanner.Driver())},
+        {*dialog, kPage, m_texts.Tag(), whole, numbers},
         [this](ReportWord word) { return m_texts.Text(kWords[static_cast<size_t>(word)]); });
     if (!hx::ui::CopyToClipboard(report.Text())) return failed(m_texts.Text(IDS_NO_CLIPBOARD));
     m_tell(m_texts.Text(whole ? IDS_REPORT_COPIED_WHOLE : IDS_REPORT_COPIED));

@@ -7,6 +7,8 @@
 namespace hosting {
 namespace {
 
+using Json = nlohmann::ordered_json;
+
 struct Field {
     std::string_view introduction;
     const char* name;
@@ -50,7 +52,7 @@ bool BeginsHeader(const std::vector<std::string_view>& lines, size_t line) {
 
 }  // namespace
 
-Json ReadLogRecords(const std::string& file, std::string_view text) {
+nlohmann::ordered_json ReadLogRecords(const std::string& file, std::string_view text) {
     Json header = Json::array();
     Json records = Json::array();
     const std::vector<std::string_view> lines = SplitLines(text);

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <functional>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "apps/hxhost/CallWords.h"
 #include "apps/hxhost/HostDialog.h"
@@ -86,7 +87,7 @@ protected:
     }
     static hx::ui::Dialog* PageOf(const hx::ui::Window& window) {
         for (hx::ui::Window* const child : window.Children()) {
-            if (child->AsDialog()) return child->AsDialog();
+            if (child->AsDialog() && child->IsShown()) return child->AsDialog();
             if (hx::ui::Dialog* const page = PageOf(*child)) return page;
         }
         return nullptr;
@@ -221,23 +222,35 @@ TEST_F(Host, TheReportIsCopiedWhateverPageIsShownAndWithoutSerialNumbers) {
 
 TEST_F(Host, AllPagesStayOpenAndFollowTheScanner) {
     Run([this](HostDialog& dialog) {
-        std::vector<hx::ui::Dialog*> pages;
-        const auto visit_all = [&](const std::function<void()>& visit) {
+        std::vector<hx::ui::Dialog*> opened;
+        for (int round = 0; round < 3; ++round) {
+            std::vector<hx::ui::Dialog*> shown;
             for (const PageRow& row : Pages()) {
                 ChooseItem(dialog, IDC_PAGES, m_texts.Text(row.name));
-                EXPECT_TRUE(dialog.IsPageOpen()) << row.name;
-                visit();
+                ASSERT_TRUE(dialog.IsPageOpen()) << row.name;
+                shown.push_back(PageOf(dialog));
+                const int32_t state = State(dialog) == 0 ? 1 : 0;
+                Click(dialog, state == 1 ? IDC_PLUG : IDC_UNPLUG);
+                EXPECT_TRUE(Until([&] { return State(dialog) == state; }));
             }
-        };
-        visit_all([&] { Click(dialog, State(dialog) == 0 ? IDC_PLUG : IDC_UNPLUG); });
-        visit_all([&] {
-            Click(dialog, State(dialog) == 0 ? IDC_PLUG : IDC_UNPLUG);
-            const int32_t state = State(dialog);
-            EXPECT_TRUE(Until([&] { return State(dialog) != state; }));
-        });
-        Click(dialog, IDC_UNPLUG);
+            EXPECT_EQ(std::set<hx::ui::Dialog*>(shown.begin(), shown.end()).size(), Pages().size());
+            if (round == 0) opened = shown;
+            EXPECT_EQ(shown, opened);
+        }
+        // What was edited in a page behind is asked for.
+        constexpr uint32_t kReflectionFilter = 253;
+        ChooseItem(dialog, IDC_PAGES, m_texts.Text(IDS_PAGE_MEASUREMENT));
+        Click(*PageOf(dialog), kReflectionFilter);
+        ChooseItem(dialog, IDC_PAGES, m_texts.Text(IDS_PAGE_DIAGNOSTICS));
+        hx::ui::Script::Answer cancel;
+        cancel.button = IDCANCEL;
+        m_script.AnswerModal(cancel);
+        Click(dialog, IDCANCEL);
+        EXPECT_FALSE(dialog.HasEnded());
+        EXPECT_EQ(dialog.Find(IDC_STATUS)->Text(), m_texts.Text(IDS_NOT_CLOSED));
     });
     EXPECT_EQ(m_script.TakeBoxes().size(), 0u);
+    EXPECT_EQ(m_script.Unanswered(), 0u);
 }
 
 TEST_F(Host, APageThatIsNotInstalledSaysSoAndTheWindowCloses) {
