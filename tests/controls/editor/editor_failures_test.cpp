@@ -320,6 +320,30 @@ TEST(ProfileEditor, MenusMayBeOvertaken) {
     EXPECT_FALSE(bench.page);
 }
 
+// What an API that was left meanwhile says of the connection is worth nothing.
+TEST(ProfileEditor, AnotherApiMayComeWhileOneIsAskedForItsState) {
+    for (const bool closed : {false, true}) {
+        Bench bench;
+        const auto first = hx::Make<scripted::Api>(bench.script).as<IHXApi>();
+        const auto second = hx::Make<scripted::Api>(bench.script).as<IHXApi>();
+        bench.Do("unplug");
+        bench.script.state = HXConnected;
+        bool came = false;
+        bench.script.during = [&](const std::string&) {
+            if (std::exchange(came, true)) return;
+            bench.script.state = HXNotConnected;
+            if (closed) return bench.page.reset();
+            bench.page->Session().SetApi(second);
+        };
+        bench.page->Session().SetApi(first);
+        bench.script.during = nullptr;
+        ASSERT_EQ(bench.page == nullptr, closed);
+        if (closed) continue;
+        EXPECT_EQ(bench.page->Session().ConnectionState(), HXNotConnected);
+        EXPECT_EQ(bench.page->Session().Api(), second);
+    }
+}
+
 // The page is gone when the operator has answered.
 TEST(ProfileEditor, MayBeClosedInAQuestion) {
     for (const std::string ask : {"select Own ? save New", "select Own ? discard", "saveas ? save New",
