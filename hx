@@ -95,19 +95,19 @@ run_demo() {
     demo_page
 }
 
-# The main job: the page in the desktop host, whose window and profiles are the next time as they were left. Without a
-# screen the page is worked by scripts, each with the profiles that a scanner is delivered with, and pictures are taken.
+# The main job: the pages in the desktop host, whose window and profiles are the next time as they were left. Without a
+# screen they are worked by scripts, each with the profiles that a scanner is delivered with, and pictures are taken.
 demo_page() {
-    local folder=build/demo-page data=build/demo-page/data key script
+    local folder=build/demo-page data=build/demo-page/data key script page
     in_demo() { HX_REGISTRY=$folder/registry HX_DATA=$data "$@"; }
-    say "Detect, the gains, the speed and the field of view are switched on for the measurement page ($folder):"
-    for key in 78 79 88 89; do in_demo hxctl keys set "$key" true; done
+    say "Filters, Detect, the gains, the speed and the field of view are switched on for the pages ($folder):"
+    for key in 77 78 79 88 89; do in_demo hxctl keys set "$key" true; done
     if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-        say "The measurement page in the desktop host; the demo ends when its window is closed."
+        say "The pages in the desktop host; the demo ends when its window is closed."
         local ended=0
         in_demo build/release/bin/hxhost || ended=$?
         [ "$ended" -eq 3 ] || return "$ended"  # 3: there is no screen
-        echo "The host's window could not be opened: the page is shown without a screen."
+        echo "The host's window could not be opened: the pages are shown without a screen."
     fi
     data=$folder/scripted
     for script in first_session modified_profile failing_scanner; do
@@ -116,9 +116,15 @@ demo_page() {
         # 1 is for a line that was refused, as one of them is where the scanner fails.
         in_demo hxctl page measurement --script "$examples/$script.page" || [ $? -eq 1 ]
     done
-    say "Pictures: the page by itself, and in the desktop host, in light and dark colours:"
+    for page in handheld diagnostics; do
+        say "The $page page, worked by a script ($examples/$page.page):"
+        in_demo hxctl page "$page" --script "$examples/$page.page" || [ $? -eq 1 ]
+    done
+    say "A report for whoever is to help, without serial numbers (docs/report.md):"
+    in_demo hxctl report
+    say "Pictures: each page by itself, and in the desktop host, in light and dark colours:"
     rm -rf "$data"
-    in_demo hxctl screenshot measurement build/measurement.png
+    for page in measurement handheld diagnostics; do in_demo hxctl screenshot "$page" "build/$page.png"; done
     in_demo build/release/bin/hxhost --picture build/hxhost.png && echo build/hxhost.png
     in_demo build/release/bin/hxhost --picture build/hxhost_dark.png --dark --locale de-DE && echo build/hxhost_dark.png
 }

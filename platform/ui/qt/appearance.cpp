@@ -4,7 +4,6 @@
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QProxyStyle>
-#include <QStyleOptionSlider>
 #include <cmath>
 
 #include "platform/ui/qt/conversions.h"
@@ -50,21 +49,6 @@ public:
         for (const Tone& tone : kDisabledTones) {
             palette.setColor(QPalette::Disabled, tone.role, QColor(m_dark ? tone.dark : tone.light));
         }
-    }
-
-    // The coloured part of an upright track bar lies between its thumb and the bottom, where most of such
-    // bars have their least value, and not between the thumb and the bar's minimum.
-    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
-                            const QWidget* widget) const override {
-        const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
-        if (control != CC_Slider || !bar || bar->orientation != Qt::Vertical || bar->upsideDown) {
-            return QProxyStyle::drawComplexControl(control, option, painter, widget);
-        }
-        // The same place, counted from the other end.
-        QStyleOptionSlider turned = *bar;
-        turned.upsideDown = true;
-        turned.sliderPosition = bar->minimum + bar->maximum - bar->sliderPosition;
-        QProxyStyle::drawComplexControl(control, &turned, painter, widget);
     }
 
 private:

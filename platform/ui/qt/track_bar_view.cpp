@@ -108,7 +108,9 @@ void TrackBarView::ShowOwn(ControlChange change) {
 // Styles make the ticks a little darker than what they are on, and in dark colours nobody sees them: they are
 // drawn once more, as if on the colour of texts.
 void TrackBarView::paintEvent(QPaintEvent* event) {
+    const bool outer = std::exchange(m_painting, true);
     QSlider::paintEvent(event);
+    m_painting = outer;
     if (tickPosition() == QSlider::NoTicks) return;
     QStylePainter painter(this);
     QStyleOptionSlider option;
@@ -116,6 +118,15 @@ void TrackBarView::paintEvent(QPaintEvent* event) {
     option.subControls = QStyle::SC_SliderTickmarks;
     option.palette.setColor(QPalette::Window, palette().color(QPalette::WindowText));
     painter.drawComplexControl(QStyle::CC_Slider, option);
+}
+
+// The coloured part of an upright bar lies between its thumb and the bottom, where such bars have their least
+// value, though it is the end of the maximum: it is painted as if counted from there.
+void TrackBarView::initStyleOption(QStyleOptionSlider* option) const {
+    QSlider::initStyleOption(option);
+    if (!m_painting || orientation() != Qt::Vertical || option->upsideDown) return;
+    option->upsideDown = true;
+    option->sliderPosition = minimum() + maximum() - option->sliderPosition;
 }
 
 void TrackBarView::DragTo(int position) {

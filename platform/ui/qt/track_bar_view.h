@@ -26,6 +26,7 @@ public:
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void initStyleOption(QStyleOptionSlider* option) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -59,6 +60,7 @@ private:
 
     std::optional<Waiting> m_waiting;
     bool m_telling = false;
+    bool m_painting = false;
     bool m_dragging = false;
     bool m_tracking = false;  // by a key or a click beside the thumb
     QPoint m_pressed;
