@@ -98,7 +98,10 @@ std::string Monkey::DamagedPredefined() const {
 std::string Monkey::LostEdits(const Place& place, const Before& before, bool may_go,
                               const Outcome& outcome) const {
     if (!before.edits || may_go) return "";
-    if (place.HasEdits() && place.Shown().IsSame(*before.edits)) return "";
+    if (place.HasEdits() && place.Shown().IsSame(*before.edits)) {
+        const bool same = before.row.empty() || place.IsWithoutRow() || place.SelectedRow() == before.row;
+        return same ? "" : "edits became those of another profile";
+    }
     const bool kept = std::ranges::any_of(m_stored, [&](const auto& each) {
         return place.kind.Seen(each.second.values).IsSame(*before.edits);
     });
