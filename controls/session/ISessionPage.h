@@ -18,6 +18,9 @@ class ISessionPage {
 public:
     virtual ~ISessionPage() = default;
 
+    // Whoever has this keeps the page; empty if it is not shared.
+    virtual std::shared_ptr<void> Hold() { return {}; }
+
     // A new listener for events of the scanner API; and those that an older one has posted are not to come.
     virtual ComPtr<IUnknown> MakeEventsSink() = 0;
     virtual void ForgetEvents() = 0;

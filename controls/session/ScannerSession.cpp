@@ -87,6 +87,7 @@ void ScannerSession::OnDestroy() {
     const ApiOperation operation(m_locations.destroy, this);
     try {
         const ComPtr<ICalibrationHandle> handle = m_presets->Handle();
+    const Scope scope(m_operations);
         if (handle) operation.Call(84, L"CloseHandle", handle, &ICalibrationHandle::CloseHandle);
     } catch (const MException& exception) {
         operation.Log(86, exception);

@@ -87,6 +87,7 @@ private:
     void Reopen(const Scope& scope);
     // False if the page shows no profile, or if it may not go on.
     bool Open(const Scope& scope);
+    Held Hold() override { return {m_page.Hold(), std::optional<PresetsReference>(std::in_place)}; }
     void SettleTarget();
 
     ISessionPage& m_page;
