@@ -111,11 +111,16 @@ bool ProfileEditor::CommitOnClose() {
             const bool stored = done([&] {
                 if (m_session.Presets().Count() > 0) m_session.Presets().Save();
             });
-            if (stored && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
+            // It may have been closed while that was stored.
+            if (stored && scope.MayGoOn() && m_session.Presets().Count() > 0) {
+                done([&] { ReportSelectedPreset(); });
+            }
             // Edits must not go with the page: the operator, who was told, may look after them. Without any,
             // or if it fails again, nobody is locked in.
-            may_close = !cancelled && (!failure || !had_edits || m_commit_failed);
-            m_commit_failed = failure != nullptr;
+            if (scope.IsSessionOpen()) {
+                may_close = !cancelled && (!failure || !had_edits || m_commit_failed);
+                m_commit_failed = failure != nullptr;
+            }
         }
         if (failure) std::rethrow_exception(failure);
     });
@@ -142,9 +147,10 @@ bool ProfileEditor::WriteBack(IDynamicSettingsPreset& source, const std::wstring
     return static_cast<bool>(stored);
 }
 
-void ProfileEditor::AddEdited(const std::wstring& name) {
+bool ProfileEditor::AddEdited(const Scope& scope, const std::wstring& name) {
     MDynamicSettingsPresets& presets = m_session.Presets();
     const ComPtr<IDynamicSettingsPreset> added = presets.CreateNewPreset();
+    if (!scope.IsSessionOpen()) return false;
     CopySettings(*m_edited, *added);
     try {
         presets.SetPreset(name, added);
@@ -153,6 +159,7 @@ void ProfileEditor::AddEdited(const std::wstring& name) {
         presets.RemovePreset(name);
         throw;
     }
+    return scope.IsSessionOpen();
 }
 
 void ProfileEditor::TakeEditedAsStored() {

@@ -107,8 +107,8 @@ private:
     ComPtr<IDynamicSettingsPreset> Stored(const std::wstring& name) const;
     // Nothing happens to a profile that is gone; tells whether it is there.
     bool WriteBack(IDynamicSettingsPreset& source, const std::wstring& name);
-    // The working preset becomes a new profile, or there is none.
-    void AddEdited(const std::wstring& name);
+    // The working preset becomes a new profile, or there is none. False if the session was ended in that.
+    bool AddEdited(const Scope& scope, const std::wstring& name);
     // What was edited is now stored under the current name.
     void TakeEditedAsStored();
     void SetNameOf(IDynamicSettingsPreset& preset, const std::wstring& name);

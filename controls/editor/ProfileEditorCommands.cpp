@@ -45,7 +45,7 @@ void ProfileEditor::SaveAs(const Scope& scope) {
         if (!stored) return;
         CopySettings(*stored, *m_edited);
     }
-    AddEdited(new_name);
+    if (!AddEdited(scope, new_name)) return;
     m_modified = false;
     MoveTo(new_name);
     m_session.Presets().SetSelectedName(new_name);
@@ -107,6 +107,7 @@ void ProfileEditor::Delete(const Scope& scope) {
     } catch (const MException&) {
         not_saved = std::current_exception();
     }
+    if (!scope.IsSessionOpen()) return;
     ChangeSelection(scope);
     if (not_saved && scope.MayGoOn()) std::rethrow_exception(not_saved);
 }

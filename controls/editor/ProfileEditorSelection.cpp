@@ -67,7 +67,7 @@ ProfileEditor::Edits ProfileEditor::SaveEditsAs(const Scope& scope, const std::w
     UpdateSettingsFromUI(false);
     if (!scope.MayGoOn()) return Edits::kCancelled;
     WriteBack(*m_baseline, m_current_name);
-    AddEdited(new_name);
+    if (!AddEdited(scope, new_name)) return Edits::kCancelled;
     MarkCurrent(false);
     m_modified = false;
     const bool stays = selected == m_current_name;
@@ -147,6 +147,7 @@ ProfileEditor::Selection ProfileEditor::Load(const Scope& scope, const std::wstr
         if (scope.IsSessionOpen()) EnableControls(false);
         throw;
     }
+    if (!scope.IsSessionOpen()) return Selection::kNotChanged;
     if (not_saved) std::rethrow_exception(not_saved);
     if (!scope.MayGoOn()) return Selection::kNotChanged;
     const bool shown = SetProfile(m_edited);
