@@ -16,8 +16,6 @@ namespace {
 // What is moved beside the sliders of the field of view.
 constexpr uint32_t kIndicator = 2;
 
-constexpr uint32_t kOfScanner[] = {kDetectButton, kWidthSlider, kHeightSlider, kIndicatorBox};
-
 PageLocations& HandheldLocations() {
     static PageLocations locations("CHandheldMeasSettingsDlg");
     return locations;
@@ -98,16 +96,8 @@ void CHandheldMeasSettingsDlg::FollowScanning(const Scope& scope, uint32_t moved
 }
 
 // The profile can still be looked at.
-void CHandheldMeasSettingsDlg::OnScannerGone() noexcept {
-    AtBoundary([&] {
-        for (const uint32_t id : kOfScanner) {
-            ui::Control* const control = Find(id);
-            if (!control) continue;
-            control->Enable(false);
-            SetHelp(*control, *Module(), Disabled::kNotConnected);
-        }
-        return S_OK;
-    });
+void CHandheldMeasSettingsDlg::OnScannerUnusable() noexcept {
+    DisableControlsOfScanner();
     RefreshFrameRate();
 }
 

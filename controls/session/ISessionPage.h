@@ -27,8 +27,8 @@ public:
     // A connection state was told, whatever becomes of it.
     virtual void NoteConnectionState() {}
 
-    // The connection came to its end, and the scanner was given back.
-    virtual void OnScannerGone() noexcept {}
+    // The scanner cannot be used any more, or was given back: it is gone, or suspended.
+    virtual void OnScannerUnusable() noexcept {}
 
     // Shows the failure to the operator and returns when that is done.
     virtual void ErrorBox(const MException& exception) noexcept = 0;

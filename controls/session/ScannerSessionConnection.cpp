@@ -46,8 +46,9 @@ bool ScannerSession::FollowConnectionState(int32_t state) {
         Release(m_locations.connection_change, 31);
         m_handle.reset();
     }
-    m_connection_state = state;
-    if (action == kReleaseAndDrop) m_page.OnScannerGone();
+    const bool was_connected = std::exchange(m_connection_state, state) == HXConnected;
+    const bool is_lost = was_connected && state != HXConnected;
+    if (is_lost || action == kReleaseAndDrop) m_page.OnScannerUnusable();
     return !reopen;
 }
 

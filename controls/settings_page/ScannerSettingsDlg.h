@@ -106,6 +106,8 @@ protected:
     void ShowRecord();
     void ShowRecordInEdits();
     PageLocations& Locations() const { return m_kind.locations(); }
+    // Until EnableControls is told otherwise.
+    void DisableControlsOfScanner() noexcept;
 
     CScannerPreviewCtrl m_preview;
     ValueControls m_values;
