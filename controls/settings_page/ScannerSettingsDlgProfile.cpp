@@ -28,11 +28,13 @@ bool ScannerSettingsDlg::TakeHeldSlider() {
 bool ScannerSettingsDlg::SetProfile(const ComPtr<IDynamicSettingsPreset>& preset) {
     const bool were_enabled = m_enabled;
     return ShowOrPutBack(
+    const Scope scope(Operations());
         [&] {
             if (!SettingsToData(*preset)) return;
             ShowRecord();
             EnableControls(true);
-            ApplySettingsToHardware(preset);
+            // The scanner was given back if the page was left meanwhile.
+            if (scope.MayGoOn() || Session().IsSelected()) ApplySettingsToHardware(preset);
         },
         [&] {
             m_gains.ShowGain();
