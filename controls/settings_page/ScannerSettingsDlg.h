@@ -101,7 +101,8 @@ protected:
     bool Follow();
     // What was chosen is in the record: likewise, without looking at what can be used. Shows failures.
     void FollowChosen();
-    // A slider was held while the page is left; what it shows is taken. Throws.
+    // A slider was held while the page is left; what it shows of the profile is taken. One of the scanning
+    // settings, of which nobody was told, goes back. Throws.
     bool TakeHeldSlider();
     void ShowRecord();
     void ShowRecordInEdits();

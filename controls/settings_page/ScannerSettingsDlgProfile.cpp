@@ -21,6 +21,7 @@ void ScannerSettingsDlg::UpdateSettingsFromUI(bool from_sliders) {
 bool ScannerSettingsDlg::TakeHeldSlider() {
     // Nobody holds a slider of a page that is not to be seen: where it is counts.
     if (!m_tracking.exchange(false)) return false;
+    ShowScanning();
     TakeHeldSliders();
     return true;
 }
