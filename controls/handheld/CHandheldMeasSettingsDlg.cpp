@@ -52,12 +52,15 @@ void CHandheldMeasSettingsDlg::OnThreshold() {
 }
 
 void CHandheldMeasSettingsDlg::OnIndicator() {
-    const Scope scope(Operations());
-    if (IsReady()) {
-        if (!ExchangeEdits(0)) return;
-        m_flags.TakeInto(Data());
-    }
-    OnScanningMoved(kIndicator);
+    Attempt([&](const Scope& scope) {
+        const bool is_ready = IsReady();
+        if (!is_ready || ExchangeEdits(0)) {
+            if (is_ready) m_flags.TakeInto(Data());
+            OnScanningMoved(kIndicator);
+        } else if (scope.IsSessionOpen()) {
+            m_indicator.ShowIn(m_scanning);
+        }
+    });
 }
 
 // The text is put right before anything is said: however often it is looked at while the box is there, by the
