@@ -17,7 +17,7 @@ namespace {
 constexpr uint32_t kIndicator = 2;
 
 PageLocations& HandheldLocations() {
-    static PageLocations locations("CHandheldMeasSettingsDlg");
+    static PageLocations locations(kHandheldPageClass);
     return locations;
 }
 

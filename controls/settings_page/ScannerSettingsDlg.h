@@ -106,9 +106,9 @@ protected:
     bool TakeHeldSlider();
     void ShowRecord();
     void ShowRecordInEdits();
-    PageLocations& Locations() const { return m_kind.locations(); }
     // Until EnableControls is told otherwise.
     void DisableControlsOfScanner() noexcept;
+    PageLocations& Locations() const { return m_kind.locations(); }
 
     CScannerPreviewCtrl m_preview;
     ValueControls m_values;

@@ -28,8 +28,8 @@ bool ScannerSettingsDlg::TakeHeldSlider() {
 
 bool ScannerSettingsDlg::SetProfile(const ComPtr<IDynamicSettingsPreset>& preset) {
     const bool were_enabled = m_enabled;
-    return ShowOrPutBack(
     const Scope scope(Operations());
+    return ShowOrPutBack(
         [&] {
             if (!SettingsToData(*preset)) return;
             ShowRecord();
