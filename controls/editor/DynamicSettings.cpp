@@ -10,8 +10,6 @@ namespace hx {
 namespace {
 
 constexpr char kClass[] = "BaseDynamicSettingsDlg";
-constexpr int32_t kLeastExposure = 100;
-constexpr int32_t kWholeExposure = 10000;
 // Exposures are the same within this part of the longest one.
 constexpr double kExposureSteps = 200.0;
 
@@ -33,15 +31,15 @@ void SetValue(const ApiOperation& operation, int32_t line, const PresetField& fi
 int32_t DynamicSettings::ExposureFromMicroSecondsToPercentage(double exposure_us) const {
     static MErrorLocation location(kClass, "ExposureFromMicroSecondsToPercentage");
     if (m_data.exposure_range_max == 0) ApiOperation(location, this).Fail(38, L"ExposureTimeRangeNotSet");
-    return RoundedWithin(exposure_us / m_data.exposure_range_max * kWholeExposure, kLeastExposure,
-                         kWholeExposure);
+    return RoundedWithin(exposure_us / m_data.exposure_range_max * kMostExposure, kLeastExposure,
+                         kMostExposure);
 }
 
 double DynamicSettings::ExposureFromPercentageToMicroSeconds(int32_t hundredths_of_percent) const {
     static MErrorLocation location(kClass, "ExposureFromPercentageToMicroSeconds");
     if (m_data.exposure_range_max == 0) ApiOperation(location, this).Fail(45, L"ExposureTimeRangeNotSet");
     const double exposure_us =
-        hundredths_of_percent / static_cast<double>(kWholeExposure) * m_data.exposure_range_max;
+        hundredths_of_percent / static_cast<double>(kMostExposure) * m_data.exposure_range_max;
     return exposure_us == 0.0 ? 1.0 : exposure_us;
 }
 

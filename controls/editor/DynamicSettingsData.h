@@ -8,9 +8,14 @@
 
 namespace hx {
 
+inline constexpr int32_t kLeastLaserPower = 1;
+inline constexpr int32_t kMostLaserPower = 100;
+inline constexpr int32_t kLeastExposure = 100;
+inline constexpr int32_t kMostExposure = 10000;
+
 struct DynamicSettingsData {
-    int32_t laser_power = 1;                 // percent, 1 to 100
-    int32_t exposure = 100;                  // of the longest one [0.01 %], 100 to 10000
+    int32_t laser_power = kLeastLaserPower;  // percent
+    int32_t exposure = kLeastExposure;       // of the longest one [0.01 %]
     bool edit_notifications_enabled = true;  // false while the page itself writes into an edit
     uint32_t gain = 1;                       // of the imager, one that the scanner has
     int32_t edge_filter = 0;                 // 0 to 100

@@ -118,12 +118,15 @@ bool ProfileEditor::CommitOnClose() {
             const bool stored = done([&] {
                 if (m_session.Presets().Count() > 0) m_session.Presets().Save();
             });
-            const bool shows_row = m_list.Selected() >= 0 || !m_modified;
+            // It may have been closed while that was stored.
+            const bool shows_row = scope.MayGoOn() && (m_list.Selected() >= 0 || !m_modified);
             if (stored && shows_row && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
             // Edits must not go with the page: the operator, who was told, may look after them. Without any,
             // or if it fails again, nobody is locked in.
-            may_close = !cancelled && (!failure || !had_edits || m_commit_failed);
-            m_commit_failed = failure != nullptr;
+            if (scope.IsSessionOpen()) {
+                may_close = !cancelled && (!failure || !had_edits || m_commit_failed);
+                m_commit_failed = failure != nullptr;
+            }
         }
         if (failure) std::rethrow_exception(failure);
     });
@@ -150,9 +153,10 @@ bool ProfileEditor::WriteBack(IDynamicSettingsPreset& source, const std::wstring
     return static_cast<bool>(stored);
 }
 
-void ProfileEditor::Add(IDynamicSettingsPreset& values, const std::wstring& name) {
+bool ProfileEditor::Add(const Scope& scope, IDynamicSettingsPreset& values, const std::wstring& name) {
     MDynamicSettingsPresets& presets = m_session.Presets();
     const ComPtr<IDynamicSettingsPreset> added = presets.CreateNewPreset();
+    if (!scope.IsSessionOpen()) return false;
     CopySettings(values, *added);
     try {
         presets.SetPreset(name, added);
@@ -161,6 +165,7 @@ void ProfileEditor::Add(IDynamicSettingsPreset& values, const std::wstring& name
         presets.RemovePreset(name);
         throw;
     }
+    return scope.IsSessionOpen();
 }
 
 bool ProfileEditor::CanBeStored(const std::wstring& name) const {
@@ -169,14 +174,12 @@ bool ProfileEditor::CanBeStored(const std::wstring& name) const {
     return Stored(name) || !m_session.Presets().Contains(name);
 }
 
-bool ProfileEditor::StoreAgain() {
+bool ProfileEditor::StoreAgain(const Scope& scope) {
     if (m_current_name == kCustomProfileName) {
         m_session.Presets().SetCustomPreset();
-        return WriteBack(*m_baseline, m_current_name);
+        return scope.IsSessionOpen() && WriteBack(*m_baseline, m_current_name);
     }
-    if (!CanBeStored(m_current_name)) return false;
-    Add(*m_baseline, m_current_name);
-    return true;
+    return CanBeStored(m_current_name) && Add(scope, *m_baseline, m_current_name);
 }
 
 void ProfileEditor::TakeEditedAsStored() {

@@ -109,13 +109,14 @@ private:
     ComPtr<IDynamicSettingsPreset> Stored(const std::wstring& name) const;
     // Nothing happens to a profile that is gone; tells whether it is there.
     bool WriteBack(IDynamicSettingsPreset& source, const std::wstring& name);
-    // The values become a new profile, or there is none.
-    void Add(IDynamicSettingsPreset& values, const std::wstring& name);
+    // The values become a new profile, or there is none. False if the session was ended in that.
+    bool Add(const Scope& scope, IDynamicSettingsPreset& values, const std::wstring& name);
     // A profile of the operator's is there by that name, or can be.
     bool CanBeStored(const std::wstring& name) const;
     // The profile with edits, which another page has removed or renamed, is there as this page knows it.
-    // False if there can be none by its name: then the edits have no row, and are kept under a new name.
-    bool StoreAgain();
+    // False if there can be none by its name: then the edits have no row, and are kept under a new name; or
+    // if the session was ended in that.
+    bool StoreAgain(const Scope& scope);
     // What was edited is now stored under the current name.
     void TakeEditedAsStored();
     void SetNameOf(IDynamicSettingsPreset& preset, const std::wstring& name);

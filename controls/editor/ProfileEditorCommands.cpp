@@ -45,7 +45,7 @@ void ProfileEditor::SaveAs(const Scope& scope) {
         if (!stored) return;
         CopySettings(*stored, *m_edited);
     }
-    Add(*m_edited, new_name);
+    if (!Add(scope, *m_edited, new_name)) return;
     m_modified = false;
     MoveTo(new_name);
     m_session.Presets().SetSelectedName(new_name);
@@ -64,7 +64,8 @@ void ProfileEditor::Rename(const Scope& scope) {
     const int32_t answer = AskName(new_name, true, false);
     if (!scope.MayGoOn() || answer != CLaserProfileSaveAsDlg::kSaved) return;
     // Another page may have deleted it. Edits of it are not lost with it.
-    if (!Stored(name) && !(m_modified && StoreAgain())) {
+    if (!Stored(name) && !(m_modified && StoreAgain(scope))) {
+        if (!scope.IsSessionOpen()) return;
         RefillList();
         ChangeSelection(scope);
         return;
@@ -111,6 +112,7 @@ void ProfileEditor::Delete(const Scope& scope) {
     } catch (const MException&) {
         not_saved = std::current_exception();
     }
+    if (!scope.IsSessionOpen()) return;
     ChangeSelection(scope);
     if (not_saved && scope.MayGoOn()) std::rethrow_exception(not_saved);
 }

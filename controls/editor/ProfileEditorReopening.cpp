@@ -18,7 +18,7 @@ bool ProfileEditor::FinishReopening() {
 bool ProfileEditor::KeepEditedStored(const Scope& scope) {
     if (Stored(m_current_name)) return true;
     // If that fails the page goes on with the edits all the same: they are stored when they are left.
-    Attempt([this](const Scope&) { StoreAgain(); });
+    Attempt([this](const Scope& storing) { StoreAgain(storing); });
     return scope.MayGoOn();
 }
 

@@ -57,7 +57,7 @@ ProfileEditor::Edits ProfileEditor::KeepEdits(const Scope& scope, const std::wst
     if (!scope.MayGoOn()) return Edits::kCancelled;
     if (!WriteBack(*m_edited, m_current_name)) {
         // Another page has removed or renamed it.
-        Add(*m_edited, m_current_name);
+        if (!Add(scope, *m_edited, m_current_name)) return Edits::kCancelled;
         RefillList();
     }
     MarkCurrent(false);
@@ -72,7 +72,7 @@ ProfileEditor::Edits ProfileEditor::SaveEditsAs(const Scope& scope, const std::w
     UpdateSettingsFromUI(false);
     if (!scope.MayGoOn()) return Edits::kCancelled;
     WriteBack(*m_baseline, m_current_name);
-    Add(*m_edited, new_name);
+    if (!Add(scope, *m_edited, new_name)) return Edits::kCancelled;
     MarkCurrent(false);
     m_modified = false;
     const bool stays = selected == m_current_name;
@@ -154,6 +154,7 @@ ProfileEditor::Selection ProfileEditor::Load(const Scope& scope, const std::wstr
         if (scope.IsSessionOpen()) EnableControls(false);
         throw;
     }
+    if (!scope.IsSessionOpen()) return Selection::kNotChanged;
     if (not_saved) std::rethrow_exception(not_saved);
     if (!scope.MayGoOn()) return Selection::kNotChanged;
     const bool shown = SetProfile(m_edited);

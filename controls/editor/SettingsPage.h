@@ -10,7 +10,10 @@
 
 namespace hx {
 
-class SettingsPage : public ICurrentPresetHandler, public ISessionPage, public DynamicSettings {
+class SettingsPage : public ICurrentPresetHandler,
+                     public ISessionPage,
+                     public DynamicSettings,
+                     public std::enable_shared_from_this<SettingsPage> {
 public:
     SettingsPage(const SettingsPage&) = delete;
     SettingsPage& operator=(const SettingsPage&) = delete;
@@ -35,6 +38,8 @@ public:
     virtual bool TakesShownValues() const { return true; }
     // In front of which boxes and questions come up.
     virtual ui::Window& OwnWindow() = 0;
+
+    std::shared_ptr<void> Hold() override { return weak_from_this().lock(); }
 
     // Whether the working preset, the record and the controls are those of the current profile.
     bool IsReady() const { return m_ready; }

@@ -16,10 +16,8 @@ namespace {
 // What is moved beside the sliders of the field of view.
 constexpr uint32_t kIndicator = 2;
 
-constexpr uint32_t kOfScanner[] = {kDetectButton, kWidthSlider, kHeightSlider, kIndicatorBox};
-
 PageLocations& HandheldLocations() {
-    static PageLocations locations("CHandheldMeasSettingsDlg");
+    static PageLocations locations(kHandheldPageClass);
     return locations;
 }
 
@@ -54,12 +52,15 @@ void CHandheldMeasSettingsDlg::OnThreshold() {
 }
 
 void CHandheldMeasSettingsDlg::OnIndicator() {
-    const Scope scope(Operations());
-    if (IsReady()) {
-        if (!ExchangeEdits(0)) return;
-        m_flags.TakeInto(Data());
-    }
-    OnScanningMoved(kIndicator);
+    Attempt([&](const Scope& scope) {
+        const bool is_ready = IsReady();
+        if (!is_ready || ExchangeEdits(0)) {
+            if (is_ready) m_flags.TakeInto(Data());
+            OnScanningMoved(kIndicator);
+        } else if (scope.IsSessionOpen()) {
+            m_indicator.ShowIn(m_scanning);
+        }
+    });
 }
 
 // The text is put right before anything is said: however often it is looked at while the box is there, by the
@@ -98,16 +99,8 @@ void CHandheldMeasSettingsDlg::FollowScanning(const Scope& scope, uint32_t moved
 }
 
 // The profile can still be looked at.
-void CHandheldMeasSettingsDlg::OnScannerGone() noexcept {
-    AtBoundary([&] {
-        for (const uint32_t id : kOfScanner) {
-            ui::Control* const control = Find(id);
-            if (!control) continue;
-            control->Enable(false);
-            SetHelp(*control, *Module(), Disabled::kNotConnected);
-        }
-        return S_OK;
-    });
+void CHandheldMeasSettingsDlg::OnScannerUnusable() noexcept {
+    DisableControlsOfScanner();
     RefreshFrameRate();
 }
 

@@ -25,7 +25,7 @@ private:
     bool ReadScanning() override;
     void FollowScanning(const Scope& scope, uint32_t moved) override;
     void ShowScanning() override;
-    void OnScannerGone() noexcept override;
+    void OnScannerUnusable() noexcept override;
     void RefreshFrameRate() noexcept override;
     void LeaveControls() override;
     // A threshold without a row would be another one then.

@@ -10,8 +10,6 @@
 namespace hx {
 namespace {
 
-constexpr char kClass[] = "CMeasSettingsDlg";
-
 constexpr int32_t kNoFieldOfView = 0;
 constexpr int32_t kWidthAndHeight = 3;
 constexpr int32_t kNoSpeed = -1;
@@ -19,12 +17,12 @@ constexpr int32_t kNoSpeed = -1;
 constexpr uint32_t kSpeed = 2;
 
 PageLocations& MeasLocations() {
-    static PageLocations locations(kClass);
+    static PageLocations locations(kMeasurementPageClass);
     return locations;
 }
 
 MErrorLocation& SpeedLocation() {
-    static MErrorLocation location(kClass, "ShowMeasurementSpeed");
+    static MErrorLocation location(kMeasurementPageClass, "ShowMeasurementSpeed");
     return location;
 }
 

@@ -19,7 +19,6 @@ enum MeasControl : uint32_t {
     kInclinationEdit = 219,
     kSpeedLabel = 229,
     kProcessingGroup = 261,
-    kHighIsoBox = 288,
     kSpeedSlider = 289,
     kFullSpeedLabel = 290,
     kThreeQuartersSpeedLabel = 291,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/measurement/MeasControls.h"
 #include "controls/parts/DialogParts.h"
 #include "controls/parts/ScannerReadouts.h"
 #include "controls/parts/WholePart.h"
@@ -11,8 +12,6 @@
 namespace hx {
 namespace {
 
-constexpr uint32_t kSlider = 289;
-constexpr uint32_t kCaption = 229;
 constexpr int32_t kSlowest = 3;
 
 // From full speed, at the right, to the slowest.
@@ -20,7 +19,10 @@ struct Place {
     uint32_t label;
     double part_of_full_speed;
 };
-constexpr Place kPlaces[] = {{290, 1.0}, {291, 0.75}, {292, 0.5}, {293, 0.25}};
+constexpr Place kPlaces[] = {{kFullSpeedLabel, 1.0},
+                             {kThreeQuartersSpeedLabel, 0.75},
+                             {kHalfSpeedLabel, 0.5},
+                             {kQuarterSpeedLabel, 0.25}};
 
 // To the nearest five.
 int32_t Rounded(double rate_hz) {
@@ -36,26 +38,26 @@ void MeasurementSpeed::Set(bool enabled, int32_t selection) {
 }
 
 int32_t MeasurementSpeed::TakeSlider() {
-    const auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSlider);
+    const auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSpeedSlider);
     return slider ? std::exchange(m_selection, kSlowest - slider->Position()) : m_selection;
 }
 
 void MeasurementSpeed::Show() {
     if (m_enabled) {
         if (!m_labels_done) MakeLabels();
-        if (auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSlider)) {
+        if (auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSpeedSlider)) {
             slider->SetRange(0, kSlowest);
             slider->SetLineSize(1);
         }
         ShowPlace();
     }
-    ShowControl(m_dialog, kSlider, m_enabled);
-    ShowControl(m_dialog, kCaption, m_enabled);
+    ShowControl(m_dialog, kSpeedSlider, m_enabled);
+    ShowControl(m_dialog, kSpeedLabel, m_enabled);
     for (const Place& place : kPlaces) ShowControl(m_dialog, place.label, m_enabled);
 }
 
 void MeasurementSpeed::ShowPlace() {
-    auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSlider);
+    auto* const slider = m_dialog.FindAs<ui::TrackBar>(kSpeedSlider);
     // A scanner may have any number for its selection.
     if (slider && m_enabled) slider->SetPosition(kSlowest - std::clamp(m_selection, 0, kSlowest));
 }

@@ -21,4 +21,14 @@ void EnableByRules(const ui::Dialog& dialog, std::span<const EnableRule> rules,
     }
 }
 
+void DisableByNeed(const ui::Dialog& dialog, std::span<const EnableRule> rules, bool EnableState::*need) {
+    for (const EnableRule& rule : rules) {
+        const auto missing = std::ranges::find(rule.needs, need, &Requirement::holds);
+        ui::Control* const control = missing != rule.needs.end() ? dialog.Find(rule.control) : nullptr;
+        if (!control || !control->IsEnabled()) continue;
+        control->Enable(false);
+        SetHelp(*control, *dialog.Module(), missing->otherwise);
+    }
+}
+
 }  // namespace hx

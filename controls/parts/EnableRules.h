@@ -34,4 +34,7 @@ Disabled WhyDisabled(std::span<const Requirement> needs, const EnableState& stat
 void EnableByRules(const ui::Dialog& dialog, std::span<const EnableRule> rules,
                    std::span<const Requirement> others_need, const EnableState& state);
 
+// Those that can be used, and need that, cannot any more; the others keep their help.
+void DisableByNeed(const ui::Dialog& dialog, std::span<const EnableRule> rules, bool EnableState::*need);
+
 }  // namespace hx

@@ -12,9 +12,6 @@ namespace {
 
 // So much brighter than what the scanner finds [0.01 %].
 constexpr int32_t kAddedExposure = 100;
-constexpr int32_t kWholeExposure = 10000;
-constexpr int32_t kLeastPower = 1;
-constexpr int32_t kWholePower = 100;
 
 std::atomic<bool> g_detects = false;
 
@@ -43,7 +40,7 @@ bool ExposureDetection::DetectExposure(const Scope& scope, const std::function<b
     Ask(47, L"DetectExposureTime", &ICalibrationHandle::DetectExposureTime, &exposure_us);
     if (!scope.MayGoOn()) return false;
     const int32_t found = m_page.ExposureFromMicroSecondsToPercentage(exposure_us);
-    m_page.Data().exposure = std::min(found + kAddedExposure, kWholeExposure);
+    m_page.Data().exposure = std::min(found + kAddedExposure, kMostExposure);
     return shown() && scope.MayGoOn();
 }
 
@@ -51,7 +48,7 @@ bool ExposureDetection::DetectLaserPower(const Scope& scope, const std::function
     double percent = 0;
     Ask(56, L"DetectLaserPower", &ICalibrationHandle::DetectLaserPower, &percent);
     if (!scope.MayGoOn()) return false;
-    m_page.Data().laser_power = RoundedWithin(percent, kLeastPower, kWholePower);
+    m_page.Data().laser_power = RoundedWithin(percent, kLeastLaserPower, kMostLaserPower);
     return shown() && scope.MayGoOn();
 }
 

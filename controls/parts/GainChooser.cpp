@@ -12,9 +12,6 @@
 namespace hx {
 namespace {
 
-// Of the measurement page alone.
-constexpr uint32_t kHighIsoBox = 288;
-
 constexpr uint32_t kUsualGain = 1;
 constexpr uint32_t kHighIsoGain = 4;
 

@@ -9,6 +9,9 @@
 
 namespace hx {
 
+// The box, which the measurement page alone has.
+inline constexpr uint32_t kHighIsoBox = 288;
+
 class GainChooser {
 public:
     // Both outlive this. Where errors are raised is the page's.

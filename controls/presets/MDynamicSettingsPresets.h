@@ -7,6 +7,8 @@
 // Failed calls throw an MException "MDynamicSettingsPresets.Operation:Call".
 #pragma once
 
+#include <functional>
+
 #include "controls/presets/PresetList.h"
 #include "core/errors/MException.h"
 #include "hxapi/ICalibrationHandle.h"
@@ -29,10 +31,12 @@ public:
     static void RemovePage();
 
     // The list is read from the scanner API. A failure leaves the entries read so far. Names that begin with
-    // "@" are not for operators; without an owner there are none at all.
-    void Load();
+    // "@" are not for operators; without an owner there are none at all. Calls may dispatch messages, after
+    // which it ends where it is if it is not wanted any more.
+    using IsWanted = std::function<bool()>;
+    void Load(const IsWanted& is_wanted = [] { return true; });
     // Unless it was loaded already, also as an empty list.
-    void LoadOnce();
+    void LoadOnce(const IsWanted& is_wanted = [] { return true; });
     // Whether the failure of a load tells that the API changed the owner's presets: then the operator is to
     // be told, and a second load finds them.
     static bool IsEnumerationOutcome(const MException& exception);

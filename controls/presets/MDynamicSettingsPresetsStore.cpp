@@ -45,7 +45,7 @@ struct StoredList {
 
 }  // namespace
 
-void MDynamicSettingsPresets::Load() {
+void MDynamicSettingsPresets::Load(const IsWanted& is_wanted) {
     static MErrorLocation location(kClass, "Load");
     const ApiOperation operation(location, this);
     m_completely_loaded_owner.clear();
@@ -60,6 +60,7 @@ void MDynamicSettingsPresets::Load() {
     constexpr wchar_t kEnumerate[] = L"EnumerateDynamicSettingsPresets";
     operation.Call(71, kEnumerate, m_handle, &ICalibrationHandle::EnumerateDynamicSettingsPresets,
                    owner.get(), name_array.put(), display_name_array.put());
+    if (!is_wanted()) return;
     const auto names = TextsOf(name_array.get());
     const auto display_names = TextsOf(display_name_array.get());
     if (!names || !display_names || names->size() != display_names->size()) {
@@ -69,6 +70,7 @@ void MDynamicSettingsPresets::Load() {
     Bstr selected;
     operation.Call(82, L"GetSelectedDynamicSettingsPreset", m_handle,
                    &ICalibrationHandle::GetSelectedDynamicSettingsPreset, owner.get(), selected.put());
+    if (!is_wanted()) return;
     m_selected_name = selected.view();
     m_loaded_selected_name = m_selected_name;
 
@@ -79,6 +81,7 @@ void MDynamicSettingsPresets::Load() {
         ComPtr<IDynamicSettingsPreset> preset;
         operation.Call(93, kGet, m_handle, &ICalibrationHandle::GetDynamicSettingsPreset, owner.get(),
                        Bstr(name).get(), preset.put());
+        if (!is_wanted()) return;
         if (!preset) operation.Fail(95, kGet, E_POINTER);
         m_entries.Append({name, (*display_names)[i], 0, std::move(preset)});
     }
@@ -86,10 +89,10 @@ void MDynamicSettingsPresets::Load() {
     m_completely_loaded_owner = m_owner_name;
 }
 
-void MDynamicSettingsPresets::LoadOnce() {
+void MDynamicSettingsPresets::LoadOnce(const IsWanted& is_wanted) {
     if (m_loaded) return;
-    Load();
-    m_loaded = true;
+    Load(is_wanted);
+    m_loaded = m_loaded || is_wanted();
 }
 
 bool MDynamicSettingsPresets::IsEnumerationOutcome(const MException& exception) {

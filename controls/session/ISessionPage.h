@@ -18,14 +18,17 @@ class ISessionPage {
 public:
     virtual ~ISessionPage() = default;
 
+    // Whoever has this keeps the page; empty if it is not shared.
+    virtual std::shared_ptr<void> Hold() { return {}; }
+
     // A new listener for events of the scanner API; and those that an older one has posted are not to come.
     virtual ComPtr<IUnknown> MakeEventsSink() = 0;
     virtual void ForgetEvents() = 0;
     // A connection state was told, whatever becomes of it.
     virtual void NoteConnectionState() {}
 
-    // The connection came to its end, and the scanner was given back.
-    virtual void OnScannerGone() noexcept {}
+    // The scanner cannot be used any more, or was given back: it is gone, or suspended.
+    virtual void OnScannerUnusable() noexcept {}
 
     // Shows the failure to the operator and returns when that is done.
     virtual void ErrorBox(const MException& exception) noexcept = 0;

@@ -47,6 +47,10 @@ void ScannerSession::OnSelected() {
     if (m_operations.IsClosed()) return;
     const Scope scope(m_operations);
     m_shown = true;
+    if (m_set_up == SetUp::kInterrupted && m_api) {
+        m_selected = true;
+        return Reopen(scope);
+    }
     try {
         if (m_api && m_handle && AcquireCalibrationHandle(scope)) m_page.EnableControls(true);
     } catch (const MException& exception) {
@@ -83,6 +87,7 @@ void ScannerSession::OnDeselected() {
 
 void ScannerSession::OnDestroy() {
     if (m_operations.IsClosed()) return;
+    const Scope scope(m_operations);
     m_operations.Close();
     const ApiOperation operation(m_locations.destroy, this);
     try {
@@ -125,17 +130,21 @@ void ScannerSession::ApplyGlobalScanningSettings(MGlobalScanningSettings setting
     address.ullVal = reinterpret_cast<uintptr_t>(&settings);
 
     const ComPtr<ICalibrationHandle> handle = m_handle;
+    // Each may dispatch messages. A scanner that was given back meanwhile is neither started again nor left
+    // without its observer, if it was started for another selection.
     handle->DisableScanner();
+    if (!scope.MayGoOn()) return;
     operation.Call(124, kRegister, handle, kRegisterMethod, kNoObserver);
     if (!scope.MayGoOn()) return;
     m_page.ResetPreview();
-    // A component may do anything. A scanner that was given back meanwhile is not started again.
     if (!scope.MayGoOn()) return;
     operation.Call(126, L"ActivateGlobalScanningSettings", handle,
                    &ICalibrationHandle::ActivateGlobalScanningSettings, address);
-    operation.Call(128, L"InitialiseScanner", handle, &ICalibrationHandle::InitialiseScanner, 0, 0, 1);
     if (!scope.MayGoOn()) return;
+    operation.Call(128, L"InitialiseScanner", handle, &ICalibrationHandle::InitialiseScanner, 0, 0, 1);
+    if (!MayKeepScanner(scope)) return;
     operation.Call(129, kRegister, handle, kRegisterMethod, m_page.TrackingObserver().get());
+    MayKeepScanner(scope);
 }
 
 }  // namespace hx

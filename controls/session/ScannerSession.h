@@ -72,6 +72,8 @@ public:
 
 private:
     using Scope = SessionOperations::Scope;
+    // One that the page was left in before it came to the profiles is done when it is selected again.
+    enum class SetUp { kNotRunning, kRunning, kInterrupted };
 
     // False if it may not go on. Throws.
     bool AcquireCalibrationHandle(const Scope& scope);
@@ -79,12 +81,17 @@ private:
     // Logs a failure as the operation's.
     void Release(MErrorLocation& location, int32_t line);
 
-    void StartScanner(const ApiOperation& operation);
+    // These as well.
+    bool StartScanner(const ApiOperation& operation, const Scope& scope);
+    // What the scanner gave while the page was left is given back, unless it has been selected again.
+    bool MayKeepScanner(const Scope& scope);
     bool LoadPresets(const ApiOperation& operation, const Scope& scope);
     void OnKeptConnectionState(int32_t state) override;
+    Held Hold() override { return {m_page.Hold(), std::optional<PresetsReference>(std::in_place)}; }
     // False if what is left to do is to set up anew.
     bool FollowConnectionState(int32_t state);
     void Reopen(const Scope& scope);
+    void EndSetUp(const Scope& scope);
     // False if the page shows no profile, or if it may not go on.
     bool Open(const Scope& scope);
     void SettleTarget();
@@ -101,6 +108,7 @@ private:
     bool m_shown = false;  // as the host said last; selected when that was followed
     bool m_selected = false;
     bool m_handle_acquired = false;
+    SetUp m_set_up = SetUp::kNotRunning;
     bool m_awaits_window = false;
     std::optional<int32_t> m_awaiting_state;  // that came without one
     const std::shared_ptr<libReplayCapture> m_recorder;

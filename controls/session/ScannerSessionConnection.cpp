@@ -29,6 +29,11 @@ void ScannerSession::OnWindowCreated() {
 void ScannerSession::OnKeptConnectionState(int32_t state) {
     const Scope scope(m_operations);
     if (!FollowConnectionState(state)) Reopen(scope);
+    // Left and selected again in the middle of that.
+    if (scope.IsSessionOpen() && m_set_up == SetUp::kInterrupted && m_api && m_selected) {
+        const Scope again(m_operations);
+        Reopen(again);
+    }
 }
 
 bool ScannerSession::FollowConnectionState(int32_t state) {
@@ -41,20 +46,23 @@ bool ScannerSession::FollowConnectionState(int32_t state) {
         Release(m_locations.connection_change, 31);
         m_handle.reset();
     }
-    m_connection_state = state;
-    if (action == kReleaseAndDrop) m_page.OnScannerGone();
+    const bool was_connected = std::exchange(m_connection_state, state) == HXConnected;
+    const bool is_lost = was_connected && state != HXConnected;
+    if (is_lost || action == kReleaseAndDrop) m_page.OnScannerUnusable();
     return !reopen;
 }
 
 void ScannerSession::Reopen(const Scope& scope) {
     bool opened = false;
+    m_set_up = SetUp::kRunning;
     try {
         Release(m_locations.connection_change, 41);
-        opened = Open(scope);
-        if (!scope.MayGoOn()) return;
+        opened = scope.MayGoOn() && Open(scope);
+        if (!scope.MayGoOn()) return EndSetUp(scope);
     } catch (const MException& exception) {
-        if (!scope.MayGoOn()) return;
+        if (!scope.MayGoOn()) return EndSetUp(scope);
         ApiOperation(m_locations.connection_change, this).Log(46, exception);
+        EndSetUp(scope);
         m_page.ErrorBox(exception);
         if (!scope.MayGoOn()) return;
     }
@@ -62,18 +70,35 @@ void ScannerSession::Reopen(const Scope& scope) {
     m_page.RefreshFrameRate();
 }
 
+void ScannerSession::EndSetUp(const Scope& scope) {
+    if (!scope.IsSessionOpen() || m_set_up != SetUp::kRunning) return;
+    m_set_up = scope.MayGoOn() ? SetUp::kNotRunning : SetUp::kInterrupted;
+}
+
 bool ScannerSession::Open(const Scope& scope) {
     const ApiOperation operation(m_locations.connection_change, this);
-    if (!m_handle) m_handle = m_presets->CreateCalibrationHandle();
+    if (!m_handle) {
+        const ComPtr<IHXApi> api = m_api;
+        ComPtr<ICalibrationHandle> made = m_presets->CreateCalibrationHandle();
+        // It is good for a later set-up as well.
+        if (scope.IsSessionOpen() && m_api == api) m_handle = std::move(made);
+        if (!scope.MayGoOn()) return false;
+    }
     if (!AcquireCalibrationHandle(scope)) return false;
     ComPtr<IDynamicSettingsPreset> working = m_presets->CreateNewPreset();
-    m_page.SetPresets(std::move(working), m_presets->CreateNewPreset());
+    if (!scope.MayGoOn()) return false;
+    ComPtr<IDynamicSettingsPreset> reference = m_presets->CreateNewPreset();
+    if (!scope.MayGoOn()) return false;
+    m_page.SetPresets(std::move(working), std::move(reference));
     SettleTarget();
     m_page.FillGainList();
+    if (!scope.MayGoOn()) return false;
     uint32_t longest_exposure_us = 0;
     operation.Call(63, L"GetMaxExposureTime", m_handle, &ICalibrationHandle::GetMaxExposureTime,
                    Bstr(m_target.device_internal_name).get(), &longest_exposure_us);
+    if (!scope.MayGoOn()) return false;
     m_page.SetExposureRange(longest_exposure_us);
+    EndSetUp(scope);
     return m_page.FinishReopening();
 }
 

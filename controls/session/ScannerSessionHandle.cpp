@@ -20,43 +20,64 @@ bool ScannerSession::AcquireCalibrationHandle(const Scope& scope) {
     int32_t state = HXNotConnected;
     if (m_handle) {
         ComPtr<IErrorInfo> detail;
+        // The host may take it away in the middle of a call.
+        const ComPtr<IHXApi> api = m_api;
         operation.Check(29, L"GetConnectionState",
-                        m_api ? m_api->GetConnectionState(&state, detail.put()) : E_POINTER);
+                        api ? api->GetConnectionState(&state, detail.put()) : E_POINTER);
+        if (!scope.MayGoOn()) return false;
         if (state == HXSuspended && m_rules.resumes) {
-            operation.Check(32, L"Resume", m_api->Resume(detail.put()));
+            operation.Check(32, L"Resume", api->Resume(detail.put()));
+            if (!scope.MayGoOn()) return false;
         }
     }
     const std::shared_ptr<void> waiting = m_page.ShowWaitCursor();
     if (state == HXConnected && m_presets->ScannerName() == m_presets->ActiveScannerName()) {
         operation.Call(37, L"AcquireHandle", m_handle, &ICalibrationHandle::AcquireHandle);
-        if (m_presets->UpdateActiveDeviceInternalName() || !m_target.initialised) StartScanner(operation);
+        if (!MayKeepScanner(scope)) return false;
+        const bool is_active = m_presets->UpdateActiveDeviceInternalName();
+        if (!scope.MayGoOn()) return false;
+        if ((is_active || !m_target.initialised) && !StartScanner(operation, scope)) return false;
     }
     if (!LoadPresets(operation, scope)) return false;
-    if (m_target.profile_name == kCustomProfileName) m_presets->SetCustomPreset();
+    if (m_target.profile_name == kCustomProfileName) {
+        m_presets->SetCustomPreset();
+        if (!scope.MayGoOn()) return false;
+    }
     m_handle_acquired = true;
     return true;
 }
 
-void ScannerSession::StartScanner(const ApiOperation& operation) {
+bool ScannerSession::MayKeepScanner(const Scope& scope) {
+    if (scope.MayGoOn()) return true;
+    if (scope.IsSessionOpen() && !m_handle_acquired) Release(m_locations.acquire, 49);
+    return false;
+}
+
+bool ScannerSession::StartScanner(const ApiOperation& operation, const Scope& scope) {
     m_recorder->StartTrackingDataRecording();
     operation.Call(48, L"InitialiseScanner", m_handle, &ICalibrationHandle::InitialiseScanner, 0, 0, 1);
+    if (!MayKeepScanner(scope)) return false;
     operation.Call(49, L"RegisterTrackingCycleObserver", m_handle,
                    &ICalibrationHandle::RegisterTrackingCycleObserver, m_page.TrackingObserver().get());
+    if (!MayKeepScanner(scope)) return false;
     m_presets->UpdateActiveDeviceInternalName();
+    return scope.MayGoOn();
 }
 
 bool ScannerSession::LoadPresets(const ApiOperation& operation, const Scope& scope) {
+    const auto is_wanted = [&scope] { return scope.MayGoOn(); };
     try {
-        m_presets->LoadOnce();
-        return true;
+        m_presets->LoadOnce(is_wanted);
+        return scope.MayGoOn();
     } catch (const MException& exception) {
         if (!MDynamicSettingsPresets::IsEnumerationOutcome(exception)) throw;
+        if (!scope.MayGoOn()) return false;
         operation.Log(60, exception);
         m_page.ErrorBox(exception);
     }
     if (!scope.MayGoOn()) return false;
-    m_presets->Load();
-    return true;
+    m_presets->Load(is_wanted);
+    return scope.MayGoOn();
 }
 
 void ScannerSession::ReleaseCalibrationHandle() {

@@ -8,12 +8,20 @@
 #include <memory>
 #include <optional>
 
+#include "controls/presets/PresetsReference.h"
+
 namespace hx {
 
 class ConnectionListener {
 public:
     virtual ~ConnectionListener() = default;
     virtual void OnKeptConnectionState(int32_t state) = 0;
+    // What must not go in the middle of an operation: a page, if it is shared, and its presets manager.
+    struct Held {
+        std::shared_ptr<void> page;
+        std::optional<PresetsReference> presets;
+    };
+    virtual Held Hold() { return {}; }
 };
 
 class SessionOperations {
@@ -27,6 +35,10 @@ public:
 private:
     struct State {
         explicit State(ConnectionListener* to) : listener(to) {}
+        ConnectionListener::Held Hold() const {
+            if (listener == nullptr) return {};
+            return listener->Hold();
+        }
         ConnectionListener* listener;  // null once closed
         int32_t depth = 0;
         uint32_t interruptions = 0;
@@ -35,11 +47,14 @@ private:
     };
 
 public:
-    // Something runs as long as this lives. It outlives the session, if need be.
+    // Something runs as long as this lives, and what the listener holds does not go. It outlives the
+    // session, if need be.
     class Scope {
     public:
         explicit Scope(const SessionOperations& operations)
-            : m_state(operations.m_state), m_interruptions(m_state->interruptions) {
+            : m_state(operations.m_state),
+              m_held(m_state->Hold()),
+              m_interruptions(m_state->interruptions) {
             ++m_state->depth;
         }
         Scope(const Scope&) = delete;
@@ -55,6 +70,7 @@ public:
 
     private:
         const std::shared_ptr<State> m_state;
+        const ConnectionListener::Held m_held;
         const uint32_t m_interruptions;
     };
 

@@ -20,12 +20,12 @@ constexpr ConnectionRow kHandheldRows[] = {
 };
 
 SessionLocations& MeasurementLocations() {
-    static SessionLocations locations("CMeasSettingsDlg");
+    static SessionLocations locations(kMeasurementPageClass);
     return locations;
 }
 
 SessionLocations& HandheldLocations() {
-    static SessionLocations locations("CHandheldMeasSettingsDlg");
+    static SessionLocations locations(kHandheldPageClass);
     return locations;
 }
 

@@ -8,6 +8,10 @@
 
 namespace hx {
 
+// The classes of the pages, as their errors name them.
+inline constexpr char kMeasurementPageClass[] = "CMeasSettingsDlg";
+inline constexpr char kHandheldPageClass[] = "CHandheldMeasSettingsDlg";
+
 enum class ConnectionAction : uint8_t {
     kNothing,
     kReopenUnlessAcquired,  // sets up anew, if the handle is not acquired

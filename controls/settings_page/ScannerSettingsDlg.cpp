@@ -114,4 +114,11 @@ void ScannerSettingsDlg::EnableControls(bool enable) noexcept {
     });
 }
 
+void ScannerSettingsDlg::DisableControlsOfScanner() noexcept {
+    AtBoundary([&] {
+        DisableByNeed(*this, m_kind.enable_rules, &EnableState::is_connected);
+        return S_OK;
+    });
+}
+
 }  // namespace hx

@@ -37,7 +37,7 @@ public:
     // what was set before it stays.
     void Initialise(const std::wstring& driver_internal_name, const std::wstring& device_internal_name,
                     const std::wstring& function_name, SAFEARRAY** arguments);
-    // And CommitOnClose, of ProfileEditor.
+    // A host that wants to close calls CommitOnClose, which ProfileEditor has.
 
 protected:
     // The row outlives the page.
@@ -62,7 +62,7 @@ protected:
     // move the preview: false if the session was ended in that. Throws.
     virtual bool ReadScanning() = 0;
     // What of them a slider stands for, as bits beyond kFieldOfView; and bits of which something was moved:
-    // TakeFieldOfView, ApplyScanning. Throws.
+    // takes what the controls show of it, then ApplyScanning. Throws.
     virtual uint32_t ScanningOf(uint32_t /*slider*/) const { return 0; }
     virtual void FollowScanning(const Scope& scope, uint32_t moved) = 0;
     virtual void ShowScanning() { m_field_of_view.ShowIn(m_scanning); }
@@ -101,10 +101,13 @@ protected:
     bool Follow();
     // What was chosen is in the record: likewise, without looking at what can be used. Shows failures.
     void FollowChosen();
-    // A slider was held while the page is left; what it shows is taken. Throws.
+    // A slider was held while the page is left; what it shows of the profile is taken. One of the scanning
+    // settings, of which nobody was told, goes back. Throws.
     bool TakeHeldSlider();
     void ShowRecord();
     void ShowRecordInEdits();
+    // Until EnableControls is told otherwise.
+    void DisableControlsOfScanner() noexcept;
     PageLocations& Locations() const { return m_kind.locations(); }
 
     CScannerPreviewCtrl m_preview;

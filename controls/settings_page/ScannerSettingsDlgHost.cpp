@@ -41,7 +41,11 @@ void ScannerSettingsDlg::SetSettingsObjectMap(ComPtr<IHXSettingsObjectMap> map) 
 }
 
 void ScannerSettingsDlg::OnSelected() {
+    if (Operations().IsClosed()) return;
+    const Scope scope(Operations());
     Session().OnSelected();
+    // The scanner may have gone while another page was shown.
+    if (scope.IsSessionOpen() && Session().ConnectionState() != HXConnected) RefreshFrameRate();
 }
 
 void ScannerSettingsDlg::OnDeselected() {

@@ -86,11 +86,16 @@ void ScannerSettingsDlg::OnEditLeft(ui::Control& edit) {
 
 void ScannerSettingsDlg::OnFlag(ui::Control& /*box*/) {
     if (!IsReady()) return;
-    // Connection states that come while an edit is complained of wait until the click was followed.
-    const Scope scope(Operations());
-    if (!ExchangeEdits(0)) return;
-    m_flags.TakeInto(Data());
-    Follow();
+    // Connection states that come while an edit is complained of wait until the click was followed. If the
+    // page is left meanwhile it is not, and must not seem so.
+    Attempt([&](const Scope& scope) {
+        if (ExchangeEdits(0)) {
+            m_flags.TakeInto(Data());
+            Follow();
+        } else if (scope.IsSessionOpen()) {
+            m_flags.Show(Data());
+        }
+    });
 }
 
 bool ScannerSettingsDlg::ExchangeEdits(uint32_t /*left_edit*/) {

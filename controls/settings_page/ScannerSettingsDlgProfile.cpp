@@ -21,18 +21,21 @@ void ScannerSettingsDlg::UpdateSettingsFromUI(bool from_sliders) {
 bool ScannerSettingsDlg::TakeHeldSlider() {
     // Nobody holds a slider of a page that is not to be seen: where it is counts.
     if (!m_tracking.exchange(false)) return false;
+    ShowScanning();
     TakeHeldSliders();
     return true;
 }
 
 bool ScannerSettingsDlg::SetProfile(const ComPtr<IDynamicSettingsPreset>& preset) {
     const bool were_enabled = m_enabled;
+    const Scope scope(Operations());
     return ShowOrPutBack(
         [&] {
             if (!SettingsToData(*preset)) return;
             ShowRecord();
             EnableControls(true);
-            ApplySettingsToHardware(preset);
+            // The scanner was given back if the page was left meanwhile.
+            if (scope.MayGoOn() || Session().IsSelected()) ApplySettingsToHardware(preset);
         },
         [&] {
             m_gains.ShowGain();

@@ -14,9 +14,6 @@
 
 namespace hx {
 
-inline constexpr int32_t kLeastLaserPower = 1;
-inline constexpr int32_t kMostLaserPower = 100;
-
 constexpr ValueRow LaserPowerRow(bool is_vertical) {
     using Data = DynamicSettingsData;
     return {kLaserPowerSlider,
@@ -37,8 +34,8 @@ constexpr ValueRow ExposureRow(bool is_vertical) {
     using Data = DynamicSettingsData;
     return {kExposureSlider,
             kExposureEdit,
-            100,
-            10000,
+            kLeastExposure,
+            kMostExposure,
             1000,
             100,
             is_vertical,

@@ -51,6 +51,8 @@ public:
         ConfigDispatch<ConfigCtrl>::template Type<TakesArguments<Page>>();
 
     ConfigCtrl() : m_page(std::make_shared<Page>()) { FollowLanguageOfHost(m_localisation); }
+    // A page that is in the middle of something is held by that, and goes later. Its window does not.
+    ~ConfigCtrl() override { m_page->Destroy(); }
 
     // DHXConfigCtrl
     HRESULT STDMETHODCALLTYPE SetSettingsObjectMap(IUnknown* settings) override {

@@ -1,6 +1,6 @@
-// What page code asks of the screen apart from its windows: boxes, menus, the wait cursor, the clipboard. On the thread of
-// the user interface; boxes and menus return when they are closed, and messages are dispatched meanwhile.
-// While a script is set (script.h), it answers.
+// What page code asks of the screen apart from its windows: boxes, menus, the wait cursor, the clipboard. On
+// the thread of the user interface; boxes and menus return when they are closed, and messages are dispatched
+// meanwhile. While a script is set (script.h), it answers.
 #pragma once
 
 #include <cstdint>

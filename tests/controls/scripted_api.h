@@ -122,6 +122,10 @@ struct Script {
     std::function<void(const std::string& call)> during;  // the call: messages that it dispatches
     bool enters_values = false;                           // among the calls: what is asked of presets
     int32_t alive = 0;
+    // What a page has of the scanner: acquired, running, observed; no more once the handle was closed.
+    bool closed = false;
+    std::string Uses() const { return closed ? "---" : uses; }
+    std::string uses = "---";
 };
 
 // Counted while it is there.
@@ -225,12 +229,15 @@ class Handle final : public hx::Implements<Handle, hx::SingleThreaded, ICalibrat
 public:
     using Counted::Counted;
 
-    HRESULT AcquireHandle() override { return Gate("AcquireHandle"); }
-    HRESULT ReleaseHandle() override { return Gate("ReleaseHandle"); }
-    HRESULT InitialiseScanner(int32_t, int32_t, int32_t) override { return Gate("InitialiseScanner"); }
-    HRESULT DisableScanner() override { return Gate("DisableScanner"); }
-    HRESULT RegisterTrackingCycleObserver(IUnknown*) override {
-        return Gate("RegisterTrackingCycleObserver");
+    HRESULT AcquireHandle() override { return Take("AcquireHandle", 0, 'A'); }
+    HRESULT ReleaseHandle() override { return GiveBack("ReleaseHandle", 0); }
+    HRESULT InitialiseScanner(int32_t, int32_t, int32_t) override {
+        return Take("InitialiseScanner", 1, 'R');
+    }
+    HRESULT DisableScanner() override { return GiveBack("DisableScanner", 1); }
+    HRESULT RegisterTrackingCycleObserver(IUnknown* observer) override {
+        constexpr char kCall[] = "RegisterTrackingCycleObserver";
+        return observer != nullptr ? Take(kCall, 2, 'O') : GiveBack(kCall, 2);
     }
     HRESULT ActivateDynamicSettings(IDynamicSettingsPreset* preset) override {
         return Gate("ActivateDynamicSettings " +
@@ -319,13 +326,26 @@ public:
     HRESULT CreateDynamicSettingsPreset(IDynamicSettingsPreset** preset) override {
         return GivePreset("CreateDynamicSettingsPreset", preset, {});
     }
-    HRESULT CloseHandle() override { return Gate("CloseHandle"); }
+    HRESULT CloseHandle() override {
+        m_script.closed = true;
+        return Gate("CloseHandle");
+    }
 
     HRESULT InterfaceSupportsErrorInfo(REFIID iid) override {
         return iid == IID_ICalibrationHandle ? S_OK : S_FALSE;
     }
 
 private:
+    // The worst case, if it is used meanwhile: it is there at the end of the call, and gone at its beginning.
+    HRESULT Take(const std::string& call, size_t use, char letter) {
+        const HRESULT result = Gate(call);
+        if (SUCCEEDED(result)) m_script.uses[use] = letter;
+        return result;
+    }
+    HRESULT GiveBack(const std::string& call, size_t use) {
+        m_script.uses[use] = '-';
+        return Gate(call);
+    }
     HRESULT Gate(const std::string& call) {
         const HRESULT result = m_script.Gate(call);
         if (FAILED(result) && !m_script.chain_code.empty()) LeaveErrorInformation();

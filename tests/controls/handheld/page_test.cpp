@@ -135,6 +135,16 @@ TEST_F(HandheldPage, ALaserPowerOutOfRangeIsComplainedOfOnce) {
             EXPECT_EQ(script.Calls().find("Activate"), std::string::npos);
         }
     }
+    for (const uint32_t box : {224, 253, 275}) {
+        Open();
+        const bool ticked = At<ui::CheckBox>(box).IsChecked();
+        User().Paste(At<ui::Edit>(210), L"101");
+        boxes.while_box = [&] { page->OnDeselected(), page->OnSelected(); };
+        At<ui::CheckBox>(box).UserClick();
+        boxes.while_box = nullptr;
+        EXPECT_EQ(At<ui::CheckBox>(box).IsChecked(), ticked) << box << " was not followed";
+        EXPECT_EQ(TextsOfBoxes(), kRange);
+    }
 }
 
 TEST_F(HandheldPage, ReadsAndAppliesTheFieldOfView) {
@@ -215,6 +225,20 @@ TEST_F(HandheldPage, EnablesWhatCanBeUsedInEachState) {
     EXPECT_TRUE(page->IsModified());
     EXPECT_TRUE(script.Calls().ends_with("ActivateDynamicSettings 61, GetFrameRate"));
     EXPECT_EQ(enabled(), all);
+    // The scanner of a profile whose laser power is not set by hand.
+    User().Click(At<ui::CheckBox>(224));
+    script.calls.clear();
+    Arrive(HXSuspended);
+    EXPECT_EQ(enabled(), but({207, 210, 269, 275, 276, 277}));
+    EXPECT_EQ(Reason(277) + " " + Reason(207) + " " + TextOf(228), "2903 2902 Frame rate: 0 Hz");
+    EXPECT_EQ(script.Calls(), "");
+    Arrive(HXConnected);
+    EXPECT_EQ(TextOf(228), "Frame rate: 50 Hz");
+    // It goes while another page is shown.
+    page->OnDeselected();
+    Arrive(HXNotConnected);
+    page->OnSelected();
+    EXPECT_EQ(TextOf(228), "Frame rate: 0 Hz");
 }
 
 TEST_F(HandheldPage, ShowsWhatTheRegistryAndTheScannerAllow) {
