@@ -29,6 +29,7 @@ constexpr uint32_t kWords[] = {
     IDS_WORD_PROCESSORS,
     IDS_WORD_LANGUAGE,
     IDS_WORD_ERRORS,
+    IDS_WORD_ERRORS_LEFT_OUT,
 };
 static_assert(std::size(kWords) == static_cast<size_t>(ReportWord::count_));
 
