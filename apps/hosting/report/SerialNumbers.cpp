@@ -36,7 +36,7 @@ Part Introduced(std::wstring_view folded, size_t from) {
     const Part none{folded.size(), folded.size()};
     const size_t introduction = folded.find(kIntroduction, from);
     if (introduction == std::wstring_view::npos) return none;
-    const size_t begin = folded.find_first_not_of(L" :.#=", introduction + kIntroduction.size());
+    const size_t begin = folded.find_first_not_of(L" :.#=)],;", introduction + kIntroduction.size());
     if (begin == std::wstring_view::npos) return none;
     return {begin, std::min(folded.find_first_of(L")],;", begin), folded.size())};
 }
@@ -65,10 +65,16 @@ void SerialNumbers::HideShown(std::wstring_view number) {
 }
 
 void SerialNumbers::HideIn(std::wstring_view name) {
+    for (const std::wstring& number : NumbersIn(name)) Hide(number);
+}
+
+std::vector<std::wstring> SerialNumbers::NumbersIn(std::wstring_view name) {
     const std::wstring folded = hx::FoldCase(std::wstring_view(hx::OneLine(name)));
+    std::vector<std::wstring> numbers;
     for (Part part = Introduced(folded, 0); part.begin != part.end; part = Introduced(folded, part.end)) {
-        Hide(std::wstring_view(folded).substr(part.begin, part.end - part.begin));
+        numbers.push_back(folded.substr(part.begin, part.end - part.begin));
     }
+    return numbers;
 }
 
 std::wstring SerialNumbers::Masked(std::wstring_view text) const {

@@ -18,6 +18,7 @@ public:
     void HideShown(std::wstring_view number);
     // And of what stands behind "S/N" in the name of a device.
     void HideIn(std::wstring_view name);
+    static std::vector<std::wstring> NumbersIn(std::wstring_view name);  // in small letters
     bool IsEmpty() const { return m_hidden.empty(); }
 
     // The text, on one line, with the mask wherever one of them stands, or anything behind "S/N". A short one
