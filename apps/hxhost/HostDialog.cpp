@@ -93,10 +93,7 @@ void HostDialog::OnCommand(hx::ui::Control& control, uint32_t code) {
         m_log.ShowQuestions(m_questions.IsChecked());
     } else if (control.Id() == IDC_PAGES && code == CBN_SELCHANGE) {
         ShowPage();
-    } else if (m_report.OnCommand(control)) {
-        // It may have opened the first page that there is.
-        EnableSave();
-    } else if (!m_panel.OnCommand(control)) {
+    } else if (!m_report.OnCommand(control) && !m_panel.OnCommand(control)) {
         m_faults.OnCommand(control);
     }
 }

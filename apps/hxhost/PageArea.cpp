@@ -67,16 +67,15 @@ void PageArea::ShowChosen() {
         Current().Show(true);
         answer = Current().Select();
     } else {
-        answer = Open(m_current, true);
+        answer = Open(Current(), m_rows[m_current], true);
     }
     if (!answer.IsDone()) Explain(answer);
 }
 
 // A page knows whose profiles it edits, and is selected, when it meets the scanner: a state of the connection
 // sets up only a selected one.
-hosting::Answer PageArea::Open(size_t index, bool shown) {
-    hosting::HostedPage& page = m_pages.at(index);
-    hosting::Answer answer = page.Create(m_rows[index].prog_id);
+hosting::Answer PageArea::Open(hosting::HostedPage& page, const PageRow& row, bool shown) {
+    hosting::Answer answer = page.Create(row.prog_id);
     if (answer.IsDone()) answer = GiveSettings(page);
     if (answer.IsDone()) {
         const LCID locale = hx::LcidOf(m_texts.Tag()).value_or(0);
@@ -114,10 +113,13 @@ hosting::Answer PageArea::OpenBehind(std::wstring_view prog_id, hosting::HostedP
     page = nullptr;
     const PageRow* const row = Find(prog_id);
     if (!row) return {CO_E_CLASSSTRING, {}};
-    const auto index = static_cast<size_t>(row - m_rows.data());
-    hosting::Answer answer;
-    if (!m_pages.at(index).IsCreated()) answer = Open(index, false);
-    if (answer.IsDone()) page = &m_pages.at(index);
+    if (row == &m_rows[m_current] && IsOpen()) {
+        page = &Current();
+        return {};
+    }
+    CloseBehind();
+    hosting::Answer answer = Open(m_behind, *row, false);
+    if (answer.IsDone()) page = &m_behind;
     return answer;
 }
 
@@ -130,6 +132,7 @@ void PageArea::Explain(const hosting::Answer& failure) {
 }
 
 void PageArea::Close() {
+    CloseBehind();
     for (hosting::HostedPage& page : m_pages) page.Close();
 }
 

@@ -49,9 +49,10 @@ public:
     bool HasOpen() const;
     // Whether it is one of them, and could be created.
     bool IsInstalled(std::wstring_view prog_id) const;
-    // The page of that class behind the one that is shown: it meets the scanner and is not selected. The one
-    // that is open already, selected or not. Null on failure.
+    // For somebody who reads it and has no other page behind: the page of that class that is shown, or else a
+    // new one behind that, which meets the scanner as it is now and is not selected. Null on failure.
     hosting::Answer OpenBehind(std::wstring_view prog_id, hosting::HostedPage*& page);
+    void CloseBehind() { m_behind.Close(); }
     // All of them, with what was edited in them.
     void Close();
     void Move();
@@ -69,13 +70,14 @@ private:
     // Null for none of them.
     const PageRow* Find(std::wstring_view prog_id) const;
     // Shown and selected, or neither.
-    hosting::Answer Open(size_t index, bool shown);
+    hosting::Answer Open(hosting::HostedPage& page, const PageRow& row, bool shown);
     void Explain(const hosting::Answer& failure);
 
     SimulatedScanner& m_scanner;
     const HostTexts& m_texts;
     const std::span<const PageRow> m_rows;
     std::deque<hosting::HostedPage> m_pages;  // one for each row
+    hosting::HostedPage m_behind;
     size_t m_current = 0;
     hx::ui::ComboBox m_choice;
     PagePlace m_place;

@@ -2,6 +2,10 @@
 // errors, copied as text, whatever page is shown. On the thread of the user interface.
 #pragma once
 
+#include <set>
+#include <string>
+#include <vector>
+
 #include "apps/hxhost/HostTexts.h"
 #include "apps/hxhost/PageArea.h"
 #include "apps/hxhost/PanelControls.h"
@@ -23,11 +27,17 @@ public:
 
 private:
     void Copy();
+    // What was told once is kept: the log still has it when the driver fails.
+    void LearnNumbers();
+    // None of a model that has told none yet: those of others do not make its errors safe to tell.
+    std::vector<std::wstring> KnownNumbers() const;
 
     SimulatedScanner& m_scanner;
     PageArea& m_pages;
     const HostTexts& m_texts;
     const Tell m_tell;
+    std::set<std::wstring> m_numbers;
+    std::set<std::wstring> m_models_known;
     hx::ui::Button m_copy;
     hx::ui::CheckBox m_serial_numbers;
 };

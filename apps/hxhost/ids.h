@@ -78,6 +78,7 @@ inline constexpr uint32_t IDS_WORD_ARCHITECTURE = 89;
 inline constexpr uint32_t IDS_WORD_PROCESSORS = 90;
 inline constexpr uint32_t IDS_WORD_LANGUAGE = 91;
 inline constexpr uint32_t IDS_WORD_ERRORS = 92;
+inline constexpr uint32_t IDS_WORD_ERRORS_LEFT_OUT = 93;
 inline constexpr uint32_t IDS_ON = 100;
 inline constexpr uint32_t IDS_OFF = 101;
 inline constexpr uint32_t IDS_FAILED = 102;

@@ -8,6 +8,7 @@
 #include "controls/messages/OperatorWords.h"
 #include "core/locale/CFormattedText.h"
 #include "platform/com/boundary.h"
+#include "platform/system/one_line.h"
 #include "platform/ui/codes.h"
 #include "platform/ui/services.h"
 
@@ -27,7 +28,7 @@ constexpr uint32_t kVersionsGroup = 251;
 // What a driver that has not told the properties says of it.
 std::wstring TextOf(const DriverAnswer& refusal) {
     if (refusal.result != E_FAIL) return TextOrNumber(kStringNotInstalled);
-    std::wstring text = FormatText(L'.', TextOrNumber(kStringRefused), {refusal.description});
+    std::wstring text = FormatText(L'.', TextOrNumber(kStringRefused), {ReasonIn(refusal.description)});
     text.erase(text.find_last_not_of(L" \r\n") + 1);
     return text;
 }
@@ -184,9 +185,11 @@ void CDiagnosticsDlg::ShowDevice(const MHXFamilyDeviceProperties& device) {
 
 void CDiagnosticsDlg::ShowText(const DiagnosticValue& row, const std::wstring& text) {
     ui::Control& value = *Find(row.value);
-    value.SetText(Literally(text));
+    // There is room for one line, and more than that would be cut without a sign of it.
+    const std::wstring line = OneLine(text);
+    value.SetText(Literally(line));
     // No key leads to a text: whoever has the page read out is to know what it is.
-    value.SetAccessibleName(ui::WithoutMnemonic(Find(row.label)->Text()) + L" " + text);
+    value.SetAccessibleName(ui::WithoutMnemonic(Find(row.label)->Text()) + L" " + line);
 }
 
 // What is too long for its place can be read in the tool tip.

@@ -1,5 +1,8 @@
 #include "controls/messages/OperatorWords.h"
 
+#include <memory>
+#include <utility>
+
 #include "core/locale/CFormattedText.h"
 #include "core/locale/MResourceLocale.h"
 #include "core/messages/MErrorFormatterResource.h"
@@ -15,6 +18,17 @@ const MErrorFormatter& Formatter() {
     return formatter;
 }
 
+// A failure that nothing is known of but what was said of it.
+class DescribedError final : public MError {
+public:
+    explicit DescribedError(std::wstring description) : m_description(std::move(description)) {}
+    std::unique_ptr<MDynObject> Clone() const override { return std::make_unique<DescribedError>(*this); }
+    std::wstring GetDescription() const override { return m_description; }
+
+private:
+    std::wstring m_description;
+};
+
 }  // namespace
 
 MErrorFormatter::Formatted InOperatorsWords(const MException& exception) {
@@ -26,6 +40,12 @@ MErrorFormatter::Formatted InOperatorsWords(const MException& exception) {
         formatted.error_codes = ErrorCodesText(exception);
         return formatted;
     }
+}
+
+std::wstring ReasonIn(const std::wstring& description) {
+    MException chain;
+    if (!ReadChainDocument(description, chain)) return description;
+    return InOperatorsWords(MException(DescribedError(description))).message;
 }
 
 std::wstring TextOrNothing(uint32_t string_id) {

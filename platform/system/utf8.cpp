@@ -99,6 +99,19 @@ const wchar_t* EncodeAscii(const wchar_t* in, const wchar_t* end, char*& out) {
     return in;
 }
 
+// Decodes up to `end`, or to a bad sequence, whose place it returns; `out` moves behind what was written.
+const uint8_t* DecodeGood(const uint8_t* in, const uint8_t* end, wchar_t*& out) {
+    while (true) {
+        in = DecodeAscii(in, end, out);
+        if (in == end) return in;
+        uint32_t code = 0;
+        const size_t length = Decode(in, end, code);
+        if (length == 0) return in;
+        *out++ = static_cast<wchar_t>(code);
+        in += length;
+    }
+}
+
 }  // namespace
 
 std::string ToUtf8(std::wstring_view text) {
@@ -123,20 +136,24 @@ std::optional<std::wstring> FromUtf8(std::string_view bytes, size_t* bad_offset)
     std::wstring text(static_cast<size_t>(count), L'\0');
     const auto* begin = reinterpret_cast<const uint8_t*>(bytes.data());
     const uint8_t* end = begin + bytes.size();
-    const uint8_t* in = begin;
     wchar_t* out = text.data();
-    while (true) {
-        in = DecodeAscii(in, end, out);
-        if (in == end) return text;
-        uint32_t code = 0;
-        const size_t length = Decode(in, end, code);
-        if (length == 0) {
-            if (bad_offset) *bad_offset = static_cast<size_t>(in - begin);
-            return std::nullopt;
-        }
-        *out++ = static_cast<wchar_t>(code);
-        in += length;
+    const uint8_t* const behind = DecodeGood(begin, end, out);
+    if (behind == end) return text;
+    if (bad_offset) *bad_offset = static_cast<size_t>(behind - begin);
+    return std::nullopt;
+}
+
+std::wstring FromDamagedUtf8(std::string_view bytes) {
+    std::wstring text(bytes.size(), L'\0');
+    const auto* in = reinterpret_cast<const uint8_t*>(bytes.data());
+    const uint8_t* const end = in + bytes.size();
+    wchar_t* out = text.data();
+    while ((in = DecodeGood(in, end, out)) != end) {
+        *out++ = static_cast<wchar_t>(replacement);
+        ++in;
     }
+    text.resize(static_cast<size_t>(out - text.data()));
+    return text;
 }
 
 }  // namespace hx

@@ -19,4 +19,7 @@ HX_PLATFORM_API std::string ToUtf8(std::wstring_view text);
 // character.
 HX_PLATFORM_API std::optional<std::wstring> FromUtf8(std::string_view bytes, size_t* bad_offset = nullptr);
 
+// Any bytes, in one pass: each that FromUtf8 would refuse becomes U+FFFD.
+HX_PLATFORM_API std::wstring FromDamagedUtf8(std::string_view bytes);
+
 }  // namespace hx

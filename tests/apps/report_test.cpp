@@ -40,6 +40,54 @@ TEST_F(Report, HasNoSerialNumberUnlessItIsAskedFor) {
     }
 }
 
+TEST_F(Report, FindsNumbersOfAnyKindAndWithholdsWhatItCannotSearch) {
+    const std::string number = "<ScannerSerialNumber type=\"string\">820-0147</ScannerSerialNumber>";
+    const auto changed = [&](const std::string& serial, const std::string& name) {
+        std::ifstream file(HX_SOURCE_DIR "/docs/examples/properties_hx.xml");
+        std::string document(std::istreambuf_iterator<char>(file), {});
+        const auto replace = [&](const std::string& part, const std::string& by) {
+            const size_t at = document.find(part);
+            ASSERT_NE(at, std::string::npos) << part;
+            document.replace(at, part.size(), by);
+        };
+        replace(number, serial);
+        replace("T820 (S/N 820-0147)", name);
+        return document;
+    };
+    const auto element = [](const std::string& text) {
+        return "<ScannerSerialNumber type=\"string\">" + text + "</ScannerSerialNumber>";
+    };
+    const struct {
+        std::string serial, name, logged, hidden, told;
+    } rows[] = {
+        {element("ABCDEF"), "HX (S/N ABCDEF)", "abcdef failed", "cdef", "HX (S/N (left out))"},
+        {element("&#10;AB&#13;12 X&#160;"), "HX AB 12 X", "AB\n12  X", "12 X", "HX (left out)"},
+        {element("A&amp;B1"), "HX A&amp;B1 &amp; more", "A&B1 it is", "&B", "HX (left out) & more"},
+        {"", "T820 (S/N 820-0147)", "820-0147 failed", "0147", "T820 (S/N (left out))"},
+        {element("0"), "HX 0", "0 of 2023", " 0 ", "(left out) of 2023"},
+        {element("HX-2024-0001"), "HX", "\xFF in 2024", "in 2024", "31-01-2024 at 23:59:59"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.logged);
+        Write("p.xml", changed(row.serial, row.name));
+        WriteLog("235958",
+                 Record("Error", row.logged) + "\xFF HX-2024-0001\n" + Record("Error", "x").substr(23));
+        for (const char* const options : {"", " --json", " --state 2"}) {
+            const Answer answer = Run(std::string("report --properties p.xml") + options);
+            EXPECT_EQ(answer.exit, 0) << answer.err;
+            EXPECT_FALSE(Contains(answer.out, row.hidden)) << answer.out;
+            EXPECT_TRUE(Contains(answer.out, row.told) || Contains(options, "--state")) << answer.out;
+        }
+    }
+    const std::string refused = "report --fault GetDriverProperties=E_FAIL:*";
+    EXPECT_TRUE(
+        Run(refused).out.ends_with("\nLast errors\nleft out: no serial number is known that could be "
+                                   "hidden in them; --serials tells them as they are\n"));
+    const auto report = nlohmann::json::parse(Run(refused + " --json").out);
+    EXPECT_TRUE(report.at("errors").empty() && report.contains("errorsLeftOut"));
+    EXPECT_TRUE(Contains(Run(refused + " --serials").out, "in 2024"));
+}
+
 TEST_F(Report, TellsThePageTheVersionsAndTheLastErrorsOfAllRuns) {
     std::string older;
     for (int i = 0; i < 30; ++i) older += Record("Error", "older " + std::to_string(i));
@@ -91,12 +139,17 @@ TEST(SerialNumbersInTexts, AreMaskedWithTheirLongerRunsOfDigits) {
         const wchar_t* masked;
     } rows[] = {
         {L"HX-1042", L"HX (S/N hx-1042), 10421", L"HX (S/N #), #1"},
-        {L" HX-1042 ", L"HX-1042HX-1042", L"##"},
+        {L" HX-1042 ", L"HX-1042HX-1042!", L"#!"},
         {L"820-0147", L"T820 0147", L"T820 #"},
         {L"12345678 90", L"12345678 90 and 12345678", L"# and #"},
-        {L"7", L"7/17", L"#/1#"},
-        {L"Unknown", L"Unknown", L"Unknown"},
+        {L"7", L"7/17, T7, 7", L"#/17, T7, #"},
+        {L"AB", L"ab, cab", L"#, cab"},
+        {L"ABCDEF", L"HX abcdef", L"HX #"},
+        {L"\n AB\n12\u00A0", L"no AB \t12", L"no #"},
+        {L"\uFF11\uFF12", L"HX \uFF11\uFF12", L"HX #"},
         {L"", L"1042", L"1042"},
+        {L"", L"T820 (s/n: 820-0147) and (S/N AB 12), S/N", L"T820 (s/n: #) and (S/N #), S/N"},
+        {L"", L"(S/N ) S/N A-1", L"(S/N ) #"},
     };
     for (const auto& row : rows) {
         hosting::SerialNumbers numbers(L"#");

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/system/one_line.h"
+
 namespace {
 
 using namespace std::string_literals;
@@ -55,9 +57,29 @@ TEST(Utf8, BadSequencesAreRefusedWhereTheyStart) {
                 bytes.append(sequence).append(after);
                 EXPECT_FALSE(hx::FromUtf8(bytes, &offset)) << &sequence - bad;
                 EXPECT_EQ(offset, before.size()) << &sequence - bad;
+                // What is good around it stays.
+                const std::wstring text = hx::FromDamagedUtf8(bytes);
+                EXPECT_TRUE(text.starts_with(*hx::FromUtf8(before) + L'\xFFFD')) << &sequence - bad;
+                EXPECT_TRUE(text.ends_with(*hx::FromUtf8(after))) << &sequence - bad;
+                EXPECT_LE(text.size(), bytes.size());
             }
         }
     }
+}
+
+TEST(OneLine, HasOneBlankForManyAndNothingThatSteers) {
+    const struct {
+        const wchar_t* text;
+        const wchar_t* line;
+    } rows[] = {
+        {L"\n AB\t \r\n12\v", L"AB 12"},
+        {L"AB12\u00A0", L"AB12"},
+        {L"a\u0085b\u2028c\u2029d\u3000", L"a b c d"},
+        {L"a\u202Eb\u2066c\u200Fd\uFEFF", L"abcd"},
+        {L" \u202E\n\u202C ", L""},
+        {L"1\u2044\u00E4\U0001F600", L"1\u2044\u00E4\U0001F600"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(hx::OneLine(row.text), row.line);
 }
 
 }  // namespace

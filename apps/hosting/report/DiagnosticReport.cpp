@@ -4,13 +4,14 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <iterator>
+#include <span>
 
 #include "apps/hosting/report/ModuleLog.h"
 #include "apps/hosting/report/SerialNumbers.h"
 #include "platform/com/loader.h"
 #include "platform/module/module.h"
 #include "platform/system/clock.h"
+#include "platform/system/one_line.h"
 #include "platform/system/platform_version.h"
 #include "platform/system/system_description.h"
 #include "platform/system/utf8.h"
@@ -20,12 +21,15 @@
 namespace hosting {
 namespace {
 
-// Controls of the page that show a serial number.
+// Controls of the page that show a serial number, and those that show a date or a version, whose digits are
+// their own.
 constexpr uint32_t kSerialNumbers[] = {236};
+constexpr uint32_t kDatesAndVersions[] = {231, 234, 242, 244};
 constexpr size_t kMostErrors = 20;
+constexpr size_t kMostCharacters = 2000;  // of one error
 
-bool ShowsSerialNumber(uint32_t id) {
-    return std::ranges::find(kSerialNumbers, id) != std::end(kSerialNumbers);
+bool IsOneOf(std::span<const uint32_t> ids, uint32_t id) {
+    return std::ranges::find(ids, id) != ids.end();
 }
 
 // "2024-01-31T23:59:59Z"
@@ -43,27 +47,18 @@ std::wstring UtcTime(int64_t wall_us) {
     return std::wstring(text, text + std::char_traits<char>::length(text));
 }
 
-// A log may hold bytes of other programs.
-std::wstring Decoded(std::string_view bytes) {
-    constexpr wchar_t kReplacement = 0xFFFD;
-    std::wstring text;
-    while (true) {
-        size_t bad = 0;
-        if (const auto rest = hx::FromUtf8(bytes, &bad)) return text + *rest;
-        text += hx::FromUtf8(bytes.substr(0, bad)).value_or(std::wstring()) + kReplacement;
-        bytes.remove_prefix(bad + 1);
-    }
+// "31-01-2024 at 23:59:59", as a log has it. A log may hold bytes of other programs.
+bool IsLogTime(std::wstring_view text) {
+    constexpr std::wstring_view kForm = L"00-00-0000 at 00:00:00";
+    return std::ranges::equal(text, kForm, [](wchar_t character, wchar_t form) {
+        return form == L'0' ? character >= L'0' && character <= L'9' : character == form;
+    });
 }
 
-std::wstring OneLine(std::wstring_view text) {
-    std::wstring line;
-    for (const wchar_t character : text) {
-        const bool is_blank = character <= L' ';
-        if (is_blank && (line.empty() || line.back() == L' ')) continue;
-        line += is_blank ? L' ' : character;
-    }
-    if (!line.empty() && line.back() == L' ') line.pop_back();
-    return line;
+std::wstring Shortened(std::wstring text) {
+    if (text.size() <= kMostCharacters) return text;
+    text.resize(kMostCharacters);
+    return text + L"\u2026";
 }
 
 struct Library {
@@ -95,11 +90,11 @@ public:
     DiagnosticReport Make() {
         AddReport();
         AddPage();
+        if (!m_request.serial_numbers) MaskPage();
         const Library library = LibraryOf(m_request.prog_id);
         AddSoftware(library);
         AddSystem();
         AddErrors(library);
-        Mask();
         return std::move(m_report);
     }
 
@@ -109,7 +104,8 @@ private:
         m_heading = std::move(heading);
     }
     void Add(std::string name, std::wstring caption, std::wstring_view value) {
-        m_report.rows.push_back({m_section, std::move(name), m_heading, std::move(caption), OneLine(value)});
+        m_report.rows.push_back(
+            {m_section, std::move(name), m_heading, std::move(caption), hx::OneLine(value)});
     }
     void Add(const char* name, ReportWord caption, std::wstring_view value) {
         Add(name, m_words(caption), value);
@@ -139,11 +135,25 @@ private:
         }
     }
     void AddValue(const hx::ui::StaticText& label, const hx::ui::StaticText& value) {
-        const bool is_hidden = !m_request.serial_numbers && ShowsSerialNumber(value.Id());
-        if (is_hidden) m_serial_numbers.Hide(value.Text());
+        const bool is_hidden = !m_request.serial_numbers && IsOneOf(kSerialNumbers, value.Id());
+        const std::wstring shown = hx::ui::WithoutMnemonic(value.Text());
+        if (is_hidden) {
+            m_serial_numbers.HideShown(shown);
+        } else {
+            m_serial_numbers.HideIn(shown);
+        }
         if (!value.IsVisible()) return;
         Add(std::to_string(value.Id()), hx::ui::WithoutMnemonic(label.Text()),
-            is_hidden ? m_words(ReportWord::left_out) : value.Text());
+            is_hidden ? m_words(ReportWord::left_out) : shown);
+    }
+    // Once all of the page is known: the names of scanners have theirs in them.
+    void MaskPage() {
+        for (ReportRow& row : m_report.rows) {
+            if (row.section != "page") continue;
+            const auto id = static_cast<uint32_t>(std::stoul(row.name));
+            if (IsOneOf(kSerialNumbers, id) || IsOneOf(kDatesAndVersions, id)) continue;
+            row.value = m_serial_numbers.Masked(row.value);
+        }
     }
 
     void AddSoftware(const Library& library) {
@@ -162,24 +172,28 @@ private:
             system.product + L" " + system.version + L", " + system.service_pack);
         Add("architecture", ReportWord::architecture, system.architecture);
         Add("processors", ReportWord::processors, system.processors);
-        Add("locale", ReportWord::language, Decoded(m_request.locale));
+        Add("locale", ReportWord::language, hx::FromDamagedUtf8(m_request.locale));
     }
 
     void AddErrors(const Library& library) {
         Begin("errors", m_words(ReportWord::errors));
         const std::vector<LoggedError> errors = ModuleLog(library.name).LastErrors(kMostErrors);
+        if (errors.empty()) return Add({}, std::wstring(), m_words(ReportWord::none));
+        // Whoever knows no number cannot find it in them.
+        if (!m_request.serial_numbers && m_serial_numbers.IsEmpty()) {
+            return Add(kErrorsLeftOut, std::wstring(), m_words(ReportWord::errors_left_out));
+        }
         for (const LoggedError& error : errors) {
-            Add(error.time, Decoded(error.time) + L":", Decoded(error.text));
+            std::wstring time = Logged(error.time);
+            std::string name = hx::ToUtf8(time);
+            Add(std::move(name), std::move(time) + L":", Logged(error.text));
         }
-        if (errors.empty()) Add({}, std::wstring(), m_words(ReportWord::none));
     }
-
-    // The names of scanners have theirs in them, and so may what was logged. The time of the report is told.
-    void Mask() {
-        for (ReportRow& row : m_report.rows) {
-            if (row.section == "report") continue;
-            row.value = m_serial_numbers.Masked(std::move(row.value));
-        }
+    // Cut last, so that no number is cut before it is found.
+    std::wstring Logged(const std::string& bytes) const {
+        std::wstring text = hx::OneLine(hx::FromDamagedUtf8(bytes));
+        if (!m_request.serial_numbers && !IsLogTime(text)) text = m_serial_numbers.Masked(text);
+        return Shortened(std::move(text));
     }
 
     const ReportRequest& m_request;

@@ -26,13 +26,17 @@ enum class ReportWord {
     processors,
     language,
     errors,
-    count_  // how many there are
+    errors_left_out,  // why, and how to get them
+    count_            // how many there are
 };
 using ReportWords = std::function<std::wstring(ReportWord)>;
 
+// Without any serial number to look for, the errors are told only to whoever wants those, too.
+inline constexpr const char* kErrorsLeftOut = "leftOut";
+
 struct ReportRow {
     // For programs, in every language the same: "report", "page", "software", "system" or "errors"; the
-    // control's id, a word, or the time of an error.
+    // control's id, a word, or the time of an error; kErrorsLeftOut in the place of all errors.
     std::string section;
     std::string name;
     // For people; the heading is that of all rows that follow each other under it.

@@ -1,5 +1,6 @@
 #include "apps/hosting/report/DriverSerialNumbers.h"
 
+#include "apps/hosting/report/SerialNumbers.h"
 #include "core/xml/MXmlDocument.h"
 #include "hxapi/IHXApi.h"
 #include "platform/com/comptr.h"
@@ -9,10 +10,16 @@ namespace {
 
 // Of the scanner, and of parts in it.
 constexpr std::wstring_view kNameEnd = L"SerialNumber";
+// May have one in it, behind "S/N", that stands nowhere else.
+constexpr std::wstring_view kDisplayName = L"DisplayName";
 
 void Collect(hx::MXmlDocument& document, std::vector<std::wstring>& numbers) {
     while (document.FindElement()) {
         if (document.GetTagName().ends_with(kNameEnd)) numbers.push_back(document.GetContent());
+        if (document.GetTagName() == kDisplayName) {
+            const auto named = SerialNumbers::NumbersIn(document.GetContent());
+            numbers.insert(numbers.end(), named.begin(), named.end());
+        }
         if (!document.EnterElement()) continue;
         Collect(document, numbers);
         document.LeaveElement();

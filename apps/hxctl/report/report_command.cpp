@@ -34,6 +34,7 @@ constexpr const wchar_t* kWords[] = {
     L"Processors:",
     L"Language:",
     L"Last errors",
+    L"left out: no serial number is known that could be hidden in them; --serials tells them as they are",
 };
 static_assert(std::size(kWords) == static_cast<size_t>(ReportWord::count_));
 
@@ -53,6 +54,8 @@ Json JsonOf(const hosting::DiagnosticReport& report) {
                                     {"value", value}});
         } else if (row.section != "errors") {
             json[row.section][row.name] = value;
+        } else if (row.name == hosting::kErrorsLeftOut) {
+            json["errorsLeftOut"] = value;
         } else if (!row.name.empty()) {
             json["errors"].push_back({{"time", row.name}, {"text", value}});
         }

@@ -209,6 +209,16 @@ TEST_F(Host, TheReportIsCopiedWhateverPageIsShownAndWithoutSerialNumbers) {
         Click(dialog, IDC_SERIALS);
         EXPECT_TRUE(serial_numbers_in_copy(IDS_REPORT_COPIED_WHOLE));
         EXPECT_TRUE(shown->IsShown());
+        // A failure is over with the report that it made poorer, and its text is in plain words.
+        Fault fault;
+        fault.operation = L"GetDriverProperties";
+        fault.text = L"no answer";
+        EXPECT_EQ(m_scanner.Inject(fault), S_OK);
+        EXPECT_FALSE(serial_numbers_in_copy(IDS_REPORT_COPIED_WHOLE));
+        const auto boxes = m_script.TakeBoxes();
+        ASSERT_EQ(boxes.size(), 1u);
+        EXPECT_TRUE(boxes[0].text.ends_with(L". no answer")) << boxes[0].text;
+        EXPECT_TRUE(serial_numbers_in_copy(IDS_REPORT_COPIED_WHOLE));
         ChooseItem(dialog, IDC_PAGES, m_texts.Text(IDS_PAGE_DIAGNOSTICS));
         EXPECT_FALSE(shown->IsShown());
         EXPECT_TRUE(dialog.IsPageOpen());

@@ -2,7 +2,9 @@
 #include <stdlib.h>
 
 #include "controls/diagnostics/CDiagnosticsDlg.h"
+#include "core/errors/MException.h"
 #include "core/locale/MResourceLocale.h"
+#include "core/messages/MMatchingRule.h"
 #include "platform/system/utf8.h"
 #include "platform/ui/headless/headless_renderer.h"
 #include "platform/ui/script.h"
@@ -29,6 +31,16 @@ public:
     HRESULT Resume(IErrorInfo**) override { return S_OK; }
     HRESULT GetDeviceManager(IDeviceManager**, IErrorInfo**) override { return E_NOTIMPL; }
 };
+
+std::wstring ChainSaying(const std::wstring& message) {
+    MError error(L"Arm.Move:Stuck");
+    error.AddParameter(L"part", L"cable");
+    MOutFilerTaggedXml writer(kChainRoot);
+    MFilerTaggedPair filer(writer);
+    const MMatchingRule rule{{error}, message};
+    EXPECT_TRUE(MException(error).Write(filer, kChainGroup) && rule.Write(filer));
+    return writer.TakeText();
+}
 
 class DiagnosticsPage : public testing::Test {
 protected:
@@ -123,6 +135,8 @@ TEST_F(DiagnosticsPage, ShowsWhatTheDriverTells) {
         {rotated(nullptr), "HX-L|17|1/31/24|2/29/24|0°|3.1|B"},
         {changed(&Scanner::InternalName, L"t820"), kKnown},
         {changed(&Scanner::DisplayName, L"A & B"), "A && B|17|1/31/24|2/29/24|-|3.1|B"},
+        {changed(&Scanner::ScannerHardwareVersion, L" B\n2\u2028\u202E3 "),
+         "HX-L|17|1/31/24|2/29/24|-|3.1|B 2 3"},
         {Document(scanner, L"ScannerManufacturingDate"), "HX-L|17|Unknown|2/29/24|-|3.1|B"},
         {changed(kMade, CalendarDate{}), "HX-L|17|Unknown|2/29/24|-|3.1|B"},
         {changed(kMade, CalendarDate{2023, 2, 29}), "HX-L|17|Invalid DateTime|2/29/24|-|3.1|B"},
@@ -158,6 +172,8 @@ TEST_F(DiagnosticsPage, TellsWhatFailsAndShowsNothing) {
     std::vector<Row> rows = {
         {"GetDriverProperties", E_FAIL, L"The %s cable is loose.", refused + ". The %s cable is loose."},
         {"GetDriverProperties", E_FAIL, L"", refused + "."},
+        {"GetDriverProperties", E_FAIL, ChainSaying(L"The ${part} is loose."),
+         refused + ". The cable is loose."},
         {"GetDriverProperties", E_ABORT, L"It is loose.", refused + " due to an installation problem."},
         {"two drivers", S_OK, L"", internal},
         {"no document", S_OK, L"", internal},
