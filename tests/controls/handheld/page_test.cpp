@@ -218,6 +218,9 @@ TEST_F(HandheldPage, EnablesWhatCanBeUsedInEachState) {
     EXPECT_TRUE(page->IsModified());
     EXPECT_TRUE(script.Calls().ends_with("ActivateDynamicSettings 61, GetFrameRate"));
     EXPECT_EQ(enabled(), all);
+    User().Paste(At<ui::Edit>(210), L"101");
+    page->OnDeselected();
+    EXPECT_EQ(TextOf(210) + TextsOfBoxes(), "61") << "an edit that can be used no more shows what counts";
 }
 
 TEST_F(HandheldPage, ShowsWhatTheRegistryAndTheScannerAllow) {
