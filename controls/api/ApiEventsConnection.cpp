@@ -28,13 +28,16 @@ void ApiEventsConnection::Advise(IUnknown* source, IUnknown* sink) {
 
 std::optional<int32_t> ApiEventsConnection::Follow(IHXApi& api, IUnknown* sink) {
     Advise(&api, sink);
+    m_following = std::make_shared<const bool>(true);
+    const std::weak_ptr<const bool> following = m_following;
     int32_t state = HXNotConnected;
     ComPtr<IErrorInfo> detail;
-    if (FAILED(api.GetConnectionState(&state, detail.put()))) return std::nullopt;
+    if (FAILED(api.GetConnectionState(&state, detail.put())) || following.expired()) return std::nullopt;
     return state;
 }
 
 void ApiEventsConnection::Unadvise(IUnknown* source) {
+    m_following.reset();
     const DWORD cookie = std::exchange(m_cookie, kNotAdvised);
     if (cookie == kNotAdvised) return;
     if (const ComPtr<IConnectionPoint> point = EventsOf(source)) point->Unadvise(cookie);

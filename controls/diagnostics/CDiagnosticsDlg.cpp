@@ -86,7 +86,7 @@ void CDiagnosticsDlg::SetApi(ComPtr<IHXApi> api) {
     if (!api) return;
     const Scope scope(m_operations);
     const auto state = m_events.Follow(*api, MakeEventsSink().get());
-    if (state && scope.MayGoOn()) OnConnectionStateChange(*state);
+    if (state) OnConnectionStateChange(*state);
 }
 
 HRESULT CDiagnosticsDlg::OnSelected() {

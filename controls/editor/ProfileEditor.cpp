@@ -3,8 +3,14 @@
 #include "controls/api/ApiOperation.h"
 #include "controls/editor/ProfileOperation.h"
 #include "controls/profiles/CLaserProfileSaveAsDlg.h"
+#include "settings/profile/ProfileNames.h"
 
 namespace hx {
+namespace {
+
+constexpr wchar_t kPredefinedPrefix = L'$';
+
+}  // namespace
 
 ProfileEditor::ProfileEditor(const SessionRules& rules, std::shared_ptr<libReplayCapture> recorder)
     : SettingsPage(rules, std::move(recorder)) {
@@ -52,7 +58,8 @@ void ProfileEditor::TakeControls(const Scope& scope, bool from_sliders) {
     try {
         UpdateSettingsFromUI(from_sliders);
         if (!scope.MayGoOn()) return;
-        m_modified = SettingsAreDifferent(*m_baseline, *m_edited);
+        // Without a row they are nowhere stored, whatever they are.
+        m_modified = SettingsAreDifferent(*m_baseline, *m_edited) || m_list.Selected() < 0;
     } catch (...) {
         // The controls show it, so it is not to be left without a question.
         if (scope.IsSessionOpen()) {
@@ -79,7 +86,7 @@ void ProfileEditor::HoldProfile(const std::function<void()>& work) noexcept {
 }
 
 bool ProfileEditor::OnPresetSelectionChanged() {
-    if (m_holds_profile) m_list.SelectByName(m_current_name);
+    if (m_holds_profile) SelectCurrent();
     Selection selection = Selection::kNotChanged;
     Operate([&](const Scope& scope) { selection = ChangeSelection(scope); });
     return selection != Selection::kCancelled;
@@ -111,7 +118,8 @@ bool ProfileEditor::CommitOnClose() {
             const bool stored = done([&] {
                 if (m_session.Presets().Count() > 0) m_session.Presets().Save();
             });
-            if (stored && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
+            const bool shows_row = m_list.Selected() >= 0 || !m_modified;
+            if (stored && shows_row && m_session.Presets().Count() > 0) done([&] { ReportSelectedPreset(); });
             // Edits must not go with the page: the operator, who was told, may look after them. Without any,
             // or if it fails again, nobody is locked in.
             may_close = !cancelled && (!failure || !had_edits || m_commit_failed);
@@ -142,10 +150,10 @@ bool ProfileEditor::WriteBack(IDynamicSettingsPreset& source, const std::wstring
     return static_cast<bool>(stored);
 }
 
-void ProfileEditor::AddEdited(const std::wstring& name) {
+void ProfileEditor::Add(IDynamicSettingsPreset& values, const std::wstring& name) {
     MDynamicSettingsPresets& presets = m_session.Presets();
     const ComPtr<IDynamicSettingsPreset> added = presets.CreateNewPreset();
-    CopySettings(*m_edited, *added);
+    CopySettings(values, *added);
     try {
         presets.SetPreset(name, added);
     } catch (...) {
@@ -153,6 +161,22 @@ void ProfileEditor::AddEdited(const std::wstring& name) {
         presets.RemovePreset(name);
         throw;
     }
+}
+
+bool ProfileEditor::CanBeStored(const std::wstring& name) const {
+    if (name.starts_with(kPredefinedPrefix)) return false;
+    // Names that differ in their case alone are one to the operator.
+    return Stored(name) || !m_session.Presets().Contains(name);
+}
+
+bool ProfileEditor::StoreAgain() {
+    if (m_current_name == kCustomProfileName) {
+        m_session.Presets().SetCustomPreset();
+        return WriteBack(*m_baseline, m_current_name);
+    }
+    if (!CanBeStored(m_current_name)) return false;
+    Add(*m_baseline, m_current_name);
+    return true;
 }
 
 void ProfileEditor::TakeEditedAsStored() {
@@ -178,7 +202,28 @@ void ProfileEditor::MarkCurrent(bool modified) {
         const ProfileRow& row = m_list.Row(selected);
         if (row.name == m_current_name && row.modified == modified) return;
     }
-    m_list.MarkModified(m_current_name, modified);
+    m_list.MarkModified(CurrentRow(), modified);
+}
+
+int32_t ProfileEditor::CurrentRow() const {
+    const int32_t row = m_list.FindByName(m_current_name);
+    return row >= 0 && m_list.Row(row).name == m_current_name ? row : -1;
+}
+
+void ProfileEditor::SelectCurrent() {
+    if (!m_modified) {
+        m_list.SelectByName(m_current_name);
+    } else {
+        m_list.Select(CurrentRow());
+    }
+}
+
+void ProfileEditor::RefillList() {
+    m_list.Refill();
+    if (!m_modified || CurrentRow() >= 0) return;
+    // A name that differs in its case is another profile's.
+    m_list.MarkModified(m_current_name, false);
+    m_list.Select(-1);
 }
 
 }  // namespace hx

@@ -90,6 +90,8 @@ private:
     void StayWithCurrent(Edits left);
     void HoldSelectedUnshown();
 
+    // The edits' profile is stored again if it is gone. False if the set-up may not go on.
+    bool KeepEditedStored(const Scope& scope);
     bool ReopenWithEdits(const Scope& scope);
     bool ReopenSelected(const Scope& scope);
     void TakeFreshPresets();
@@ -107,12 +109,22 @@ private:
     ComPtr<IDynamicSettingsPreset> Stored(const std::wstring& name) const;
     // Nothing happens to a profile that is gone; tells whether it is there.
     bool WriteBack(IDynamicSettingsPreset& source, const std::wstring& name);
-    // The working preset becomes a new profile, or there is none.
-    void AddEdited(const std::wstring& name);
+    // The values become a new profile, or there is none.
+    void Add(IDynamicSettingsPreset& values, const std::wstring& name);
+    // A profile of the operator's is there by that name, or can be.
+    bool CanBeStored(const std::wstring& name) const;
+    // The profile with edits, which another page has removed or renamed, is there as this page knows it.
+    // False if there can be none by its name: then the edits have no row, and are kept under a new name.
+    bool StoreAgain();
     // What was edited is now stored under the current name.
     void TakeEditedAsStored();
     void SetNameOf(IDynamicSettingsPreset& preset, const std::wstring& name);
     void MarkCurrent(bool modified);
+    // -1 for none.
+    int32_t CurrentRow() const;
+    // With edits no row but that of the current profile is selected, or none.
+    void SelectCurrent();
+    void RefillList();
 
     CProfileListBox m_list;
     std::wstring m_current_name;

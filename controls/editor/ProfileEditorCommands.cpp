@@ -45,7 +45,7 @@ void ProfileEditor::SaveAs(const Scope& scope) {
         if (!stored) return;
         CopySettings(*stored, *m_edited);
     }
-    AddEdited(new_name);
+    Add(*m_edited, new_name);
     m_modified = false;
     MoveTo(new_name);
     m_session.Presets().SetSelectedName(new_name);
@@ -63,8 +63,12 @@ void ProfileEditor::Rename(const Scope& scope) {
     if (m_list.Row(row).user_defined == 0) return ShowMessage(kCannotRename, new_name);
     const int32_t answer = AskName(new_name, true, false);
     if (!scope.MayGoOn() || answer != CLaserProfileSaveAsDlg::kSaved) return;
-    // Another page may have deleted it.
-    if (!Stored(name)) return m_list.Refill();
+    // Another page may have deleted it. Edits of it are not lost with it.
+    if (!Stored(name) && !(m_modified && StoreAgain())) {
+        RefillList();
+        ChangeSelection(scope);
+        return;
+    }
     presets.Rename(name, new_name);
     presets.SetSelectedName(new_name);
     if (name == m_current_name) {

@@ -11,7 +11,15 @@ void ProfileEditor::SetPresets(ComPtr<IDynamicSettingsPreset> working,
 
 bool ProfileEditor::FinishReopening() {
     const Scope scope(Operations());
+    if (m_modified && !KeepEditedStored(scope)) return false;
     return m_modified ? ReopenWithEdits(scope) : ReopenSelected(scope);
+}
+
+bool ProfileEditor::KeepEditedStored(const Scope& scope) {
+    if (Stored(m_current_name)) return true;
+    // If that fails the page goes on with the edits all the same: they are stored when they are left.
+    Attempt([this](const Scope&) { StoreAgain(); });
+    return scope.MayGoOn();
 }
 
 void ProfileEditor::TakeFreshPresets() {
@@ -26,10 +34,11 @@ bool ProfileEditor::ReopenWithEdits(const Scope& scope) {
     SetNameOf(*m_fresh_edited, m_current_name);
     SetNameOf(*m_fresh_baseline, m_current_name);
     TakeFreshPresets();
-    m_modified = SettingsAreDifferent(*m_baseline, *m_edited);
+    // Nowhere stored, it is as good as an edit.
+    m_modified = SettingsAreDifferent(*m_baseline, *m_edited) || !stored;
     SessionTarget& target = m_session.Target();
     if (!target.initialised) target.profile_name = m_current_name;
-    m_list.Refill();
+    RefillList();
     return SetProfile(m_edited) && scope.MayGoOn();
 }
 

@@ -7,9 +7,8 @@
 namespace hx {
 
 ProfileEditor::PromptAnswer ProfileEditor::PromptSaveChanges(std::wstring& name) {
-    const int32_t row = m_list.FindByName(name);
-    if (!m_modified || row < 0) return PromptAnswer::kDiscard;
-    if (m_list.Row(row).user_defined != 0) return PromptAnswer::kKeep;
+    if (!m_modified) return PromptAnswer::kDiscard;
+    if (CanBeStored(name)) return PromptAnswer::kKeep;
     std::wstring entered = m_session.Presets().DisplayName(name);
     switch (AskName(entered, false, true)) {
         case CLaserProfileSaveAsDlg::kSaved:
@@ -30,10 +29,12 @@ ProfileEditor::Selection ProfileEditor::ChangeSelection(const Scope& scope) {
 }
 
 ProfileEditor::Edits ProfileEditor::SettleEdits(const Scope& scope) {
-    const std::wstring selected = m_list.SelectedName();
+    std::wstring selected = m_list.SelectedName();
     std::wstring name = m_current_name;
+    // Without a selection they have no row.
+    if (selected.empty()) selected = name;
     if (!m_force_prompt && selected == name) return Edits::kNotLeft;
-    m_list.SelectByName(name);
+    SelectCurrent();
     const PromptAnswer answer = PromptSaveChanges(name);
     if (!scope.MayGoOn()) return Edits::kCancelled;
     switch (answer) {
@@ -44,7 +45,7 @@ ProfileEditor::Edits ProfileEditor::SettleEdits(const Scope& scope) {
         case PromptAnswer::kDiscard:
             return DropEdits(selected);
         default:
-            m_list.SelectByName(m_current_name);
+            SelectCurrent();
             return Edits::kCancelled;
     }
 }
@@ -54,12 +55,16 @@ ProfileEditor::Edits ProfileEditor::SettleEdits(const Scope& scope) {
 ProfileEditor::Edits ProfileEditor::KeepEdits(const Scope& scope, const std::wstring& selected) {
     UpdateSettingsFromUI(false);
     if (!scope.MayGoOn()) return Edits::kCancelled;
-    const bool stored = WriteBack(*m_edited, m_current_name);
+    if (!WriteBack(*m_edited, m_current_name)) {
+        // Another page has removed or renamed it.
+        Add(*m_edited, m_current_name);
+        RefillList();
+    }
     MarkCurrent(false);
     m_list.SelectByName(selected);
     m_session.Presets().SetSelectedName(selected);
     m_modified = false;
-    return stored ? Edits::kStored : Edits::kDiscarded;
+    return Edits::kStored;
 }
 
 ProfileEditor::Edits ProfileEditor::SaveEditsAs(const Scope& scope, const std::wstring& new_name,
@@ -67,7 +72,7 @@ ProfileEditor::Edits ProfileEditor::SaveEditsAs(const Scope& scope, const std::w
     UpdateSettingsFromUI(false);
     if (!scope.MayGoOn()) return Edits::kCancelled;
     WriteBack(*m_baseline, m_current_name);
-    AddEdited(new_name);
+    Add(*m_edited, new_name);
     MarkCurrent(false);
     m_modified = false;
     const bool stays = selected == m_current_name;
@@ -88,6 +93,8 @@ ProfileEditor::Edits ProfileEditor::DropEdits(const std::wstring& selected) {
     MarkCurrent(false);
     m_list.SelectByName(selected);
     m_modified = false;
+    // They had no row, and there is nothing to go back to.
+    if (m_list.Selected() < 0) m_list.Refill();
     return Edits::kDiscarded;
 }
 
@@ -163,8 +170,9 @@ ProfileEditor::Selection ProfileEditor::Load(const Scope& scope, const std::wstr
 // The selected profile could not be shown: the controls have the values from before.
 void ProfileEditor::StayWithCurrent(Edits left) {
     if (left == Edits::kStoredAsNew) m_list.Refill();
-    const bool listed = m_list.SelectByName(m_current_name) >= 0;
-    if (!m_ready || !listed) return HoldSelectedUnshown();
+    const int32_t row = CurrentRow();
+    if (row >= 0) m_list.Select(row);
+    if (!m_ready || row < 0) return HoldSelectedUnshown();
     if (left == Edits::kStored || left == Edits::kStoredAsNew) TakeEditedAsStored();
     if (left == Edits::kDiscarded) {
         // They are still in the controls, and so not dropped.

@@ -140,48 +140,96 @@ TEST(ProfileEditor, EditsOutliveSetUpsThatFail) {
 
 // The custom preset is not stored: it is there as long as somebody has edits of it.
 TEST(ProfileEditor, EditsOfTheCustomProfileOutliveASetUp) {
-    Bench bench({"$DEFAULT=Standard:50", "$CUSTOM=Mine:10", "Own=Own:30", "Pipe=Pipe:40"}, "$CUSTOM");
-    Check({"they stay", "edit 15; initialise Pipe; unplug; plug", "*Mine:10< Standard:50 Own:30 Pipe:40 15",
-           ""},
+    {
+        Bench bench({"$DEFAULT=Standard:50", "$CUSTOM=Mine:10", "Own=Own:30", "Pipe=Pipe:40"}, "$CUSTOM");
+        Check({"they stay", "edit 15; initialise Pipe; unplug; plug",
+               "*Mine:10< Standard:50 Own:30 Pipe:40 15", ""},
+              bench);
+        Check({"and are asked for", "select Own ? save New", "Mine:10 Standard:50 New:15 Own:30< Pipe:40 30",
+               ""},
+              bench);
+        Check({"until there are none", "unplug; plug", "Standard:50 New:15 Own:30< Pipe:40 30", ""}, bench);
+    }
+    Bench bench({"$DEFAULT=Standard:50", "$CUSTOM=Mine:10", "Own=Own:30"}, "$CUSTOM");
+    Check({"also when another page has removed it", "edit 15; initialise Own; remove $CUSTOM; unplug; plug",
+           "Standard:50 *User Defined:10< Own:30 15", ""},
           bench);
-    Check({"and are asked for", "select Own ? save New", "Mine:10 Standard:50 New:15 Own:30< Pipe:40 30", ""},
-          bench);
-    Check({"until there are none", "unplug; plug", "Standard:50 New:15 Own:30< Pipe:40 30", ""}, bench);
 }
 
-// What another page does to the list that both share.
+// What another page does to the list that both share. Edits are not lost with their profile.
 TEST(ProfileEditor, ProfilesMayBeGone) {
-    const struct {
-        const char* what;
-        const char* before;
-        const char* gone;
-        const char* then;
-        const char* state;
-    } kRows[] = {
-        {"the one that is left", "select Own; edit 35", "Own", "select Pipe",
-         "Fine:20 Standard:50 Pipe:40< 40"},
-        {"a predefined one that is saved", "edit 60", "$DEFAULT", "select Own ? save New",
-         "Fine:20 New:60 Own:30< Pipe:40 30"},
-        {"the one that is selected", "", "Own", "select Own", "Fine:20 Standard:50< Pipe:40 50"},
-        {"its edits while it is set up", "select Own; edit 35", "Own", "unplug; plug; saveas ? save New",
-         "Fine:20 Standard:50 New:35< Pipe:40 35"},
-        {"its edits when it is left after that", "select Own; edit 35", "Own", "unplug; plug; select Pipe",
-         "Fine:20 Standard:50 Pipe:40< 40"},
-        {"the one that is renamed", "select Own", "Own", "rename ? save New; select Pipe",
-         "Fine:20 Standard:50 Pipe:40< 40"},
+    const std::string kOwn = "select Own; edit 35; ", kSetUp = "; unplug; plug";
+    const std::string kAlike = kOwn + "move Own=Zoo; move Pipe=OWN" + kSetUp;
+    const std::string kNoRow = "Fine:20 Standard:50 OWN:40 Zoo:30 35";
+    const std::string kPredefined = "edit 60; remove $DEFAULT" + kSetUp;
+    const Case kCases[] = {
+        {"the one that is selected", "remove Own; select Own", "Fine:20 Standard:50< Pipe:40 50", ""},
+        {"the one that is renamed", "select Own; remove Own; rename ? save New",
+         "Fine:20< Standard:50 Pipe:40 20", ""},
+        {"renamed, with edits", kOwn + "remove Own; rename ? save New",
+         "Fine:20 Standard:50 *New:30< Pipe:40 35", ""},
+        {"left", kOwn + "remove Own; select Pipe", "Fine:20 Standard:50 Own:35 Pipe:40< 40", ""},
+        {"left, when the other one is gone", kOwn + "remove Own; remove Pipe; select Pipe",
+         "Fine:20 Standard:50 Own:35< 35", ""},
+        {"left, and not stored", kOwn + "remove Own; fail SaveDynamicSettingsPresets; select Pipe",
+         "Fine:20 Standard:50 *Own:gone< Pipe:40 35", kNoWords},
+        {"a predefined one that is left", "edit 60; remove $DEFAULT; select Own ? save New",
+         "Fine:20 New:60 Own:30< Pipe:40 30", ""},
+
+        {"set up", kOwn + "remove Own" + kSetUp, "Fine:20 Standard:50 *Own:30< Pipe:40 35", ""},
+        {"and discarded", kOwn + "remove Own" + kSetUp + "; discard",
+         "Fine:20 Standard:50 Own:30< Pipe:40 30", ""},
+        {"saved", kOwn + "remove Own" + kSetUp + "; saveas ? save New",
+         "Fine:20 Standard:50 New:35< Own:30 Pipe:40 35", ""},
+        {"beside its new name", kOwn + "move Own=Zoo" + kSetUp + "; select Zoo",
+         "Fine:20 Standard:50 Own:35 Pipe:40 Zoo:30< 30", ""},
+        {"closed", kOwn + "move Own=Zoo" + kSetUp + "; close",
+         "Fine:20 Standard:50 Own:35< Pipe:40 Zoo:30 35", ""},
+        {"not stored", kOwn + "remove Own; fail SaveDynamicSettingsPresets" + kSetUp,
+         "Fine:20 Standard:50 Pipe:40 35", kNoWords},
+        {"not made, and then left",
+         kOwn + "remove Own; fail SaveDynamicSettingsPresets" + kSetUp + "; edit 36; select Pipe",
+         "Fine:20 Standard:50 Own:36 Pipe:40< 40", kNoWords},
+        {"nor then",
+         kOwn + "remove Own; fail SaveDynamicSettingsPresets" + kSetUp +
+             "; fail CreateDynamicSettingsPreset; select Pipe",
+         "Fine:20 Standard:50 Pipe:40 35", kNoWords + " | " + kNoWords},
+        {"stored by the next set-up", kOwn + "remove Own; fail SaveDynamicSettingsPresets" + kSetUp + kSetUp,
+         "Fine:20 Standard:50 *Own:30< Pipe:40 35", kNoWords},
+
+        // Another one's name differs in its case alone.
+        {"no row", kAlike, kNoRow, ""},
+        {"as long as nobody answers", kAlike + "; edit 30; select Zoo ? cancel",
+         "Fine:20 Standard:50 OWN:40 Zoo:30 30", ""},
+        {"closed without an answer", kAlike + "; close; rename; delete; saveas", kNoRow, ""},
+        {"kept", kAlike + "; select OWN ? save New", "Fine:20 Standard:50 New:35 OWN:40< Zoo:30 40", ""},
+        {"kept when closed", kAlike + "; close ? save New", "Fine:20 Standard:50 New:35< OWN:40 Zoo:30 35",
+         ""},
+        {"dropped", kAlike + "; select Zoo ? discard", "Fine:20 Standard:50 OWN:40 Zoo:30< 30", ""},
+        {"dropped when closed", kAlike + "; close ? discard", "Fine:20 Standard:50 OWN:40< Zoo:30 40", ""},
+        {"not renamed", kOwn + "move Own=Zoo; move Pipe=OWN; rename ? save New", kNoRow, ""},
+
+        // What is not the operator's is not made one.
+        {"a predefined one", kPredefined, "Fine:20 Own:30 Pipe:40 60", ""},
+        {"kept by a new name", kPredefined + "; select Own ? save $DEFAULT, save New",
+         "Fine:20 New:60 Own:30< Pipe:40 30",
+         "The profile name '$DEFAULT' is reserved and cannot be used.\nChoose a different name for the new "
+         "profile."},
+        {"dropped by choice", kPredefined + "; close ? discard", "Fine:20< Own:30 Pipe:40 20", ""},
     };
-    for (const auto& row : kRows) {
+    for (const Case& row : kCases) {
         Bench bench;
-        bench.Do(row.before);
-        bench.Presets().RemovePreset(Wide(row.gone));
-        Check({row.what, row.then, row.state, ""}, bench);
+        Check(row, bench);
     }
-    Bench bench;
-    bench.Do("select Own");
-    bench.Presets().RemovePreset(L"Own");
-    bench.script.calls.clear();
-    bench.Do("rename ? save New");
-    EXPECT_EQ(bench.script.Calls(), "") << "nothing is renamed";
+    for (const std::string ask : {"saveas ? save New", "rename ? save New"}) {
+        Bench bench;
+        bench.Do(kOwn);
+        bench.while_asked = [&] { bench.Do("remove Own; unplug; plug"); };
+        bench.Do(ask);
+        EXPECT_EQ(bench.State(), ask.starts_with("saveas") ? "Fine:20 Standard:50 New:35< Pipe:40 35"
+                                                           : "Fine:20 Standard:50 *New:30< Pipe:40 35");
+        EXPECT_EQ(bench.Wrong(), "") << ask;
+    }
 }
 
 TEST(ProfileEditor, EditsAreStoredThoughTheNextProfileIsGone) {
@@ -270,6 +318,30 @@ TEST(ProfileEditor, MenusMayBeOvertaken) {
     EXPECT_TRUE(script.TakeBoxes().empty());
     delete_by_menu([&] { bench.page.reset(); });
     EXPECT_FALSE(bench.page);
+}
+
+// What an API that was left meanwhile says of the connection is worth nothing.
+TEST(ProfileEditor, AnotherApiMayComeWhileOneIsAskedForItsState) {
+    for (const bool closed : {false, true}) {
+        Bench bench;
+        const auto first = hx::Make<scripted::Api>(bench.script).as<IHXApi>();
+        const auto second = hx::Make<scripted::Api>(bench.script).as<IHXApi>();
+        bench.Do("unplug");
+        bench.script.state = HXConnected;
+        bool came = false;
+        bench.script.during = [&](const std::string&) {
+            if (std::exchange(came, true)) return;
+            bench.script.state = HXNotConnected;
+            if (closed) return bench.page.reset();
+            bench.page->Session().SetApi(second);
+        };
+        bench.page->Session().SetApi(first);
+        bench.script.during = nullptr;
+        ASSERT_EQ(bench.page == nullptr, closed);
+        if (closed) continue;
+        EXPECT_EQ(bench.page->Session().ConnectionState(), HXNotConnected);
+        EXPECT_EQ(bench.page->Session().Api(), second);
+    }
 }
 
 // The page is gone when the operator has answered.

@@ -301,7 +301,9 @@ TEST(ProfileEditorModel, FailuresMixNoProfiles) {
             // What becomes a new one: what is shown, or else what is stored.
             std::set<double> new_may_hold = {shown};
             const std::string selected = scripted::Narrow(bench.page->ProfileList().SelectedName());
-            if (!bench.page->IsReady() && before.contains(selected)) new_may_hold = {before.at(selected)};
+            if (!bench.page->IsReady() && before.contains(selected)) {
+                new_may_hold = {before.at(selected), std::round(before.at(selected))};
+            }
             if (step.what == "rename") new_may_hold = may_hold[selected];
             if (step.what == "edit" && !current.starts_with('$')) {
                 may_hold[current].insert(std::stoi(step.argument));

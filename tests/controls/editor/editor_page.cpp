@@ -195,6 +195,7 @@ void Bench::DoStep(const std::string& step) {
 void Bench::Run(const std::string& what, const std::string& argument) {
     hx::ui::IUser& user = m_renderer->User();
     hx::CProfileListBox& list = page->ProfileList();
+    const size_t equals = std::min(argument.find('='), argument.size() - 1);
     if (what == "edit") {
         // What is disabled cannot be moved.
         if (user.Drag(page->laser_power, std::stoi(argument))) user.Drop(page->laser_power);
@@ -214,8 +215,14 @@ void Bench::Run(const std::string& what, const std::string& argument) {
         committed = page->CommitOnClose();
     } else if (what == "initialise") {
         page->SetProfileToSelect(Wide(argument));
+    } else if (what == "remove") {
+        Presets().RemovePreset(Wide(argument));
+    } else if (what == "move") {
+        Presets().Rename(Wide(argument.substr(0, equals)), Wide(argument.substr(equals + 1)));
+    } else if (what == "fail") {
+        script.fails_once = true;
+        script.failures = {{argument, {E_ABORT, 0}}};
     } else if (what == "change") {
-        const size_t equals = argument.find('=');
         const auto preset = Presets().FindPresetExactly(Wide(argument.substr(0, equals)));
         if (preset) {
             static_cast<scripted::Preset&>(*preset).values.laser_power =
@@ -261,8 +268,12 @@ std::string Bench::Wrong(bool current_is_selected) {
     const hx::CProfileListBox& list = page->ProfileList();
     if (unanswered != 0) return "a question without an answer";
     if (page->ProfileList().Count() == 0) return page->IsModified() ? "edits of nothing" : "";
-    if (list.Selected() < 0) return "no row is selected";
     const std::wstring current = page->GetCurrentPresetName();
+    const int32_t alike = list.FindByName(current);
+    const bool listed = alike >= 0 && list.Row(alike).name == current;
+    // Nor is another one, where there are edits of a profile that is gone.
+    if (list.Selected() < 0) return listed || !page->IsModified() ? "no row is selected" : "";
+    if (!listed && page->IsModified()) return "edits of another row";
     if (current_is_selected && list.SelectedName() != current) return "another row is selected";
     std::pair<uint32_t, std::wstring> before;
     for (int32_t i = 0; i < list.Count(); ++i) {

@@ -76,8 +76,9 @@ public:
     ~Bench();
 
     // "what argument; ...": edit POWER, select NAME, saveas, rename, discard, delete, close, unplug, plug,
-    // initialise NAME, change NAME=POWER (of what is stored, by another page). Behind "?" the operator's
-    // answers: save NAME, discard, cancel, separated by ","; when they are used up, cancel.
+    // initialise NAME; by another page change NAME=POWER (of what is stored), move NAME=NEW, remove NAME;
+    // fail CALL (once). Behind "?" the operator's answers: save NAME, discard, cancel, separated by ","; when
+    // they are used up, cancel.
     void Do(const std::string& steps);
 
     // "Standard:50 *Own:30< 35": each row with what is stored of it, the selected one with "<", and what the

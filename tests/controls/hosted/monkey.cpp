@@ -146,7 +146,8 @@ std::string Monkey::Agree() {
     m_agrees = true;
     for (Place& place : m_places) {
         if (place.Dialog() == nullptr) return std::string("no page of ") + place.kind.name;
-        place.fresh = !place.gone;
+        place.fresh = !place.EditsProfiles() || !place.IsWithoutRow();
+        if (!place.fresh && !MayBeWithoutRow(place)) return place.kind.name + std::string(": no row");
         if (place.EditsProfiles() && !place.IsShown()) return place.kind.name + std::string(": no profile");
         if (!place.EditsProfiles() && !place.KnowsScanner()) return "nothing is known of the scanner";
         if (std::string wrong = Wrong(place); !wrong.empty()) return place.kind.name + (": " + wrong);
@@ -197,7 +198,6 @@ std::string Monkey::Work(Place& place) {
     User().ContextMenu(place.List(), {-1, -1});
     if (place.HasEdits()) return "edits cannot be discarded";
     Save(place);
-    place.gone = false;
     const bool told = !m_script->TakeBoxes().empty();
     return place.may_close && !told ? "" : "it cannot be closed";
 }

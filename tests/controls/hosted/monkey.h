@@ -3,7 +3,8 @@
 // it.
 //
 // The pages share their profiles. So what holds for each of them is:
-// - its edits stay, whatever is done to other pages, unless another page removed or renamed the profile;
+// - its edits stay, whatever is done to other pages, also when another page removes or renames the profile;
+// - the row that is selected is that of the profile that is edited, or none where that can have no row;
 // - predefined profiles stay as they are;
 // - it shows what is stored when it was set up last, or has loaded or stored a profile since; until then what
 //   other pages store is not to be seen, and its own edits are compared with what it knows.
@@ -53,7 +54,7 @@ private:
         hosting::HostedPage page{};
         const Scanner* scanner = nullptr;  // whose API it has
         bool fresh = false;                // it shows what is stored
-        bool gone = false;                 // another page has removed or renamed the profile that it shows
+        std::string edited;                // the profile that had edits when a row was last selected
         bool foreign = false;              // it was not told what to edit
         bool saved = false;                // the host has asked in this step
         bool may_close = false;
@@ -68,7 +69,9 @@ private:
         // With the mark for edits.
         std::string Row(int32_t row) const;
         std::string SelectedRow() const { return Row(List().Selected()); }
-        bool HasEdits() const { return SelectedRow().starts_with('*'); }
+        bool HasEdits() const { return IsWithoutRow() || SelectedRow().starts_with('*'); }
+        // There are edits of a profile that is gone.
+        bool IsWithoutRow() const { return List().Count() > 0 && List().Selected() < 0; }
         // The text of an edit that is left may become another number.
         bool IsTyping() const;
         Values Shown() const { return kind.Shown(*Dialog()); }
@@ -106,6 +109,7 @@ private:
     std::string Wrong(const Place& place) const;
     std::string WrongRules(const Place& place) const;
     std::string WrongRows(const Place& place) const;
+    bool MayBeWithoutRow(const Place& place) const;
     std::string WrongReadings(const Place& place) const;
     std::string LostEdits(const Place& place, const Before& before, bool may_go,
                           const Outcome& outcome) const;

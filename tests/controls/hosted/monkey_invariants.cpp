@@ -1,6 +1,7 @@
 // What is to be seen of the pages, and what may never be.
 #include <algorithm>
 
+#include "platform/system/case_fold.h"
 #include "platform/system/utf8.h"
 #include "tests/controls/hosted/monkey.h"
 
@@ -53,7 +54,7 @@ Monkey::Before Monkey::BeforeStep(const Place& place) const {
     before.window = place.Dialog()->Handle();
     if (!place.EditsProfiles()) return before;
     before.row = place.SelectedRow();
-    const bool counts = !place.foreign && !m_foreign && !place.gone && place.IsShown() && !place.IsTyping();
+    const bool counts = !place.foreign && !m_foreign && place.IsShown() && !place.IsTyping();
     if (counts && place.HasEdits()) before.edits = place.Shown();
     return before;
 }
@@ -77,7 +78,8 @@ void Monkey::Judge(const Action& action, Place& actor, const Before& before, con
         // It may have been set up anew with what is not stored.
         if (!agreed && outcome.stores) place.fresh = false;
         if (changed && !(acts && may_store)) place.fresh = false;
-        place.gone = !place.fresh && place.EditsProfiles() && (place.gone || !StoredAs(place.SelectedRow()));
+        if (!place.EditsProfiles() || place.IsWithoutRow()) continue;
+        place.edited = place.HasEdits() ? place.SelectedRow().substr(1) : "";
     }
     if (!clean || !outcome.stores || action.kind != stores || !actor.EditsProfiles()) return;
     if (actor.saved || actor.SelectedRow() != before.row) actor.fresh = true;
@@ -95,8 +97,11 @@ std::string Monkey::DamagedPredefined() const {
 
 std::string Monkey::LostEdits(const Place& place, const Before& before, bool may_go,
                               const Outcome& outcome) const {
-    if (!before.edits || may_go || place.gone) return "";
-    if (place.HasEdits() && place.Shown().IsSame(*before.edits)) return "";
+    if (!before.edits || may_go) return "";
+    if (place.HasEdits() && place.Shown().IsSame(*before.edits)) {
+        const bool same = before.row.empty() || place.IsWithoutRow() || place.SelectedRow() == before.row;
+        return same ? "" : "edits became those of another profile";
+    }
     const bool kept = std::ranges::any_of(m_stored, [&](const auto& each) {
         return place.kind.Seen(each.second.values).IsSame(*before.edits);
     });
@@ -109,7 +114,7 @@ std::string Monkey::Wrong(const Place& place) const {
     if (!place.EditsProfiles()) return WrongReadings(place);
     const ui::ListBox& list = place.List();
     if (!list.IsEnabled()) return "the list is disabled";
-    if (list.Count() > 0 && list.Selected() < 0) return "no row is selected";
+    if (place.IsWithoutRow() && place.edited.empty()) return "no row is selected";
     for (int32_t row = 0; row < list.Count(); ++row) {
         if (row != list.Selected() && place.Row(row).starts_with('*')) return "another row has the mark";
     }
@@ -155,6 +160,15 @@ std::string Monkey::WrongRows(const Place& place) const {
     if (modified && place.kind.threshold_list != 0) return "";
     return (modified ? "the mark without an edit" : "the controls do not show what is stored") +
            (" after: " + place.SelectedRow()) + TextOf(place.Shown()) + " instead of" + TextOf(stored);
+}
+
+// Where all is well: a predefined profile is always there, and one of the operator's is stored again unless
+// another one's name differs in its case alone.
+bool Monkey::MayBeWithoutRow(const Place& place) const {
+    const std::wstring folded = hx::FoldCase(*hx::FromUtf8(place.edited));
+    return std::ranges::any_of(m_stored, [&](const auto& each) {
+        return each.first != place.edited && hx::FoldCase(*hx::FromUtf8(each.first)) == folded;
+    });
 }
 
 // They are known all together, or none is.

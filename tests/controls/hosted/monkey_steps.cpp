@@ -143,7 +143,7 @@ void Monkey::Open(Place& place) {
     place.scanner = &m_scanner;
     place.fresh = OpenPage(place.page, place.kind, m_frame, m_scanner, L"Own 1");
     place.foreign = !place.fresh;
-    place.gone = false;
+    place.edited.clear();
     m_foreign = m_foreign || !place.fresh;
 }
 

@@ -4,6 +4,7 @@
 #include <deque>
 
 #include "platform/system/sleep.h"
+#include "platform/ui/codes.h"
 #include "platform/ui/headless/headless_renderer.h"
 #include "platform/ui/script.h"
 #include "platform/ui/user.h"
@@ -83,7 +84,7 @@ protected:
         return renderer;
     }();
     Frame m_frame;
-    const Scanner m_scanner{"HX"};
+    const Scanner m_scanner{"HX", 4};
     ui::Script m_script;
 };
 
@@ -141,6 +142,38 @@ TEST_F(PageOrders, WhateverOpensAndClosesFirst) {
     auto after = m_scanner.Stored();
     after["Own 1"] = before.at("Own 1");
     EXPECT_EQ(after, before) << "what nobody has edited";
+}
+
+// Edits of a profile that another page renames or deletes stay with its name, selected and marked, beside
+// what the other page made of it.
+TEST_F(PageOrders, EditsOutliveTheirProfile) {
+    for (const auto& [edited, other] : {std::pair<size_t, size_t>{0, 1}, {1, 0}}) {
+        for (const uint32_t key : {VK_F2, VK_DELETE}) {
+            SCOPED_TRACE(std::to_string(edited) + (key == VK_F2 ? " renamed" : " deleted"));
+            const std::string own = "Own " + std::to_string(1 + edited + (key == VK_F2 ? 0 : 2));
+            const std::wstring name(own.begin(), own.end()), new_name = name + L" renamed";
+            Pages pages;
+            ASSERT_TRUE(Open(pages[edited], edited, name.c_str()) && Open(pages[other], other, name.c_str()));
+            const Values edits = Edit(pages[edited], edited);
+            ui::Script::Answer rename{ui::Script::Answer::By::button, IDOK};
+            rename.typed = new_name;
+            if (key == VK_F2) m_script.AnswerModal(rename);
+            m_renderer->User().Key(*pages[other].Dialog()->FindAs<ui::ListBox>(kList), key);
+            EXPECT_EQ(m_script.TakeModals().size(), key == VK_F2 ? 1u : 0u);
+            m_scanner.hands->Disconnect();
+            m_scanner.Settle();
+            m_scanner.hands->Connect();
+            m_scanner.Settle();
+            const auto& list = *pages[edited].Dialog()->FindAs<ui::ListBox>(kList);
+            ASSERT_GE(list.Selected(), 0);
+            EXPECT_EQ(list.RowText(list.Selected()), L"*" + name);
+            EXPECT_TRUE(PageKinds()[edited].Shown(*pages[edited].Dialog()).IsSame(edits));
+            EXPECT_TRUE(Saves(pages[edited]));
+            EXPECT_EQ(WhatIsWrong(own, edited, edits), "");
+            EXPECT_EQ(m_scanner.Stored().contains(own + " renamed"), key == VK_F2);
+            EXPECT_TRUE(m_script.TakeBoxes().empty());
+        }
+    }
 }
 
 // The profile that is only there for a while goes with any settings page. Edits of it can still be kept.
