@@ -111,7 +111,7 @@ TEST_F(PageOrders, WhateverOpensAndClosesFirst) {
         std::vector<size_t> rotated = opening;
         std::ranges::rotate(rotated, rotated.begin() + 1);
         for (const auto& closing : {opening, std::vector(opening.rbegin(), opening.rend()), rotated}) {
-            const int32_t state = ++number % 2 == 0 ? HXNotConnected : HXConnected;
+            const int32_t state = number++ / 2 % 2 == 0 ? HXConnected : HXNotConnected;
             SCOPED_TRACE(testing::PrintToString(opening) + " closed as " + testing::PrintToString(closing) +
                          ", state " + std::to_string(state));
             m_scanner.hands->SetConnectionState(state, FALSE);
