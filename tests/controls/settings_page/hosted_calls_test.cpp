@@ -1,5 +1,5 @@
-// Whole sessions of the settings pages, call by call, as their controls' host sees them; what follows from
-// each change of the connection. With and without a screen.
+// Whole sessions of the settings pages, call by call, as their controls' host sees them. With and without a
+// screen.
 #include "platform/ui/codes.h"
 #include "tests/controls/shell/hosted_page.h"
 
@@ -277,57 +277,6 @@ TEST_P(HostedPages, OfAProfileForOnce) {
          Raised("0") + kStop + kRest + Raised("1") + kSelection + kCreateHandle + kAcquire + kSetUp +
              SetUpWith("$SHINY")},
     });
-}
-
-TEST_P(HostedPages, FollowsTheConnectionByItsTable) {
-    const std::string nothing = kNewPresets + kRange + Store("$DARK");
-    const std::string without = kAsk + nothing + m_calls.set_up;
-    const std::string resumed = kRest + kAsk + (m_calls.is_handheld ? "api.Resume[]\n" : "") + nothing;
-    const std::string with = kAcquire + kSetUp + SetUpWith("$DARK");
-    const struct {
-        int32_t before, after;
-        std::string ready, not_ready;
-    } kTable[] = {
-        {0, 0, "", kRest + kAsk + nothing},
-        // A handle from the time without a scanner does for none.
-        {0, 1, "", kStop + kRest + without},
-        {0, 2, "", resumed},
-        {0, 5, "", ""},
-        {1, 0, kStop + kRest, kStop + kRest},
-        {1, 1, "", kStop + kRest + with},
-        {1, 2, "", m_calls.is_handheld ? resumed : ""},
-        {1, -1, "", ""},
-        {2, 0, kRest, kRest},
-        {2, 1, kRest + kSelection + kProperties + kCreateHandle + with, kStop + kRest + without},
-        {2, 2, "", ""},
-        {5, 0, "", ""},
-        {5, 1, "", ""},
-        {5, 2, "", ""},
-    };
-    for (const auto& row : kTable) {
-        for (const std::string page : {"ready", "not ready", "not selected"}) {
-            SCOPED_TRACE(page + ", " + std::to_string(row.before) + " to " + std::to_string(row.after));
-            m_hands->SetConnectionState(row.before == 5 ? 0 : row.before, FALSE);
-            Create(m_prog_id);
-            Initialise(L"$DARK");
-            m_page->OnSelected();
-            m_page->SetHXApi(m_api.get());
-            if (row.before == 5) Arrive(5);
-            if (page != "ready") m_page->OnDeselected();
-            if (page == "not ready") {
-                Fail("GetConnectionState");
-                m_page->OnSelected();
-            }
-            EXPECT_EQ(script.TakeBoxes().size(), page == "not ready" ? 1u : 0u);
-            Text();
-            Arrive(row.after);
-            const std::string follows = page == "ready"       ? row.ready
-                                        : page == "not ready" ? row.not_ready
-                                                              : "";
-            EXPECT_EQ(Text(), "events.Raise[" + std::to_string(row.after) + "]\n" + follows);
-            Close();
-        }
-    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, HostedPages, testing::Range(size_t{0}, std::size(kPages)),

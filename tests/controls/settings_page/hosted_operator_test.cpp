@@ -111,34 +111,4 @@ TEST_F(HostedOperator, AnEditOutOfRangeIsComplainedOfOnceAndTheClickCounts) {
     }
 }
 
-// The preview has the room that sliders of the field of view leave, whatever the size.
-TEST_F(HostedOperator, TheFieldOfViewFillsItsPlace) {
-    const struct {
-        const char* model;
-        bool width, height;
-    } kCases[] = {
-        {"HX", true, true}, {"T820", false, true}, {"KT05FxR3W", true, false}, {"KT05FxR3PA", false, false}};
-    EXPECT_TRUE(Orvel::RegistryKeys::MRegistryKeyLib::GetRegistryKey(89).Set(false));
-    for (const auto& row : kCases) {
-        m_hands->SetConnectionState(HXNotConnected, FALSE);
-        EXPECT_EQ(m_hands->SetModel(Text(row.model)), S_OK);
-        m_hands->SetConnectionState(HXConnected, FALSE);
-        Create();
-        m_page->OnSelected();
-        m_page->SetHXApi(m_api.get());
-        for (const int32_t size : {900, 700, 1200}) {
-            Move({0, 0, size, size});
-            SCOPED_TRACE(std::string(row.model) + " " + std::to_string(size));
-            EXPECT_EQ(At(277).IsVisible(), row.width);
-            EXPECT_EQ(At(276).IsVisible(), row.height);
-            EXPECT_EQ(At(288).IsVisible(), std::string(row.model).starts_with("KT05"));
-            const hx::ui::Rectangle& preview = At(106).Bounds();
-            EXPECT_EQ(preview.right == At(276).Bounds().left, !row.width || !row.height);
-            EXPECT_EQ(preview.bottom == At(228).Bounds().bottom, !row.width && !row.height);
-        }
-        EXPECT_TRUE(script.TakeBoxes().empty());
-        Close();
-    }
-}
-
 }  // namespace
