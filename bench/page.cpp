@@ -1,6 +1,5 @@
 // The pages in a host: from the creation by class to a painted page, from a slider's step to the call of the
-// scanner's handle, and what a page takes of the heap. The simulated scanner is connected and answers at
-// once.
+// scanner's handle, and what a page takes of the heap. The simulated scanner is connected, and quick.
 #include <array>
 #include <deque>
 #include <filesystem>
@@ -129,8 +128,9 @@ public:
         VARIANT profile = m_profile.get();
         SafeArrayPutElement(m_arguments.get(), &first, &profile);
         m_array = m_arguments.get();
-        if (kind.edits_profiles)
+        if (kind.edits_profiles) {
             m_control->Initialise(scanner.driver.get(), scanner.device.get(), nullptr, &m_array);
+        }
         m_control->SetHXApi(scanner.api.get());
         m_control->OnSelected();
         Expect(SUCCEEDED(m_site->Open(m_control.as<IOleObject>(), frame, kPlace, true)), "HX", "its window");
