@@ -99,7 +99,7 @@ TEST_F(PageScript, WrongLinesAreAnsweredAndTheScriptGoesOn) {
         {"show", "the page has no window"},
         {"save", "the page is not created"},
         {"use second", "no page \"second\""},
-        {"page attic", "column 6: no page \"attic\": there are measurement handheld diagnostics"},
+        {"page attic", "column 6: no page \"attic\": there are measurement"},
         {"fail Nothing E_FAIL", "column 6: no operation \"Nothing\""},
         {"fail Resume E_WHATEVER", "column 13: \"E_WHATEVER\" is no result"},
         {"fail Resume S_OK", "is no failure of Resume"},

@@ -17,7 +17,10 @@ protected:
 };
 
 TEST_F(Screenshot, PagesAndThePreviewHavePictures) {
-    for (const std::string page : {"preview", "measurement", "handheld", "diagnostics"}) {
+    const std::string told = Run("screenshot attic out.png").err;
+    std::istringstream pages(told.substr(told.find("there are") + sizeof("there are")));
+    size_t count = 0;
+    for (std::string page; pages >> page; ++count) {
         const std::string file = page + ".png";
         const Answer answer = Run("screenshot " + page + " " + file +
                                   " --width 700 --height 500 --scale 2 --dark --locale ja-JP");
@@ -27,6 +30,7 @@ TEST_F(Screenshot, PagesAndThePreviewHavePictures) {
         EXPECT_EQ(NumberAt(file, 16), 1400u);
         EXPECT_EQ(NumberAt(file, 20), 1000u);
     }
+    EXPECT_GT(count, 1u);
 }
 
 // And what the page said meanwhile: there is a picture all the same.

@@ -70,6 +70,12 @@ TEST_F(SessionConnection, EveryRowOfBothPages) {
             EXPECT_EQ(unselected.session.ConnectionState(), is_handheld ? row.arrived : row.stored);
             EXPECT_TRUE(unselected.session.Handle());
         }
+        // From a state that it does not know the page goes nowhere.
+        for (const int32_t arrived : {0, 1, 2}) {
+            Start(*rules, 0, true);
+            Arrive(7);
+            EXPECT_EQ(Effect(arrived), "") << arrived;
+        }
     }
 }
 

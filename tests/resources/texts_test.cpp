@@ -55,13 +55,14 @@ std::map<std::string, std::wstring> TextsByPlace(const hx::Resources& resources)
 }
 
 // What is filled in later: the "%" directives in their order, which counts as they take their values by
-// position, then the "${name}" ones sorted, as these may change places.
+// position, then "%1" and "${name}" sorted, as these may change places.
 std::vector<std::wstring> Placeholders(const std::wstring& text) {
     std::vector<std::wstring> directives;
     std::vector<std::wstring> names;
     for (size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == L'%' && i + 1 < text.size() && std::iswalpha(static_cast<wint_t>(text[i + 1]))) {
-            directives.push_back(text.substr(i, 2));
+        const auto next = static_cast<wint_t>(i + 1 < text.size() ? text[i + 1] : L' ');
+        if (text[i] == L'%' && std::iswalnum(next)) {
+            (std::iswdigit(next) ? names : directives).push_back(text.substr(i, 2));
         } else if (text.compare(i, 2, L"${") == 0) {
             names.push_back(text.substr(i, text.find(L'}', i) - i + 1));
         }
@@ -152,6 +153,17 @@ bool NamesAnInput(const std::vector<hx::DialogControl>& controls, size_t index) 
     const bool is_field =
         next_kind != Kind::check_box && next_kind != Kind::push_button && (next.style & kTabStop) != 0;
     return is_field && (kind == Kind::label || next_kind == Kind::list_box);
+}
+
+// One that a host shows inside its own dialog.
+bool IsPage(const hx::DialogTemplate& dialog) {
+    constexpr uint32_t kChildWindow = 0x40000000;
+    return (dialog.style & kChildWindow) != 0;
+}
+
+bool EditsProfiles(const hx::DialogTemplate& dialog) {
+    constexpr uint32_t kProfileList = 6000;
+    return std::ranges::find(dialog.controls, kProfileList, &hx::DialogControl::id) != dialog.controls.end();
 }
 
 // What an operator uses or reads on a page of settings, beside the labels that name it.
@@ -277,15 +289,14 @@ TEST_P(Texts, MnemonicsAreUniqueAndReachEveryInput) {
 
 TEST(TextsOfModules, TheHostLeavesTheMnemonicsOfItsPagesToThePages) {
     constexpr uint32_t kHostDialog = 100;
-    constexpr uint32_t kPages[] = {203, 280, 208};
     for (const Script& host : Scripts(hx_test::kHost)) {
         SCOPED_TRACE(host.tag);
         const auto page = std::ranges::find(Scripts(), host.tag, &Script::tag);
         ASSERT_NE(page, Scripts().end());
-        for (const uint32_t id : kPages) {
+        for (const auto& [id, inner] : page->resources.dialogs) {
+            if (!IsPage(inner)) continue;
             ClaimedMnemonics claimed;
-            for (const hx::DialogTemplate& dialog :
-                 {host.resources.dialogs.at(kHostDialog), page->resources.dialogs.at(id)}) {
+            for (const hx::DialogTemplate& dialog : {host.resources.dialogs.at(kHostDialog), inner}) {
                 for (const hx::DialogControl& control : dialog.controls) claimed.Claim(control.text);
             }
         }
@@ -298,8 +309,9 @@ TEST(TextsOfPages, EveryControlOfTheSettingsPagesHasHelpAndEveryReasonItsWords) 
     for (const Script& script : Scripts()) {
         SCOPED_TRACE(script.tag);
         std::set<uint32_t> expected;
-        for (const uint32_t page : {203u, 280u}) {
-            for (const hx::DialogControl& control : script.resources.dialogs.at(page).controls) {
+        for (const auto& [id, dialog] : script.resources.dialogs) {
+            if (!EditsProfiles(dialog)) continue;
+            for (const hx::DialogControl& control : dialog.controls) {
                 if (NeedsHelp(control)) expected.insert(kFirstHelp + control.id);
             }
         }

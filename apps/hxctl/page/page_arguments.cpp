@@ -2,12 +2,14 @@
 
 #include <CLI/CLI.hpp>
 
+#include "apps/hxctl/page/page_names.h"
+
 namespace hxctl {
 
 void PageArguments::Add(CLI::App& app) {
     CLI::App* command = app.add_subcommand(
         "page", "a page in a scripted host, with a simulated scanner (docs/scripting.md); needs no screen");
-    command->add_option("PAGE", m_request.page, "measurement, handheld or diagnostics")->required();
+    command->add_option("PAGE", m_request.page, "one of " + PageNames(", "))->required();
     command
         ->add_option("--script", m_request.script,
                      "a command a line, each answered with a line of JSON; - is standard input")

@@ -22,10 +22,17 @@ const PageName* FindPage(std::string_view name) {
     return found != std::end(kPages) ? found : nullptr;
 }
 
+std::string PageNames(std::string_view separator) {
+    std::string names;
+    for (const PageName& page : kPages) {
+        if (!names.empty()) names += separator;
+        names += page.name;
+    }
+    return names;
+}
+
 std::string NoPageText(std::string_view name) {
-    std::string text = "no page \"" + std::string(name) + "\": there are";
-    for (const PageName& page : kPages) text += std::string(" ") + page.name;
-    return text;
+    return "no page \"" + std::string(name) + "\": there are " + PageNames(" ");
 }
 
 }  // namespace hxctl

@@ -15,7 +15,8 @@ struct PageName {
 
 // Null if there is none of that name.
 const PageName* FindPage(std::string_view name);
-// `no page "attic": there are measurement handheld diagnostics`
+std::string PageNames(std::string_view separator);
+// `no page "attic": there are NAME NAME`
 std::string NoPageText(std::string_view name);
 
 }  // namespace hxctl

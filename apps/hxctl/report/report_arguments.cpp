@@ -11,7 +11,7 @@ void ReportArguments::Add(CLI::App& app) {
                                            "for whoever is to help: the values of the diagnostics page of a "
                                            "simulated scanner, versions, system, "
                                            "and the last errors of the log; needs no screen");
-    AddCommon(*command, m_request.scanner);
+    AddScanner(*command, m_request.scanner, "the one that suits the page");
     auto* const state =
         command->add_option("--state", m_request.state, "of the connection: 0 disconnected, 1, 2 suspended")
             ->capture_default_str()

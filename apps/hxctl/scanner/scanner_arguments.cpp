@@ -3,6 +3,14 @@
 #include <CLI/CLI.hpp>
 
 namespace hxctl {
+namespace {
+
+void AddCommon(CLI::App& command, ScannerRequest& request) {
+    AddScanner(command, request, "the first");
+    AddPresetsFolder(command, request);
+}
+
+}  // namespace
 
 void ScannerArguments::Add(CLI::App& app) {
     CLI::App* scanner = app.add_subcommand(
@@ -20,11 +28,8 @@ void ScannerArguments::Add(CLI::App& app) {
     AddTrack(*scanner);
 }
 
-void AddCommon(CLI::App& command, ScannerRequest& request) {
-    command.add_option("--model", request.model,
-                       "one of `scanner list`; left out: the first, or the one that suits the page");
-    command.add_option("--presets-folder", request.folder,
-                       "where presets are kept; left out: with the data of all users");
+void AddScanner(CLI::App& command, ScannerRequest& request, const std::string& model_if_left_out) {
+    command.add_option("--model", request.model, "one of `scanner list`; left out: " + model_if_left_out);
     command.add_option("--properties", request.properties,
                        "a file that the driver reports, - is standard input; left out: the model's own");
     command
@@ -32,6 +37,11 @@ void AddCommon(CLI::App& command, ScannerRequest& request) {
                     "OPERATION=RESULT[:TIMES]: that operation fails so, once or TIMES times, * for always")
         ->take_all();
     command.add_flag("--calls", request.calls, "tells all calls of the API in the end");
+}
+
+void AddPresetsFolder(CLI::App& command, ScannerRequest& request) {
+    command.add_option("--presets-folder", request.folder,
+                       "where presets are kept; left out: with the data of all users");
 }
 
 void ScannerArguments::AddPresets(CLI::App& scanner) {

@@ -3,13 +3,15 @@
 
 #include <CLI/App.hpp>
 #include <functional>
+#include <string>
 
 #include "apps/hxctl/scanner/scanner_command.h"
 
 namespace hxctl {
 
 // Options that fill the request, which outlives the parsing.
-void AddCommon(CLI::App& command, ScannerRequest& request);
+void AddScanner(CLI::App& command, ScannerRequest& request, const std::string& model_if_left_out);
+void AddPresetsFolder(CLI::App& command, ScannerRequest& request);
 void AddSurface(CLI::App& command, ScannerRequest& request);
 void AddValues(CLI::App& command, PresetRequest& request);
 

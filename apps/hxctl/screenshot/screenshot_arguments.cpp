@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "apps/hxctl/page/page_names.h"
 #include "apps/hxctl/scanner/scanner_arguments.h"
 
 namespace hxctl {
@@ -11,10 +12,11 @@ void ScreenshotArguments::Add(CLI::App& app) {
         "screenshot", "the picture of a page, or of the preview, with a simulated scanner; needs no screen");
     command
         ->add_option("PAGE", m_request.page,
-                     "measurement, handheld, diagnostics, or preview: that of the field of view")
+                     "one of " + PageNames(", ") + ", or preview: that of the field of view")
         ->required();
     command->add_option("OUT.png", m_request.file, "the picture")->required();
-    AddCommon(*command, m_request.scanner);
+    AddScanner(*command, m_request.scanner, "the one that suits the page");
+    AddPresetsFolder(*command, m_request.scanner);
     AddSurface(*command, m_request.scanner);
     AddValues(*command, m_request.values);
     command->add_option("--locale", m_request.locale, "the language, as de-DE")->capture_default_str();

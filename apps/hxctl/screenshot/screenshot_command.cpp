@@ -13,23 +13,20 @@
 namespace hxctl {
 namespace {
 
-struct PageRow {
-    const char* name;
+// What a picture is of.
+struct Subject {
     void (*save)(const ScreenshotRequest& request, Desk& desk, DeskAnswer& answer);
     std::span<const char* const> takes;  // of kPageOptions
 };
 constexpr std::span<const char* const> kAll = kPageOptions;
-constexpr PageRow kPages[] = {
-    {"preview", &SavePreviewPicture, kAll.first(3)},
-    {"measurement", &SavePagePicture, kAll.last(1)},
-    {"handheld", &SavePagePicture, kAll.last(1)},
-    {"diagnostics", &SavePagePicture, kAll.last(1)},
-};
+constexpr Subject kPreview = {&SavePreviewPicture, kAll.first(3)};
+constexpr Subject kPage = {&SavePagePicture, kAll.last(1)};
+constexpr char kPreviewName[] = "preview";
 
 // What was given in vain; null if nothing was.
-const std::string* Useless(const ScreenshotRequest& request, const PageRow& page) {
+const std::string* Useless(const ScreenshotRequest& request, const Subject& subject) {
     const auto found = std::ranges::find_if(request.given, [&](const std::string& option) {
-        return std::ranges::find(page.takes, option) == page.takes.end();
+        return std::ranges::find(subject.takes, option) == subject.takes.end();
     });
     return found != request.given.end() ? &*found : nullptr;
 }
@@ -51,14 +48,12 @@ std::string WrongSize(const ScreenshotRequest& request) {
 }  // namespace
 
 Outcome RunScreenshot(const ScreenshotRequest& request, bool json) {
-    const auto* const page = std::ranges::find_if(
-        kPages, [&](const PageRow& candidate) { return request.page == candidate.name; });
-    if (page == std::end(kPages)) {
-        std::string reason = "no page \"" + request.page + "\": there are";
-        for (const PageRow& row : kPages) reason += std::string(" ") + row.name;
-        return {kUsage, {}, reason};
+    const PageName* const hosted = FindPage(request.page);
+    if (!hosted && request.page != kPreviewName) {
+        return {kUsage, {}, NoPageText(request.page) + " " + kPreviewName};
     }
-    if (const std::string* const option = Useless(request, *page)) {
+    const Subject& subject = hosted ? kPage : kPreview;
+    if (const std::string* const option = Useless(request, subject)) {
         return {kUsage, {}, request.page + " takes no " + *option};
     }
     if (!hx::LcidOf(request.locale)) return {kUsage, {}, "no locale \"" + request.locale + "\""};
@@ -71,10 +66,9 @@ Outcome RunScreenshot(const ScreenshotRequest& request, bool json) {
     if (!renderer) return Refused(hx::ToUtf8(reason));
     const RendererInUse in_use(std::move(renderer));
     ScannerRequest scanner = request.scanner;
-    if (const PageName* const hosted = FindPage(request.page); hosted && scanner.model.empty()) {
-        scanner.model = hosted->model;
-    }
-    return AtDesk(scanner, json, [&](Desk& desk, DeskAnswer& answer) { page->save(request, desk, answer); });
+    if (hosted && scanner.model.empty()) scanner.model = hosted->model;
+    return AtDesk(scanner, json,
+                  [&](Desk& desk, DeskAnswer& answer) { subject.save(request, desk, answer); });
 }
 
 }  // namespace hxctl

@@ -2,7 +2,7 @@
 // a screen.
 #include <stdlib.h>
 
-#include "tests/controls/measurement/hosted_page.h"
+#include "tests/controls/shell/hosted_page.h"
 
 namespace {
 
@@ -45,6 +45,24 @@ TEST_F(HostedDiagnostics, FollowsTheScannerFromItsHostsCallsToItsEnd) {
     Close();
     EXPECT_EQ(Text(), "events.Unadvise[1]\n");
     unsetenv("LC_ALL");
+}
+
+// One is given back, and what it has told, before the other one is listened to.
+TEST_F(HostedDiagnostics, ChangesToAnotherScanner) {
+    const auto other = SimulatorTest::Create<IHXApi>(kProgIdHXSimulator);
+    Create(kProgIdHXDiagnosticsCtrl);
+    EXPECT_EQ(m_page->SetHXApi(m_api.get()), S_OK);
+    m_hands->SetConnectionState(HXConnected, TRUE);
+    m_hands->WaitForEvents();
+    Text();
+    EXPECT_EQ(m_page->SetHXApi(other.get()), S_OK);
+    hx::DispatchMessages();
+    EXPECT_EQ(Text(), "events.Unadvise[1]\nevents.Advise[observer]\napi.GetConnectionState[]\n");
+    EXPECT_EQ(At(236).Text(), L"Unknown (not connected)");
+    other.as<IHXSimulator>()->SetConnectionState(HXConnected, TRUE);
+    other.as<IHXSimulator>()->WaitForEvents();
+    hx::DispatchMessages();
+    EXPECT_NE(At(236).Text(), L"Unknown (not connected)");
 }
 
 }  // namespace

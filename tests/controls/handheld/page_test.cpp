@@ -106,6 +106,8 @@ TEST_F(HandheldPage, ALaserPowerOutOfRangeIsComplainedOfOnce) {
         // As a renderer may do that lets the focus be where it is.
         {"a click without the focus", L"101", [&] { At<ui::CheckBox>(225).UserClick(); },
          "71/30 8850/12 -xx 0", "ActivateDynamicSettings 30", true},
+        {"automatic", L"101", [&] { At<ui::CheckBox>(224).UserClick(); }, "71/30 8850/12 x-x 0",
+         "ActivateDynamicSettings 30"},
         {"the indicator", L"101", [&] { At<ui::CheckBox>(275).UserClick(); }, "71/30 8850/12 --x 0",
          "DisableScanner, RegisterTrackingCycleObserver, ActivateGlobalScanningSettings 0 0 100 0 0, "
          "InitialiseScanner, RegisterTrackingCycleObserver",
@@ -219,12 +221,17 @@ TEST_F(HandheldPage, EnablesWhatCanBeUsedInEachState) {
     // Connected anew, with the edits.
     Arrive(HXNotConnected);
     EXPECT_EQ(enabled(), but({269, 275, 276, 277}));
+    EXPECT_EQ(Reason(275), "2903");
     EXPECT_EQ(TextOf(228), "Frame rate: 0 Hz");
     Arrive(HXConnected);
     EXPECT_EQ(State(), "40/61 8850/12 --x 0");
     EXPECT_TRUE(page->IsModified());
     EXPECT_TRUE(script.Calls().ends_with("ActivateDynamicSettings 61, GetFrameRate"));
     EXPECT_EQ(enabled(), all);
+    User().Paste(At<ui::Edit>(210), L"101");
+    page->OnDeselected();
+    EXPECT_EQ(TextOf(210) + TextsOfBoxes(), "61") << "an edit that can be used no more shows what counts";
+    page->OnSelected();
     // The scanner of a profile whose laser power is not set by hand.
     User().Click(At<ui::CheckBox>(224));
     script.calls.clear();

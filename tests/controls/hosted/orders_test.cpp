@@ -88,44 +88,56 @@ protected:
     ui::Script m_script;
 };
 
+// In which pages may be opened: any one first and any one last, each before and behind each other.
+std::vector<std::vector<size_t>> Orders(size_t pages) {
+    std::vector<size_t> order(pages);
+    for (size_t i = 0; i < pages; ++i) order[i] = i;
+    std::vector<std::vector<size_t>> orders;
+    for (size_t i = 0; i < pages; ++i) {
+        orders.push_back(order);
+        orders.emplace_back(order.rbegin(), order.rend());
+        std::ranges::rotate(order, order.begin() + 1);
+    }
+    return orders;
+}
+
 TEST_F(PageOrders, WhateverOpensAndClosesFirst) {
     const size_t kinds = PageKinds().size();
     const auto settings_pages =
         static_cast<size_t>(std::ranges::count_if(PageKinds(), &PageKind::EditsProfiles));
     const auto before = m_scanner.Stored();
-    std::vector<size_t> opening(kinds), closing(kinds);
-    for (size_t i = 0; i < kinds; ++i) opening[i] = closing[i] = i;
-    for (const int32_t state : {HXNotConnected, HXConnected}) {
-        size_t editor = 0;
-        do {
-            do {
-                SCOPED_TRACE(testing::PrintToString(opening) + " closed as " +
-                             testing::PrintToString(closing) + ", state " + std::to_string(state));
-                m_scanner.hands->SetConnectionState(state, FALSE);
-                m_scanner.Calls();
-                {
-                    Pages pages;
-                    for (const size_t kind : opening) ASSERT_TRUE(Open(pages[kind], kind, kOwn));
-                    do editor = (editor + 1) % kinds;
-                    while (!PageKinds()[editor].EditsProfiles());
-                    const Values edits = Edit(pages[editor], editor);
-                    for (const size_t kind : closing) {
-                        EXPECT_TRUE(Saves(pages[kind]));
-                        pages[kind].Close();
-                    }
-                    EXPECT_EQ(WhatIsWrong("Own 1", editor, edits), "");
+    size_t number = 0, editor = 0;
+    for (const std::vector<size_t>& opening : Orders(kinds)) {
+        std::vector<size_t> rotated = opening;
+        std::ranges::rotate(rotated, rotated.begin() + 1);
+        for (const auto& closing : {opening, std::vector(opening.rbegin(), opening.rend()), rotated}) {
+            const int32_t state = number++ / 2 % 2 == 0 ? HXConnected : HXNotConnected;
+            SCOPED_TRACE(testing::PrintToString(opening) + " closed as " + testing::PrintToString(closing) +
+                         ", state " + std::to_string(state));
+            m_scanner.hands->SetConnectionState(state, FALSE);
+            m_scanner.Calls();
+            {
+                Pages pages;
+                for (const size_t kind : opening) ASSERT_TRUE(Open(pages[kind], kind, kOwn));
+                do editor = (editor + 1) % kinds;
+                while (!PageKinds()[editor].EditsProfiles());
+                const Values edits = Edit(pages[editor], editor);
+                for (const size_t kind : closing) {
+                    EXPECT_TRUE(Saves(pages[kind]));
+                    pages[kind].Close();
                 }
-                const std::string calls = m_scanner.Calls();
-                EXPECT_EQ(Count(calls, "Advise"), kinds);
-                EXPECT_EQ(Count(calls, "Unadvise"), kinds);
-                EXPECT_EQ(Count(calls, "CloseHandle"), settings_pages);
-                EXPECT_EQ(Count(calls, "ReleaseHandle"), settings_pages);
-                EXPECT_EQ(Count(calls, "AcquireHandle"), state == HXConnected ? settings_pages : 0);
-                EXPECT_TRUE(IsNothingLeft());
-                EXPECT_TRUE(m_script.TakeBoxes().empty() && m_script.TakeModals().empty());
-                if (std::ranges::is_sorted(opening)) ExpectForgottenNames();
-            } while (std::ranges::next_permutation(closing).found && !HasFailure());
-        } while (std::ranges::next_permutation(opening).found && !HasFailure());
+                EXPECT_EQ(WhatIsWrong("Own 1", editor, edits), "");
+            }
+            const std::string calls = m_scanner.Calls();
+            EXPECT_EQ(Count(calls, "Advise"), kinds);
+            EXPECT_EQ(Count(calls, "Unadvise"), kinds);
+            EXPECT_EQ(Count(calls, "CloseHandle"), settings_pages);
+            EXPECT_EQ(Count(calls, "ReleaseHandle"), settings_pages);
+            EXPECT_EQ(Count(calls, "AcquireHandle"), state == HXConnected ? settings_pages : 0);
+            EXPECT_TRUE(IsNothingLeft());
+            EXPECT_TRUE(m_script.TakeBoxes().empty() && m_script.TakeModals().empty());
+            if (std::ranges::is_sorted(opening)) ExpectForgottenNames();
+        }
     }
     auto after = m_scanner.Stored();
     after["Own 1"] = before.at("Own 1");

@@ -164,41 +164,15 @@ TEST_F(MeasurementPage, ScanningSettingsAreGivenBackAsTheyWereReadButForItsOwn) 
     EXPECT_EQ(Position(289), 1);
 }
 
-TEST_F(MeasurementPage, ShowsWhatTheScannerDetects) {
-    SwitchOn(kDetectKey);
-    script.detected_exposure_us = 2000;
-    script.detected_power = 44.5;
-    Open();
-    EXPECT_TRUE(User().Click(At<ui::Button>(269)));
-    EXPECT_EQ(script.Calls(),
-              "DetectExposureTime, ActivateDynamicSettings 30, DetectLaserPower, ActivateDynamicSettings 45, "
-              "ActivateDynamicSettings 45");
-    EXPECT_EQ(TextOf(206) + " " + TextOf(210), "21 45");
-}
-
 TEST_F(MeasurementPage, RefusesMalformedArgumentsAndKeepsTheNames) {
-    SAFEARRAY no_size{1, 0, 0, 0, nullptr, {{1, 0}}};
-    SafeArray empty(SafeArrayCreateVector(VT_VARIANT, 0, 0));
-    SafeArray strings(ArrayOf(VT_BSTR, L"Own"));
-    SafeArray number(SafeArrayCreateVector(VT_VARIANT, 0, 1));
-    SAFEARRAY* const kArrays[] = {nullptr, &no_size, empty.get(), strings.get(), number.get()};
-    const char* const kErrors[] = {"InvalidArguments", "MissingArguments", "InvalidArgumentType",
-                                   "InvalidArgumentType", "InvalidArgumentType"};
-    for (size_t i = 0; i < std::size(kArrays); ++i) {
-        Open();
-        SAFEARRAY* array = kArrays[i];
-        const auto initialise = [&](SAFEARRAY** given) {
-            return scripted::Raised([&] { page->Initialise(L"driver", L"device", L"", given); });
-        };
-        EXPECT_EQ(initialise(&array), std::string("CMeasSettingsDlg.Initialise:") + kErrors[i]);
-        User().ClickRow(page->ProfileList(), 0);
-        EXPECT_EQ(Reported(), "Own") << "the array of the call before is not the page's any more";
-        EXPECT_EQ(page->Session().Target().device_internal_name, L"device");
-        EXPECT_EQ(initialise(nullptr), "CMeasSettingsDlg.Initialise:InvalidArguments");
-    }
+    const SafeArray number(SafeArrayCreateVector(VT_VARIANT, 0, 1));
+    SAFEARRAY* array = number.get();
     Open();
-    EXPECT_EQ(User().ClickRow(page->ProfileList(), 0), true);
-    EXPECT_EQ(Reported(), scripted::Narrow(page->ProfileList().SelectedName()));
+    EXPECT_EQ(scripted::Raised([&] { page->Initialise(L"driver", L"device", L"", &array); }),
+              "CMeasSettingsDlg.Initialise:InvalidArgumentType");
+    EXPECT_TRUE(User().ClickRow(page->ProfileList(), 0));
+    EXPECT_EQ(Reported(), "Own") << "the array of the call before is not the page's any more";
+    EXPECT_EQ(page->Session().Target().device_internal_name, L"device");
 }
 
 TEST_F(MeasurementPage, FollowsTheStateThatCameBeforeItsWindowOnce) {
@@ -225,22 +199,17 @@ TEST_F(MeasurementPage, FollowsTheStateThatCameBeforeItsWindowOnce) {
     SetDebuggerOutput(nullptr);
 }
 
-TEST_F(MeasurementPage, AnswersItsHostAlsoWithoutAWindow) {
-    for (const bool had_window : {false, true}) {
-        New();
-        if (had_window) {
-            Open();
-            page->Destroy();
-        }
-        page->OnSelected();
-        page->SetApi(api);
-        page->SetApi(nullptr);
-        page->SetSettingsObjectMap(nullptr);
-        page->OnDeselected();
-        page->Initialise(L"driver", L"device", L"", &arguments);
-        EXPECT_TRUE(page->CommitOnClose()) << had_window;
-    }
-    EXPECT_TRUE(boxes.TakeBoxes().empty());
+// Of the scanner API that was there first.
+TEST_F(MeasurementPage, ForgetsTheStateOfAnotherScannerThatCameBeforeItsWindow) {
+    New();
+    page->OnSelected();
+    page->SetApi(api);
+    script.failures["GetConnectionState"] = {E_FAIL, 0};
+    page->SetApi(Make<scripted::Api>(script).as<IHXApi>());
+    script.calls.clear();
+    Create();
+    EXPECT_EQ(script.Calls(), "");
+    EXPECT_EQ(page->Session().ConnectionState(), HXNotConnected);
 }
 
 }  // namespace

@@ -22,7 +22,7 @@
 #include "platform/ui/load_renderer.h"
 #include "platform/ui/script.h"
 #include "platform/ui/user.h"
-#include "tests/controls/measurement/hosted_page.h"
+#include "tests/controls/shell/hosted_page.h"
 #include "tests/platform/temporary_folder.h"
 
 std::shared_ptr<hx::ui::IRenderer> hosted::TestRenderer() {

@@ -140,43 +140,5 @@ TEST_F(HandheldCalls, OfAWholeSession) {
     EXPECT_EQ(known, kCalls.size());
 }
 
-// States that come while another page is shown are kept, and nothing else is done: with the next one, be it
-// of another hand-over, the page goes on from there.
-TEST_F(HandheldCalls, OfAPageThatIsNotShownAtFirst) {
-    const std::string reopened = kSelection + kCreate + kAcquire + Prepared("$DARK");
-    const struct {
-        const char* what;
-        std::function<void()> run;
-        std::string calls;
-    } steps[] = {
-        {"handed over", [&] { m_page->SetApi(m_api); }, kAdvise},
-        {"connected",
-         [&] {
-             Arrive({2, 1});
-         },
-         ""},
-        {"shown, without a handle", [&] { m_page->OnSelected(); }, ""},
-        {"handed over again", [&] { m_page->SetApi(m_api); },
-         "\nevents.Unadvise(1)" + kAdvise + kSelection + kProperties + kCreate + kAcquire + kLoad +
-             Prepared("$DARK")},
-        {"left", [&] { m_page->OnDeselected(); }, kStop + kRest},
-        {"disconnected", [&] { Arrive({0}); }, ""},
-        {"shown, with the old handle", [&] { m_page->OnSelected(); }, kState},
-        {"connected",
-         [&] {
-             Arrive({2, 1});
-         },
-         kRest + reopened},
-    };
-    Begin();
-    const std::vector<Step> all = Steps();
-    for (const size_t place : {0u, 1u}) Run(all[place]);
-    Text();
-    for (const auto& step : steps) {
-        EXPECT_EQ(Run({step.what, step.run}), 0u);
-        EXPECT_EQ(Text(), step.calls + "\n") << step.what;
-    }
-}
-
 }  // namespace
 }  // namespace hx

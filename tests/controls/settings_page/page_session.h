@@ -88,6 +88,7 @@ protected:
         return *m_page->FindAs<T>(id);
     }
     ui::IUser& User() { return m_renderer->User(); }
+    ui::Window& Host() { return m_host; }
 
     std::unique_ptr<ScannerSettingsDlg> m_page;
     std::string m_last_box;

@@ -403,18 +403,4 @@ TEST_F(ControlTest, TheLanguageIsThatOfTheHost) {
     }
 }
 
-TEST_F(ControlTest, NothingIsLeftOfAHundredPages) {
-    for (int i = 0; i < 100; ++i) {
-        if (!m_control) Make();
-        m_control->SetHXApi(m_api.get());
-        ASSERT_EQ(Do(OLEIVERB_INPLACEACTIVATE), S_OK);
-        m_control->OnSelected();
-        if (i % 2 == 0) Close();
-        m_control.reset();
-        hx::DispatchMessages();
-        CoFreeUnusedLibraries();
-        ASSERT_FALSE(IsPageLoaded()) << i;
-    }
-}
-
 }  // namespace

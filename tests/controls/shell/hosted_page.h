@@ -77,7 +77,6 @@ protected:
         if (m_site) m_site->Close();
         m_site.reset();
     }
-    void Move(const ui::Rectangle& bounds) { m_site->Move(bounds); }
     // What the page has told its host.
     std::string Reported() {
         LONG first = 0;
