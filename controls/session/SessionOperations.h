@@ -52,9 +52,7 @@ public:
     class Scope {
     public:
         explicit Scope(const SessionOperations& operations)
-            : m_state(operations.m_state),
-              m_held(m_state->Hold()),
-              m_interruptions(m_state->interruptions) {
+            : m_state(operations.m_state), m_held(m_state->Hold()), m_interruptions(m_state->interruptions) {
             ++m_state->depth;
         }
         Scope(const Scope&) = delete;

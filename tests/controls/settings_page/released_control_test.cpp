@@ -1,9 +1,9 @@
 // A settings page's control whose host lets it go in the middle of each call that the page makes, whether the
 // host or the operator started that.
 #include "platform/ui/codes.h"
-#include "tests/controls/shell/hosted_page.h"
 #include "tests/controls/scripted_api.h"
 #include "tests/controls/scripted_device.h"
+#include "tests/controls/shell/hosted_page.h"
 
 namespace {
 
