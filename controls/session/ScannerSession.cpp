@@ -142,9 +142,9 @@ void ScannerSession::ApplyGlobalScanningSettings(MGlobalScanningSettings setting
                    &ICalibrationHandle::ActivateGlobalScanningSettings, address);
     if (!scope.MayGoOn()) return;
     operation.Call(128, L"InitialiseScanner", handle, &ICalibrationHandle::InitialiseScanner, 0, 0, 1);
-    if (!MayKeepScanner(scope)) return;
+    if (!scope.IsSessionOpen() || !MayKeepScanner(scope)) return;
     operation.Call(129, kRegister, handle, kRegisterMethod, m_page.TrackingObserver().get());
-    MayKeepScanner(scope);
+    if (scope.IsSessionOpen()) MayKeepScanner(scope);
 }
 
 }  // namespace hx

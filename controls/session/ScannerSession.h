@@ -83,7 +83,8 @@ private:
 
     // These as well.
     bool StartScanner(const ApiOperation& operation, const Scope& scope);
-    // What the scanner gave while the page was left is given back, unless it has been selected again.
+    // What the scanner gave while the page was left is given back, unless it has been selected again. Not
+    // once the session was ended.
     bool MayKeepScanner(const Scope& scope);
     bool LoadPresets(const ApiOperation& operation, const Scope& scope);
     void OnKeptConnectionState(int32_t state) override;

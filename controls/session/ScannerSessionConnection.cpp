@@ -58,8 +58,10 @@ void ScannerSession::Reopen(const Scope& scope) {
     try {
         Release(m_locations.connection_change, 41);
         opened = scope.MayGoOn() && Open(scope);
+        if (!scope.IsSessionOpen()) return;
         if (!scope.MayGoOn()) return EndSetUp(scope);
     } catch (const MException& exception) {
+        if (!scope.IsSessionOpen()) return;
         if (!scope.MayGoOn()) return EndSetUp(scope);
         ApiOperation(m_locations.connection_change, this).Log(46, exception);
         EndSetUp(scope);
@@ -71,7 +73,7 @@ void ScannerSession::Reopen(const Scope& scope) {
 }
 
 void ScannerSession::EndSetUp(const Scope& scope) {
-    if (!scope.IsSessionOpen() || m_set_up != SetUp::kRunning) return;
+    if (m_set_up != SetUp::kRunning) return;
     m_set_up = scope.MayGoOn() ? SetUp::kNotRunning : SetUp::kInterrupted;
 }
 

@@ -33,7 +33,7 @@ bool ScannerSession::AcquireCalibrationHandle(const Scope& scope) {
     const std::shared_ptr<void> waiting = m_page.ShowWaitCursor();
     if (state == HXConnected && m_presets->ScannerName() == m_presets->ActiveScannerName()) {
         operation.Call(37, L"AcquireHandle", m_handle, &ICalibrationHandle::AcquireHandle);
-        if (!MayKeepScanner(scope)) return false;
+        if (!scope.IsSessionOpen() || !MayKeepScanner(scope)) return false;
         const bool is_active = m_presets->UpdateActiveDeviceInternalName();
         if (!scope.MayGoOn()) return false;
         if ((is_active || !m_target.initialised) && !StartScanner(operation, scope)) return false;
@@ -49,17 +49,17 @@ bool ScannerSession::AcquireCalibrationHandle(const Scope& scope) {
 
 bool ScannerSession::MayKeepScanner(const Scope& scope) {
     if (scope.MayGoOn()) return true;
-    if (scope.IsSessionOpen() && !m_handle_acquired) Release(m_locations.acquire, 49);
+    if (!m_handle_acquired) Release(m_locations.acquire, 49);
     return false;
 }
 
 bool ScannerSession::StartScanner(const ApiOperation& operation, const Scope& scope) {
     m_recorder->StartTrackingDataRecording();
     operation.Call(48, L"InitialiseScanner", m_handle, &ICalibrationHandle::InitialiseScanner, 0, 0, 1);
-    if (!MayKeepScanner(scope)) return false;
+    if (!scope.IsSessionOpen() || !MayKeepScanner(scope)) return false;
     operation.Call(49, L"RegisterTrackingCycleObserver", m_handle,
                    &ICalibrationHandle::RegisterTrackingCycleObserver, m_page.TrackingObserver().get());
-    if (!MayKeepScanner(scope)) return false;
+    if (!scope.IsSessionOpen() || !MayKeepScanner(scope)) return false;
     m_presets->UpdateActiveDeviceInternalName();
     return scope.MayGoOn();
 }
