@@ -83,10 +83,12 @@ void CDiagnosticsDlg::SetApi(ComPtr<IHXApi> api) {
     m_operations.Interrupt();
     m_operations.Forget();
     ForgetEvents();
-    m_api = api;
-    if (!api) return;
+    m_api = std::move(api);
+    if (!m_api) return;
     const Scope scope(m_operations);
-    const auto state = m_events.Follow(*api, MakeEventsSink().get());
+    // Who is called may hand over another one.
+    const ComPtr<IHXApi> held = m_api;
+    const auto state = m_events.Follow(*held, MakeEventsSink().get());
     if (state) OnConnectionStateChange(*state);
 }
 

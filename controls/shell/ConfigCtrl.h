@@ -56,7 +56,7 @@ public:
 
     // DHXConfigCtrl
     HRESULT STDMETHODCALLTYPE SetSettingsObjectMap(IUnknown* settings) override {
-        return Call([&](auto& page) {
+        return Call([&]([[maybe_unused]] auto& page) {
             if constexpr (TakesSettings<Page>) {
                 const auto map = ComPtr<IUnknown>(settings).template as<IHXSettingsObjectMap>();
                 if (!map) return E_INVALIDARG;
@@ -82,7 +82,7 @@ public:
     }
     using Base::Save;  // of a stream
     HRESULT STDMETHODCALLTYPE Save(BOOL* may_close) override {
-        return Call([&](auto& page) {
+        return Call([&]([[maybe_unused]] auto& page) {
             if constexpr (Commits<Page>) {
                 if (!may_close) return E_INVALIDARG;
                 WriteAnswer(page.CommitOnClose(), may_close);
@@ -94,7 +94,7 @@ public:
                                          BSTR function_name, SAFEARRAY** arguments) override {
         const ComPtr<ConfigCtrl> self(this);
         try {
-            const auto pass = [&](auto& page) {
+            const auto pass = [&]([[maybe_unused]] auto& page) {
                 if constexpr (TakesArguments<Page>) {
                     page.Initialise(TextOf(driver_internal_name), TextOf(device_internal_name),
                                     TextOf(function_name), arguments);
