@@ -192,6 +192,8 @@ std::string Monkey::Work(Place& place) {
     User().Click(place.At<ui::Button>(kDetectButton));
     if (m_scanner.Calls().find("DetectExposureTime") == std::string::npos) return "nothing is detected";
     m_script->TakeBoxes();
+    // Edits of a profile that cannot be stored again have no row, and so no menu, until they are left.
+    if (place.List().Selected() < 0) return "";
     User().Key(place.List(), VK_F2);
     if (m_script->TakeBoxes().empty() && m_script->TakeModals().empty()) return "the menu does nothing";
     m_script->AnswerMenu(32774);
