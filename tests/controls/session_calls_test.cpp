@@ -3,6 +3,7 @@
 
 namespace {
 
+using simulated::kSelection;
 using simulated::Page;
 using Session = simulated::WithPages;
 
@@ -19,11 +20,6 @@ api.GetConnectionState())";
 const std::string kCreate = R"(
 api.GetConnectionState()
 api.CreateCalibrationHandle(HXScanner))";
-const std::string kSelection = R"(
-api.GetConnectionState()
-api.GetCurrentProfile()
-profile.GetDriverSelection()
-api.GetConnectionState())";
 const std::string kProperties = R"(
 api.GetDeviceManager()
 devices.GetDriverProperties(CategoryScanner, HXScanner))";

@@ -38,6 +38,12 @@ inline void LogOfPage(IHXSimulator& hands, const std::string& what, const std::s
 
 // The calls since the last time, one a line: "on.operation(arguments)", of a failing one with " = result".
 std::vector<std::string> LinesOf(IHXSimulator& hands);
+// Among them, of a connected scanner: which driver is used for it.
+inline const std::string kSelection = R"(
+api.GetConnectionState()
+api.GetCurrentProfile()
+profile.GetDriverSelection()
+api.GetConnectionState())";
 
 // The code without its class.
 inline std::string CodeOf(std::wstring_view code) {

@@ -6,6 +6,8 @@
 namespace hx {
 namespace {
 
+using simulated::kSelection;
+
 std::string Times(int32_t times, const std::string& calls) {
     std::string all;
     for (int32_t i = 0; i < times; ++i) all += calls;
@@ -44,11 +46,6 @@ const std::string kFresh = Times(2, "\nhandle.CreateDynamicSettingsPreset()");
 const std::string kGains = "\nhandle.GetSupportedAnalogImagerGains()";
 const std::string kRange = "\nhandle.GetMaxExposureTime(HXHandheld)";
 const std::string kRate = "\nhandle.GetFrameRate()";
-const std::string kSelection = R"(
-api.GetConnectionState()
-api.GetCurrentProfile()
-profile.GetDriverSelection()
-api.GetConnectionState())";
 // What is asked of the scanner once.
 const std::string kProperties = R"(
 api.GetDeviceManager()
