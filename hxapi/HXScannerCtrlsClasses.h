@@ -15,6 +15,13 @@ inline constexpr CLSID CLSID_HXScannerDiagnosticsCtrl = hx::MakeGuid("F81C5D27-0
 inline constexpr CLSID CLSID_HXScannerMeasSettingsPropPage =
     hx::MakeGuid("C0678B5E-2F1D-4A94-9E38-B471D52A60CF");
 
+// The type library lists a fourth page, which no class implements: creating it is REGDB_E_CLASSNOTREG.
+inline constexpr CLSID CLSID_HXScannerRorSettingsCtrl = hx::MakeGuid("3D85B6E1-C07F-4926-8A5D-91E4F2607BC3");
+
+// The type library, of version 1.0, and the application that the library registers itself for.
+inline constexpr GUID LIBID_HXScannerCtrls = hx::MakeGuid("A9E2471D-60C8-4F35-B19A-7D03F58E2C64");
+inline constexpr GUID APPID_HXScannerCtrls = hx::MakeGuid("47F0D9B2-83A6-4E1C-95D7-B62C0E3A81F5");
+
 inline constexpr wchar_t kProgIdHXMeasSettings[] = L"Orvel.HXScannerCtrls.HXMeasSettings.1";
 inline constexpr wchar_t kProgIdHXSettingsFactory[] = L"Orvel.HXScannerCtrls.HXSettingsFactory.1";
 inline constexpr wchar_t kProgIdHXConnSettings[] = L"Orvel.HXScannerCtrls.HXConnSettings.1";

@@ -66,7 +66,7 @@ Outcome RunException(const ExceptionRequest& request, bool json) {
         return Refused(request.file + ": no document of an exception chain");
     }
     hx::SetThisModuleFileName(
-        hx::FromUtf8((hx::ThisLibraryFolder() / "HXScannerCtrls.so").native()).value_or(std::wstring()));
+        hx::FromUtf8((hx::ComponentFolder() / "HXScannerCtrls.so").native()).value_or(std::wstring()));
     hx::MLocalisationHelper localisation;
     if (!request.locale.empty()) {
         localisation.LoadSatelliteResources(hx::FromUtf8(request.locale).value_or(std::wstring()));

@@ -95,6 +95,11 @@ const std::wstring* ResourceModule::String(uint32_t id) const {
     return found == m_resources.strings.end() ? nullptr : &found->second;
 }
 
+const std::wstring* ResourceModule::Registration(uint32_t id) const {
+    const auto found = m_resources.registrations.find(id);
+    return found == m_resources.registrations.end() ? nullptr : &found->second;
+}
+
 ModuleHandle LoadResourceModule(std::wstring_view file_name, ModuleError& error) {
     error = {};
     try {

@@ -24,6 +24,8 @@ public:
     const Resources& GetResources() const { return m_resources; }
     // Null if the module has no such string.
     HX_PLATFORM_API const std::wstring* String(uint32_t id) const;
+    // Null if the module has no such registration script.
+    HX_PLATFORM_API const std::wstring* Registration(uint32_t id) const;
 
 private:
     std::wstring m_file_name;

@@ -24,6 +24,7 @@ struct Resources {
     std::map<uint32_t, std::wstring> strings;
     std::map<uint32_t, DialogTemplate> dialogs;
     std::map<uint32_t, MenuTemplate> menus;
+    std::map<uint32_t, std::wstring> registrations;  // texts of registration scripts (registration_script.h)
     VersionStrings version;
 
     bool operator==(const Resources&) const = default;

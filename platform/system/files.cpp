@@ -176,4 +176,11 @@ std::filesystem::path ThisLibraryFolder() {
     return std::filesystem::canonical(info.dli_fname, error).parent_path();
 }
 
+std::filesystem::path ComponentFolder() {
+    const std::filesystem::path folder = ThisLibraryFolder();
+    std::error_code error;
+    const std::filesystem::path installed = folder / "hxscannerctrls";
+    return std::filesystem::is_directory(installed, error) ? installed : folder;
+}
+
 }  // namespace hx

@@ -47,4 +47,8 @@ HX_PLATFORM_API std::optional<std::wstring> DecodeTextFile(std::string_view byte
 // The folder of the shared library that this function is in, absolute and free of symbolic links.
 HX_PLATFORM_API std::filesystem::path ThisLibraryFolder();
 
+// Where the component libraries of this installation lie, and the renderer with a screen: the folder
+// `hxscannerctrls` beside this library, or where there is none, as in a build, the folder of this library.
+HX_PLATFORM_API std::filesystem::path ComponentFolder();
+
 }  // namespace hx

@@ -24,7 +24,7 @@ std::shared_ptr<IRenderer> LoadScreenRenderer(const ScreenOptions& options, std:
         reason = L"the renderer with a screen was loaded before";
         return nullptr;
     }
-    const std::filesystem::path file = ThisLibraryFolder() / kScreenRendererLibrary;
+    const std::filesystem::path file = ComponentFolder() / kScreenRendererLibrary;
     void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (!library) {
         reason = WhyNot();

@@ -1,0 +1,17 @@
+// Registering component libraries, as installers and tools do: each library is loaded, does it itself by its
+// entry points DllRegisterServer and DllUnregisterServer, and is unloaded unless it is in use. Any thread.
+#pragma once
+
+#include <string>
+
+#include "platform/api.h"
+#include "platform/com/hresult.h"
+
+namespace hx {
+
+// What the entry point says; CO_E_DLLNOTFOUND if there is no such library, CO_E_ERRORINDLL if it has no such
+// entry point or cannot be loaded. The thread's error information, if the library set any, says more.
+HX_PLATFORM_API HRESULT RegisterComponentLibrary(const std::wstring& path);
+HX_PLATFORM_API HRESULT UnregisterComponentLibrary(const std::wstring& path);
+
+}  // namespace hx
