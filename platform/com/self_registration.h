@@ -10,7 +10,8 @@
 namespace hx {
 
 // What the entry point says; CO_E_DLLNOTFOUND if there is no such library, CO_E_ERRORINDLL if it has no such
-// entry point or cannot be loaded. The thread's error information, if the library set any, says more.
+// entry point or cannot be loaded. The thread's error information, if there is any, says more: it is what the
+// library set, or why it could not be loaded. A path that is not absolute counts from the current folder.
 HX_PLATFORM_API HRESULT RegisterComponentLibrary(const std::wstring& path);
 HX_PLATFORM_API HRESULT UnregisterComponentLibrary(const std::wstring& path);
 
