@@ -72,18 +72,30 @@ std::string AbsolutePath(const std::wstring& path) {
     return !error && std::filesystem::exists(absolute, error) ? absolute.native() : std::string();
 }
 
-HRESULT CallEntryPoint(const std::wstring& library_path, const char* name) {
+// The entry point of that name; null with the reason as error information.
+EntryPoint FindOrTell(const LoadedLibrary& library, const char* name) {
+    const EntryPoint entry_point = library.Find(name);
+    if (entry_point) return entry_point;
+    const char* const reason = dlerror();
+    if (reason) SetDescription(FromDamagedUtf8(reason));
+    return nullptr;
+}
+
+// What `use` says of the library.
+template <class Use>
+HRESULT WithLibrary(const std::wstring& path_as_given, Use use) {
     SetErrorInfo(0, nullptr);
     return AtBoundary([&] {
-        const std::string path = AbsolutePath(library_path);
+        const std::string path = AbsolutePath(path_as_given);
         if (path.empty()) return CO_E_DLLNOTFOUND;
-        const LoadedLibrary library(path);
-        const EntryPoint entry_point = library.Find(name);
-        if (!entry_point) {
-            const char* const reason = dlerror();
-            if (reason) SetDescription(FromDamagedUtf8(reason));
-            return CO_E_ERRORINDLL;
-        }
+        return use(LoadedLibrary(path));
+    });
+}
+
+HRESULT CallEntryPoint(const std::wstring& path, const char* name) {
+    return WithLibrary(path, [&](const LoadedLibrary& library) {
+        const EntryPoint entry_point = FindOrTell(library, name);
+        if (!entry_point) return CO_E_ERRORINDLL;
         // An exception goes no further: it would outlive the library.
         const HRESULT result = AtBoundary(entry_point);
         CopyErrorInfo();
@@ -99,6 +111,15 @@ HRESULT RegisterComponentLibrary(const std::wstring& path) {
 
 HRESULT UnregisterComponentLibrary(const std::wstring& path) {
     return CallEntryPoint(path, "DllUnregisterServer");
+}
+
+HRESULT CheckComponentLibrary(const std::wstring& path) {
+    return WithLibrary(path, [](const LoadedLibrary& library) {
+        for (const char* const name : {"DllGetClassObject", "DllCanUnloadNow"}) {
+            if (!FindOrTell(library, name)) return CO_E_ERRORINDLL;
+        }
+        return S_OK;
+    });
 }
 
 }  // namespace hx

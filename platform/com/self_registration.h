@@ -15,4 +15,8 @@ namespace hx {
 HX_PLATFORM_API HRESULT RegisterComponentLibrary(const std::wstring& path);
 HX_PLATFORM_API HRESULT UnregisterComponentLibrary(const std::wstring& path);
 
+// Whether the loader could make objects out of the library, none of which is made: S_OK, or what is wrong, as
+// above.
+HX_PLATFORM_API HRESULT CheckComponentLibrary(const std::wstring& path);
+
 }  // namespace hx
