@@ -5,6 +5,7 @@
 
 #include "apps/hxctl/classes/classes_command.h"
 #include "apps/hxctl/json.h"
+#include "apps/hxctl/registry_reports.h"
 #include "platform/com/loader.h"
 #include "platform/system/one_line.h"
 #include "platform/system/utf8.h"
@@ -61,6 +62,8 @@ Outcome RunClasses(bool json) {
     Outcome outcome;
     std::vector<std::wstring> names;
     const hx::RegistryResult read = hx::Registry()->ListKeys(hx::RegistryRoot::kClassesRoot, L"", names);
+    // Before a library is loaded, in whose log it would be.
+    TellRegistryReports();
     const std::string fault = hx::ToUtf8(hosting::StoreFaultText(read));
     if (!fault.empty()) AddReason(outcome, fault);
 

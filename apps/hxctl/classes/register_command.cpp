@@ -1,6 +1,7 @@
 // hxctl register, unregister.
 #include "apps/hxctl/classes/classes_command.h"
 #include "apps/hxctl/json.h"
+#include "apps/hxctl/registry_reports.h"
 #include "platform/system/utf8.h"
 
 namespace hxctl {
@@ -14,6 +15,10 @@ Outcome RunRegistration(hosting::RegistrationAction action, const std::vector<st
         paths.push_back(*std::move(path));
     }
     if (paths.empty()) paths = hosting::ComponentLibraries();
+
+    // Told here rather than in the log of the first library that is loaded.
+    hx::Registry()->OpenKey(hx::RegistryRoot::kClassesRoot, L"", hx::RegistryAccess::kReadWrite);
+    TellRegistryReports();
 
     const char* const done =
         action == hosting::RegistrationAction::kRegister ? "registered " : "unregistered ";
