@@ -23,7 +23,8 @@ struct StoreFault {
     const wchar_t* behind_file;
 };
 constexpr StoreFault kStoreFaults[] = {
-    {hx::RegistryResult::kAccessDenied, L"only an administrator may change the registry's store ", L""},
+    {hx::RegistryResult::kAccessDenied, L"this user has no right to the registry's store ",
+     L", an administrator has"},
     {hx::RegistryResult::kDiskFull, L"the disk has no room for the registry's store ", L""},
     {hx::RegistryResult::kBusy, L"other processes held the registry's store ", L" for too long"},
     {hx::RegistryResult::kDamaged, L"the registry's store ", L" is damaged or of a newer version"},
@@ -56,6 +57,7 @@ hx::RegistryResult StoreResultOf(HRESULT result) {
 RegistrationAnswer Answer(const std::wstring& library, HRESULT result) {
     if (SUCCEEDED(result)) return {result, {}};
     std::wstring reason = library + L": " + ResultText(result);
+    if (result == CO_E_DLLNOTFOUND) reason += L": there is no such file";
     for (const std::wstring& more : {ErrorInformation(), StoreFaultText(StoreResultOf(result))}) {
         if (!more.empty()) reason += L": " + more;
     }
