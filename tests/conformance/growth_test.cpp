@@ -90,9 +90,9 @@ TEST_F(Conformance, EightThreadsShareAFactoryOfSettings) {
     const auto factory = Create<IProfileSettingsFactory>(AllClasses()[1].clsid);
     const auto work = [&] {
         for (int i = 0; i < 2000; ++i) {
-            const ComPtr<IProfileSettingsFactory> own = factory;
+            const std::vector<ComPtr<IProfileSettingsFactory>> own(100, factory);
             ComPtr<IXmlBstrSerializable> settings;
-            ASSERT_EQ(own->CreateSettingsObject(
+            ASSERT_EQ(own[0]->CreateSettingsObject(
                           i % 2 ? ScannerConnectionSettings : ScannerMeasurementSettings, settings.put()),
                       S_OK);
             hx::Bstr text;
