@@ -12,10 +12,13 @@
 #include "server/CCoMHXConnSettings.h"
 #include "server/CCoMHXMeasSettings.h"
 #include "server/CCoMHXSettingsFactory.h"
+#include "server/TypeLibrary.h"
 
 namespace {
 
 hx::MModuleDiagnostics g_diagnostics(L"HXScannerCtrls", hx::kLoggingKeyPath, &hx::ThisModuleVersion);
+
+const hx::ModuleTypes g_types(hx::kTypeLibrary);
 
 constexpr hx::ClassRow kClasses[] = {
     {CLSID_CoMHXMeasSettings, kProgIdHXMeasSettings, L"Orvel.HXScannerCtrls.HXMeasSettings",
