@@ -90,9 +90,26 @@ run_demo() {
     hxctl keys list
     hxctl keys set 79 true
     hxctl keys get 79
+    demo_classes
     demo_scanner
     demo_log
     demo_page
+}
+
+# The component classes in a registry of their own: what is written when they are registered, and what stays of it.
+demo_classes() {
+    local folder
+    folder=$(mktemp -d build/demo-XXXXXX)
+    classes() { HX_REGISTRY=$folder/registry HX_DATA=$folder/data hxctl "$@"; }
+    say "The component libraries are registered ($folder), and their classes are listed:"
+    classes register
+    classes classes
+    say "The keys that they have in the registry:"
+    classes classes --tree
+    say "Unregistered again, they leave one path of keys:"
+    classes unregister
+    classes classes --tree
+    rm -r "$folder"
 }
 
 # The main job: the pages in the desktop host, whose window and profiles are the next time as they were left. Without a
