@@ -9,7 +9,7 @@
 namespace hx {
 namespace {
 
-using Values = std::vector<RegistrationValue>;
+using Values = std::vector<RegisteredValue>;
 
 std::wstring KeyOf(REFCLSID clsid) {
     return L"CLSID\\" + GuidToText(clsid);
@@ -48,7 +48,7 @@ HRESULT WriteControlRegistration(IRegistry& registry, const ClassRegistration& o
                                  const ControlRegistration& control, RegistrationError& error) {
     const std::wstring key = KeyOf(of.clsid);
     Values values = ClassValues(of);
-    const RegistrationValue of_control[] = {
+    const RegisteredValue of_control[] = {
         {key + L"\\Control", L"", L""},
         {key + L"\\MiscStatus", L"", L"0"},
         {key + L"\\MiscStatus\\1", L"", std::to_wstring(control.misc_status)},
@@ -74,7 +74,7 @@ HRESULT RegisterCategories(IRegistry& registry, REFCLSID clsid, std::span<const 
     for (const ComponentCategory& each : categories) {
         const std::wstring_view use = each.use == CategoryUse::kImplemented ? L"\\Implemented Categories\\"
                                                                             : L"\\Required Categories\\";
-        const RegistrationValue key[] = {
+        const RegisteredValue key[] = {
             {KeyOf(clsid) + std::wstring(use) + GuidToText(each.category), L"", L""}};
         const HRESULT result = action == RegistrationAction::kRegister
                                    ? WriteRegistration(registry, key, error)

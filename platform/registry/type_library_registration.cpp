@@ -19,7 +19,7 @@ HRESULT WriteTypeLibraryRegistration(IRegistry& registry, const TypeLibraryRegis
                                      RegistrationError& error) {
     const std::wstring key = KeyOf(of.id) + L"\\" + std::wstring(of.version);
     const size_t name = of.file.rfind(L'/');
-    const RegistrationValue values[] = {
+    const RegisteredValue values[] = {
         {key, L"", std::wstring(of.name)},
         {key + kPlatform, L"", std::wstring(of.file)},
         {key + L"\\FLAGS", L"", L"0"},
@@ -36,7 +36,7 @@ HRESULT DeleteTypeLibraryRegistration(IRegistry& registry, const TypeLibraryRegi
     std::vector<std::wstring> versions;
     const RegistryResult listed = registry.ListKeys(RegistryRoot::kClassesRoot, key, versions);
     if (listed == RegistryResult::kNotFound) return S_OK;
-    if (listed != RegistryResult::kDone) return RegistrationFailure(listed, L"read", key, error);
+    if (listed != RegistryResult::kDone) return KeyRefused(listed, L"read", key, error);
     return versions.empty() ? DeleteRegistration(registry, key, error) : S_OK;
 }
 
