@@ -56,6 +56,7 @@ hx::RegistryResult StoreResultOf(HRESULT result) {
 RegistrationAnswer Answer(const std::wstring& library, HRESULT result) {
     if (SUCCEEDED(result)) return {result, {}};
     std::wstring reason = library + L": " + ResultText(result);
+    if (result == CO_E_DLLNOTFOUND) reason += L": there is no such file";
     for (const std::wstring& more : {ErrorInformation(), StoreFaultText(StoreResultOf(result))}) {
         if (!more.empty()) reason += L": " + more;
     }
