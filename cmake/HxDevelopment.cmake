@@ -7,13 +7,13 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/HXScannerCtrls)
 set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 # Each folder with its headers: a pattern, what a pattern has that is of no use outside (after EXCEPT), or names. The
-# list holds all that its headers include; tests/install compiles each of them alone.
+# table holds all that its headers include, which tests/install sees to.
 set(header_table
     "hxapi *"
     "platform api"
     "platform/com * EXCEPT array_elements class_files library_unloading safearray_elements usual_class_lookup"
     "platform/module dialog_template module resources"
-    "platform/registry registration_script registry"
+    "platform/registry class_registration registration_script registry type_library_registration"
     "platform/system files locale_data platform_version sleep utf8"
     "platform/ui anchors codes component_control component_site control control_object controls dialog dialog_error"
     "platform/ui embedded_window full_control_object geometry hwnd list_box load_renderer message_window modal painter"
