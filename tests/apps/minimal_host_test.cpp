@@ -17,9 +17,9 @@ class MinimalHost : public testing::Test {
 protected:
     // `environment` as for env(1).
     Answer Run(const std::string& environment, const std::string& arguments) const {
-        const std::string command = "cd '" + m_folder.path().string() +
-                                    "' && env HX_DATA=\"$PWD\" HX_REGISTRY=\"$PWD\" " + environment + " '" +
-                                    HX_BIN_DIR + "/minimal_host' " + arguments + " >stdout 2>stderr";
+        const std::string command = "cd '" + m_folder.path().string() + "' && env " + environment +
+                                    " HX_DATA=\"$PWD\" HX_REGISTRY=\"$PWD\" '" + HX_BIN_DIR +
+                                    "/minimal_host' " + arguments + " >stdout 2>stderr";
         const int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Read("stdout"), Read("stderr")};
     }
