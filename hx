@@ -23,7 +23,7 @@ TEXT
 
 TOOLS=(g++ cmake ninja-build)
 LIBRARIES=(libcli11-dev nlohmann-json3-dev libsqlite3-dev libicu-dev qt6-base-dev fonts-dejavu-core)
-TESTING=(libgtest-dev librapidcheck-dev binutils)
+TESTING=(libgtest-dev librapidcheck-dev binutils pkgconf)
 BENCHING=(libpugixml-dev libtinyxml2-dev libexpat1-dev libxml2-dev libcereal-dev libboost-dev
           libboost-serialization-dev)
 FUZZING=(clang libclang-rt-14-dev)
