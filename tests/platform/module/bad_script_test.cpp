@@ -36,8 +36,9 @@ TEST(BadScript, OfWordsAndNumbers) {
         {L"IDR_X MENU", 1,
          L"expected STRINGTABLE or the id of a resource, found \"IDR_X\", a name that is not defined"},
         {L"\"text\" \n", 1, L"expected STRINGTABLE or the id of a resource, found the text \"text\""},
-        {L"5 ICON", 1, L"expected DIALOGEX, MENU, VERSIONINFO or REGISTRY, found \"ICON\""},
-        {L"5", 1, L"expected DIALOGEX, MENU, VERSIONINFO or REGISTRY, found the end of the script"},
+        {L"5 ICON", 1, L"expected DIALOGEX, MENU, VERSIONINFO, REGISTRY or BITMAP, found \"ICON\""},
+        {L"2 BITMAP \"toolbox.bmp\"", 1, L"only a module itself holds bitmaps"},
+        {L"5", 1, L"expected DIALOGEX, MENU, VERSIONINFO, REGISTRY or BITMAP, found the end of the script"},
         {std::wstring(40, L'(') + L"1", 1, L"the number has too many parentheses and signs"},
         {std::wstring(1000000, L'-') + L"1", 1, L"the number has too many parentheses and signs"},
     };
