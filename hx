@@ -14,7 +14,7 @@ usage: ./hx COMMAND
   bench [ARGS...]          compares speed with other libraries and prints ratios; --markdown FILE writes the tables
   fuzz TARGET [SECONDS]    feeds a target with arbitrary input (600 s if left out); TARGET: xml_document,
                            tagged_reader, tagged_optional_reader, resource_script, chain_document,
-                           registry_filers, records, properties, preset_file
+                           registration_script, registry_filers, records, properties, preset_file
   docs                     writes docs/settings_format.md, from the tables of the records
   lint                     clang-format and clang-tidy over the whole tree
   ctl ARGS...              runs hxctl
