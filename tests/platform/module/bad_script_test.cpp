@@ -91,7 +91,7 @@ TEST(BadScript, OfDirectives) {
         {L"#define A 5 + 1", 1, L"expected nothing behind the number to define"},
         {L"#define A 5\n#define A 6", 2, L"the name \"A\" is already known with another value"},
         {L"#define IDOK 2", 1, L"the name \"IDOK\" is already known with another value"},
-        {L"5 #define A 1", 1, L"expected DIALOGEX, MENU, VERSIONINFO or REGISTRY, found \"#\""},
+        {L"5 #define A 1", 1, L"expected DIALOGEX, MENU, VERSIONINFO, REGISTRY or BITMAP, found \"#\""},
     };
     for (const Row& row : rows) ExpectRefused(row.script, row.line, row.text);
 }
