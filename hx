@@ -23,7 +23,7 @@ TEXT
 
 TOOLS=(g++ cmake ninja-build)
 LIBRARIES=(libcli11-dev nlohmann-json3-dev libsqlite3-dev libicu-dev qt6-base-dev fonts-dejavu-core)
-TESTING=(libgtest-dev librapidcheck-dev binutils)
+TESTING=(libgtest-dev librapidcheck-dev binutils pkgconf)
 BENCHING=(libpugixml-dev libtinyxml2-dev libexpat1-dev libxml2-dev libcereal-dev libboost-dev
           libboost-serialization-dev)
 FUZZING=(clang libclang-rt-14-dev)
@@ -90,9 +90,26 @@ run_demo() {
     hxctl keys list
     hxctl keys set 79 true
     hxctl keys get 79
+    demo_classes
     demo_scanner
     demo_log
     demo_page
+}
+
+# The component classes in a registry of their own: what is written when they are registered, and what stays of it.
+demo_classes() {
+    local folder
+    folder=$(mktemp -d build/demo-XXXXXX)
+    classes() { HX_REGISTRY=$folder/registry HX_DATA=$folder/data hxctl "$@"; }
+    say "The component libraries are registered ($folder), and their classes are listed:"
+    classes register
+    classes classes
+    say "The keys that they have in the registry:"
+    classes classes --tree
+    say "Unregistered again, they leave one path of keys:"
+    classes unregister
+    classes classes --tree
+    rm -r "$folder"
 }
 
 # The main job: the pages in the desktop host, whose window and profiles are the next time as they were left. Without a

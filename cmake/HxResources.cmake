@@ -1,7 +1,8 @@
-# hx_module_resources(TARGET MODULE): the texts, dialogs and menus of a module, from the scripts of the calling folder.
-# MODULE.rc is embedded in whatever links TARGET, with the registration scripts (*.rgs) that it names; MODULE_<tag>.rc
-# lies beside it as the satellite of a language. A script that cannot be read fails the build.
-function(hx_module_resources target module)
+# hx_module_resources(TARGET MODULE COMPONENT): the texts, dialogs and menus of a module, from the scripts of the calling
+# folder. MODULE.rc is embedded in whatever links TARGET, with the registration scripts (*.rgs) that it names;
+# MODULE_<tag>.rc lies beside it as the satellite of a language, and is installed with COMPONENT. A script that cannot be
+# read fails the build.
+function(hx_module_resources target module component)
     set(base ${CMAKE_CURRENT_SOURCE_DIR}/${module}.rc)
     set(version ${CMAKE_CURRENT_BINARY_DIR}/version.rc)
     set(HX_MODULE ${module})
@@ -42,6 +43,7 @@ function(hx_module_resources target module)
             VERBATIM)
         list(APPEND satellites ${satellite})
     endforeach()
+    install(FILES ${satellites} DESTINATION ${HX_COMPONENT_DIR} COMPONENT ${component})
     add_custom_target(${target}_scripts ALL DEPENDS ${checked} ${satellites})
 
     # Compiled anew for each module: it carries this one's scripts.
