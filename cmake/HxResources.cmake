@@ -10,6 +10,7 @@ function(hx_module_resources target module component)
 
     # How the assembler lays them down, for embedded_scripts.cpp.
     file(GLOB registrations CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.rgs)
+    file(GLOB bitmaps CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.bmp)
     set(registration_table)
     foreach(registration ${registrations})
         get_filename_component(name ${registration} NAME)
@@ -24,7 +25,7 @@ function(hx_module_resources target module component)
         OUTPUT ${checked}
         COMMAND hxcheckscript --module ${base} ${version}
         COMMAND ${CMAKE_COMMAND} -E touch ${checked}
-        DEPENDS hxcheckscript ${base} ${version} ${registrations} ${registration_file}
+        DEPENDS hxcheckscript ${base} ${version} ${registrations} ${registration_file} ${bitmaps}
         COMMENT "Checking ${module}.rc"
         VERBATIM)
 
