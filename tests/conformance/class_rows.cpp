@@ -33,7 +33,9 @@
 namespace {
 
 constexpr WORD kMethod = DISPATCH_METHOD;
-constexpr int kManyCreations = 100'000;
+// Each page asks its host for a language and loads it; each API makes a scanner.
+constexpr int kCostlyCreations = 1000;
+constexpr int kApiCreations = 10'000;
 
 const std::vector<IID> kPage = {IID_DHXConfigCtrl,
                                 IID_IDispatch,
@@ -90,8 +92,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {IID_IXmlBstrSerializable, IID_ITriggerSource},
          IID_ICoMHXMeasSettings,
          {{3, L"SetMaximumTriggerFrequency", kMethod, {{L"frequency", VT_R8}}, S_OK},
-          {4, L"SetMinimumTriggerFrequency", kMethod, {{L"frequency", VT_R8}}, S_OK}},
-         kManyCreations},
+          {4, L"SetMinimumTriggerFrequency", kMethod, {{L"frequency", VT_R8}}, S_OK}}},
         {CLSID_CoMHXSettingsFactory,
          "HXScannerCtrls.so",
          L"Orvel.HXScannerCtrls.HXSettingsFactory.1",
@@ -100,8 +101,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {IID_IProfileSettingsFactory},
          {},
          {},
-         {},
-         kManyCreations},
+         {}},
         {CLSID_CoMHXConnSettings,
          "HXScannerCtrls.so",
          L"Orvel.HXScannerCtrls.HXConnSettings.1",
@@ -110,8 +110,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {IID_ICoMHXConnSettings, IID_IXmlBstrSerializable},
          {},
          {},
-         {},
-         kManyCreations},
+         {}},
         {CLSID_HXScannerMeasSettingsCtrl,
          "HXScannerCtrls.so",
          L"Orvel.HXScannerCtrls.HXMeasSettingsCtrl.1",
@@ -121,7 +120,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {},
          IID_DHXConfigCtrl,
          PageMembers(true),
-         kManyCreations},
+         kCostlyCreations},
         {CLSID_HXScannerHandheldMeasSettingsCtrl,
          "HXScannerCtrls.so",
          L"Orvel.HXScannerCtrls.HXHandheldMeasSettingsCtrl.1",
@@ -131,7 +130,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {},
          IID_DHXConfigCtrl,
          PageMembers(true),
-         kManyCreations},
+         kCostlyCreations},
         {CLSID_HXScannerDiagnosticsCtrl,
          "HXScannerCtrls.so",
          L"Orvel.HXScannerCtrls.HXDiagnosticsCtrl.1",
@@ -141,7 +140,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {},
          IID_DHXConfigCtrl,
          PageMembers(false),
-         kManyCreations},
+         kCostlyCreations},
         {CLSID_HXScannerMeasSettingsPropPage,
          "HXScannerCtrls.so",
          L"HXSCANNERCTRL.MeasSettingsPropPage.1",
@@ -150,8 +149,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {IID_IPropertyPage},
          {},
          {},
-         {},
-         kManyCreations},
+         {}},
         {CLSID_HXPreview,
          "HXPreview.so",
          L"Orvel.HXPreview.FieldOfView.1",
@@ -161,8 +159,7 @@ const std::vector<ClassPromises>& AllClasses() {
           IID_IOleInPlaceObject, IID_IConnectionPointContainer},
          {},
          IID_IHXPreview,
-         {{DISPID_HXPREVIEW_RESET, L"Reset", kMethod, {}, S_OK}},
-         kManyCreations},
+         {{DISPID_HXPREVIEW_RESET, L"Reset", kMethod, {}, S_OK}}},
         {CLSID_HXSimulator,
          "HXSimulator.so",
          L"Orvel.HXSimulator.HXApi.1",
@@ -173,7 +170,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {},
          {},
          {},
-         kManyCreations},
+         kApiCreations},
         {CLSID_HXSimulatorCtrlsInitialiser,
          "HXSimulator.so",
          L"Orvel.Ctrls.CtrlsInitialiser.1",
@@ -182,8 +179,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {IID_ICtrlsInitialiser},
          {},
          {},
-         {},
-         kManyCreations},
+         {}},
         {CLSID_HXSimulatorReplayCapture,
          "HXSimulator.so",
          L"Orvel.ReplayCapture.1",
@@ -192,8 +188,7 @@ const std::vector<ClassPromises>& AllClasses() {
          {IID_IReplayCapture},
          {},
          {},
-         {},
-         kManyCreations},
+         {}},
     };
     return classes;
 }

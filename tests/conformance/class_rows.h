@@ -36,7 +36,7 @@ struct ClassPromises {
     std::vector<IID> error_information;        // the interfaces that it vouches for
     IID dispatch;                              // that the members are of
     std::vector<MemberRow> members;
-    int creations;  // how many show whether something is left of each
+    int creations = 100'000;  // how many show whether something is left of each
 };
 
 const std::vector<ClassPromises>& AllClasses();

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "platform/com/class_files.h"
+#include "platform/com/self_registration.h"
 #include "platform/registry/registry.h"
 #include "platform/registry/registry_classes.h"
 #include "platform/system/utf8.h"
@@ -18,33 +18,15 @@ std::string PathOf(const std::string& library) {
 
 constexpr const char* kLibraries[] = {"HXScannerCtrls.so", "HXPreview.so", "HXSimulator.so"};
 
-// As the libraries are listed beside them.
-void Register() {
-    const auto registry = hx::Registry();
-    const auto set = [&](const std::wstring& key, const wchar_t* name, const std::wstring& value) {
-        registry->CreateKey(hx::RegistryRoot::kClassesRoot, key);
-        registry->SetValue(hx::RegistryRoot::kClassesRoot, key, name, value);
-    };
-    for (const hx::ClassEntry& each : hx::ReadClassFiles(HX_BIN_DIR)->All()) {
-        const std::wstring clsid = hx::GuidToText(each.clsid);
-        const std::wstring key = L"CLSID\\" + clsid;
-        set(key + L"\\InprocServer32", L"", each.library);
-        set(key + L"\\InprocServer32", L"ThreadingModel", each.threading_model);
-        set(key + L"\\ProgID", L"", each.prog_id);
-        set(each.prog_id + L"\\CLSID", L"", clsid);
-        if (each.version_independent_prog_id.empty()) continue;
-        set(key + L"\\VersionIndependentProgID", L"", each.version_independent_prog_id);
-        set(each.version_independent_prog_id + L"\\CLSID", L"", clsid);
-    }
-}
-
 }  // namespace
 
 void Conformance::SetUpTestSuite() {
     // Run by hand, too, the tests leave the machine's folders alone.
     setenv("HX_DATA", PathOf("../data").c_str(), 0);
     hx::SetRegistry(hx::MakeMemoryRegistry());
-    Register();
+    for (const char* library : kLibraries) {
+        ASSERT_EQ(hx::RegisterComponentLibrary(*hx::FromUtf8(PathOf(library))), S_OK) << library;
+    }
     hx::SetClassLookup(hx::MakeRegistryClassLookup());
 }
 

@@ -77,7 +77,8 @@ TEST_P(EntryPoints, NothingElseIsExported) {
     while (fgets(line, sizeof line, nm) != nullptr)
         symbols.insert(std::string(line).substr(0, std::string(line).find(' ')));
     EXPECT_EQ(pclose(nm), 0);
-    EXPECT_EQ(symbols, (std::set<std::string>{"DllCanUnloadNow", "DllGetClassObject"}));
+    EXPECT_EQ(symbols, (std::set<std::string>{"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer",
+                                               "DllUnregisterServer"}));
 }
 
 }  // namespace
