@@ -80,12 +80,11 @@ private:
         const std::wstring name = m_parser.ExpectText(L"the file of a registration script");
         // The build embeds these.
         if (!name.ends_with(L".rgs") || name.find_first_of(L"/\\") != std::wstring::npos) {
-            throw ScriptError{
-                line,
-                L"a registration script is a file *.rgs that lies beside this one, not \"" + name + L"\""};
+            throw ScriptError{line, L"a registration script is a file *.rgs that lies beside this one, not " +
+                                        Quoted(name)};
         }
         std::optional<std::wstring> text = m_files(name);
-        if (!text) throw ScriptError{line, L"the registration script \"" + name + L"\" cannot be read"};
+        if (!text) throw ScriptError{line, L"the registration script " + Quoted(name) + L" cannot be read"};
         return std::move(*text);
     }
 
