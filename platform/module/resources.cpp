@@ -81,10 +81,10 @@ private:
     std::wstring ReadFileName(uint32_t line, const std::wstring& what, const std::wstring& extension) {
         if (!m_files) throw ScriptError{line, L"only a module itself holds " + what + L"s"};
         m_parser.SkipAttributes();
-        std::wstring name = m_parser.ExpectText(L"the file of a " + what);
+        const std::wstring name = m_parser.ExpectText(L"the file of a " + what);
         if (!name.ends_with(extension) || name.find_first_of(L"/\\") != std::wstring::npos) {
             throw ScriptError{line, L"a " + what + L" is a file *" + extension +
-                                        L" that lies beside this one, not \"" + name + L"\""};
+                                        L" that lies beside this one, not " + Quoted(name)};
         }
         return name;
     }
@@ -92,7 +92,7 @@ private:
     std::wstring ReadRegistration(uint32_t line) {
         const std::wstring name = ReadFileName(line, L"registration script", L".rgs");
         std::optional<std::wstring> text = m_files(name);
-        if (!text) throw ScriptError{line, L"the registration script \"" + name + L"\" cannot be read"};
+        if (!text) throw ScriptError{line, L"the registration script " + Quoted(name) + L" cannot be read"};
         return std::move(*text);
     }
 

@@ -20,7 +20,7 @@ std::pair<std::string, bool> Check(const std::string& options, const std::filesy
 TEST(CheckScript, NamesThePlaceOfEveryFault) {
     const TemporaryFolder folder;
     const std::string path = folder.path().native() + "/";
-    folder.Write("good.rgs", "HKCR { %ANY% = s '%MODULE%' { val N = d %NUMBER% } }");
+    folder.Write("good.rgs", "HKCR { %ANY% = s '%MODULE%' { val N = d 0x%NUMBER% } }");
     folder.Write("bad.rgs", "HKCR\n{\n  A = b 1\n}");
     folder.Write("good.bmp", "BM");
     folder.Write("bad.bmp", "GIF");
