@@ -1,8 +1,12 @@
 #!/bin/sh
-# The packages on a fresh machine (Debian 12), as root: tour.sh FOLDER installs those of FOLDER with all that they depend
-# on, works them, removes them and purges them, and shows what is left each time.
+# The packages on a fresh machine (Debian 12), as root: tour.sh FOLDER [PICTURES] installs those of FOLDER with all that
+# they depend on, works them, removes them and purges them, and shows what is left each time. The pictures that are taken
+# are put into PICTURES, if that is given.
 set -eu
-[ $# -eq 1 ] && [ "$(id -u)" -eq 0 ] || { echo "usage, as root: tour.sh FOLDER_OF_PACKAGES" >&2; exit 2; }
+if [ $# -lt 1 ] || [ $# -gt 2 ] || [ "$(id -u)" -ne 0 ]; then
+    echo "usage, as root: tour.sh FOLDER_OF_PACKAGES [PICTURES]" >&2
+    exit 2
+fi
 packages=$(cd "$1" && pwd)
 here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
@@ -12,9 +16,8 @@ export DEBIAN_FRONTEND=noninteractive HOME="$work/home"
 names="hxscannerctrls hxscannerctrls-dev hxscannerctrls-tools hxscannerctrls-host"
 
 left() {
-    find /usr /var/lib/orvel-hx /var/lib/Orvel /etc \
-        \( -iname '*hxscanner*' -o -iname '*hxctl*' -o -iname '*hxhost*' -o -iname '*hxregister*' -o -iname '*orvel*' \
-        -o -name '*libhx*' -o -path '*/orvel-hx/*' -o -path '*/Orvel/*' \) -print 2>/dev/null | sort
+    find /usr /etc /var/lib -iname '*hxscanner*' -o -iname '*hxctl*' -o -iname '*hxhost*' -o -iname '*hxregister*' \
+        -o -name '*libhx*' -o -iname '*orvel*' -o -path '*/orvel-hx/*' -o -path '*/Orvel/*'
 }
 
 echo "== Installing"
@@ -23,6 +26,10 @@ apt-get install -qy --no-install-recommends "$packages"/hxscannerctrls*.deb
 
 echo "== Working, as root and then as somebody who may not write the machine's registry"
 sh "$here/try_installed.sh" "$work"
+if [ $# -eq 2 ]; then
+    mkdir -p "$2"
+    cp "$work"/*.png "$2"
+fi
 mkdir "$work/pictures"
 chown nobody "$work/pictures"
 setpriv --reuid nobody --clear-groups env HOME="$work/pictures" sh "$here/try_installed.sh" "$work/pictures" >/dev/null
@@ -38,6 +45,9 @@ echo "== Removing; left until the purge:"
 apt-get remove -qy $names >/dev/null
 left
 echo "== Purging; left:"
-apt-get purge -qy $names >/dev/null
-left
-[ -z "$(left)" ] && echo "nothing"
+apt-get purge -qy hxscannerctrls >/dev/null
+if [ -n "$(left)" ]; then
+    left
+    exit 1
+fi
+echo "nothing"
