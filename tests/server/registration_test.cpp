@@ -129,7 +129,6 @@ protected:
 
 const std::wstring kLibrary = hx::GuidToText(LIBID_HXScannerCtrls);
 const Keys kLeft = {{L"CLSID", L""},
-                    {L"TypeLib", L""},
                     {L"HKLM\\Software", L""},
                     {L"HKLM\\Software\\Orvel", L""},
                     {L"HKLM\\Software\\Orvel\\HXAPI4", L""},
@@ -181,7 +180,7 @@ Keys ExpectedKeys(const std::wstring& path) {
         }
     }
     const std::wstring library = L"TypeLib\\" + kLibrary;
-    keys[library] = L"";
+    keys[L"TypeLib"] = keys[library] = L"";
     keys[library + L"\\1.0:"] = L"HXScannerCtrls 1.0 Type Library";
     keys[library + L"\\1.0\\0"] = L"";
     keys[library + L"\\1.0\\0\\linux64:"] = path;
@@ -241,7 +240,7 @@ HRESULT CodeOf(const Operations& all, size_t refused) {
     const auto first = std::ranges::find_if(all, is_at(L" TypeLib\\" + kLibrary + L"\\1.0"));
     const auto second = std::find(first + 1, all.end(), *first);
     const auto controls = std::find_if(second, all.end(), [](const std::wstring& each) {
-        return each.find(L" TypeLib\\") == std::wstring::npos;
+        return each.find(L" TypeLib") == std::wstring::npos;
     });
     const auto place = std::find_if(controls, all.end(), is_at(L" HKLM\\"));
     const auto at = all.begin() + static_cast<std::ptrdiff_t>(refused);
