@@ -22,6 +22,8 @@ TEST(CheckScript, NamesThePlaceOfEveryFault) {
     const std::string path = folder.path().native() + "/";
     folder.Write("good.rgs", "HKCR { %ANY% = s '%MODULE%' { val N = d 0x%NUMBER% } }");
     folder.Write("bad.rgs", "HKCR\n{\n  A = b 1\n}");
+    folder.Write("good.bmp", "BM");
+    folder.Write("bad.bmp", "GIF");
     folder.Write("bytes.rgs", "HKCR\n{ '\xFF' }");
     const struct {
         std::string script;
@@ -45,6 +47,9 @@ TEST(CheckScript, NamesThePlaceOfEveryFault) {
          path + "a.rc:2: error: the registration script 7 is there already, in line 1\n"},
         {"7 REGISTRY", "--module",
          path + "a.rc:1: error: expected the file of a registration script, found the end of the script\n"},
+        {"7 BITMAP \"good.bmp\"", "--module", ""},
+        {"7 BITMAP \"bad.bmp\"\n8 BITMAP \"none.bmp\"", "--module",
+         path + "bad.bmp:0: error: is no bitmap\n" + path + "none.bmp:0: error: is no bitmap\n"},
         {"\n7 REGISTRY \"good.rgs\"", "",
          path + "a.rc:2: error: only a module itself holds registration scripts\n"},
     };
