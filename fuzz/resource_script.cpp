@@ -98,6 +98,7 @@ std::wstring Script(const hx::Resources& resources) {
     for (const auto& [id, menu] : resources.menus) script += Number(id) + L" MENU " + Items(menu.items);
     if (!resources.version.empty()) script += Version(resources.version);
     for (const auto& [id, file] : resources.registrations) script += Number(id) + L" REGISTRY " + Text(file);
+    for (const auto& [id, file] : resources.bitmaps) script += Number(id) + L" BITMAP " + Text(file);
     return script;
 }
 

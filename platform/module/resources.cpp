@@ -81,7 +81,7 @@ private:
     std::wstring ReadFileName(uint32_t line, const std::wstring& what, const std::wstring& extension) {
         if (!m_files) throw ScriptError{line, L"only a module itself holds " + what + L"s"};
         m_parser.SkipAttributes();
-        const std::wstring name = m_parser.ExpectText(L"the file of a " + what);
+        std::wstring name = m_parser.ExpectText(L"the file of a " + what);
         if (!name.ends_with(extension) || name.find_first_of(L"/\\") != std::wstring::npos) {
             throw ScriptError{line, L"a " + what + L" is a file *" + extension +
                                         L" that lies beside this one, not " + Quoted(name)};
