@@ -130,7 +130,6 @@ void SqliteConnection::Execute(const char* sql) {
 void SqliteConnection::FindLogHead() {
     // The part of the index that its file format calls the first block.
     constexpr int kFirstBlock = 0, kBlockSize = 32768;
-    m_log_head = nullptr;
     // In another mode, asking for the index would make one.
     if (QueryText("PRAGMA journal_mode") != "wal") return;
     sqlite3_file* file = nullptr;

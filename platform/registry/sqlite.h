@@ -40,10 +40,11 @@ public:
     void KeepLogAsIs();
 
     void Execute(const char* sql);
-    // Looks for the log's head; to be called when something was read, and again for each connection. Without
-    // a shared one there is none from now on.
+    // Looks for the log's head, when something was read before. There is none for who may only read and is
+    // alone: SQLite cannot tell then whether what it finds is true. Once found it stays.
     void FindLogHead();
-    // The head now, if it was found and nobody is writing it at this moment.
+    bool HasLogHead() const { return m_log_head != nullptr; }
+    // The head now; nothing if it was not found, or somebody is writing it at this moment.
     std::optional<SqliteLogHead> LogHead() const;
 
     // The first column of the first row of the answer.

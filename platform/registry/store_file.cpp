@@ -137,24 +137,32 @@ std::optional<FileState> StoreFile::CurrentState() const {
 // Equal stamps are from one connection. It holds its file open, so no other file has got its identity; and
 // each stamp was given while the path led there, as each operation ends. Every commit of any process changes
 // the log's head before it is done, and SQLite itself would take its pages for current by an equal one. So
-// between two equal stamps nobody has committed. A frozen file has no log; it is current or it is opened
-// anew.
+// between two equal stamps nobody has committed.
+// Who may not write and is alone has no share in the head. To such a one, a commit is in the log until it is
+// in the file and the file's time tells of it. Therefore the log is looked at first.
 std::optional<RegistryStamp> StoreFile::Stamp() {
     const std::lock_guard guard(m_mutex);
     if (!m_tables) return std::nullopt;
-    RegistryStamp stamp;
-    stamp.source = m_source;
-    if (!m_why_frozen) {
-        const std::optional<SqliteLogHead> head = m_connection->LogHead();
-        if (!head) return std::nullopt;
-        static_assert(std::tuple_size_v<SqliteLogHead> < std::tuple_size_v<decltype(stamp.state)>);
-        std::ranges::copy(*head, stamp.state.begin());
+    try {
+        RegistryStamp stamp;
+        stamp.source = m_source;
+        const bool is_alone = !m_connection->HasLogHead() && HasEmptyLog(m_file);
+        if (!is_alone) {
+            // Somebody who writes has come meanwhile.
+            if (!m_connection->HasLogHead() && !m_why_frozen) m_connection->FindLogHead();
+            const std::optional<SqliteLogHead> head = m_connection->LogHead();
+            if (!head) return std::nullopt;
+            static_assert(std::tuple_size_v<SqliteLogHead> < std::tuple_size_v<decltype(stamp.state)>);
+            std::ranges::copy(*head, stamp.state.begin());
+        }
+        const std::optional<FileState> now = CurrentState();
+        if (!now) return std::nullopt;
+        // Somebody who writes over the file, past SQLite, may have damaged it.
+        stamp.state.back() = static_cast<uint64_t>(now->written_ns);
+        return stamp;
+    } catch (const StoreError&) {
+        return std::nullopt;
     }
-    const std::optional<FileState> now = CurrentState();
-    if (!now) return std::nullopt;
-    // Somebody who writes over the file, past SQLite, may have damaged it.
-    stamp.state.back() = static_cast<uint64_t>(now->written_ns);
-    return stamp;
 }
 
 std::optional<RegistryResult> StoreFile::HandleError(const StoreError& error) {
