@@ -51,12 +51,14 @@ class KnownLibraries {
 public:
     using Library = std::optional<std::wstring>;
 
-    // Nothing if it is not known; otherwise the library, or that there is none.
-    std::optional<Library> Find(const RegistryStamp& stamp, const CLSID& clsid) {
+    // False if it is not known; else `library` is it, or that there is none.
+    bool Find(const RegistryStamp& stamp, const CLSID& clsid, Library& library) {
         const std::lock_guard guard(m_mutex);
-        if (stamp != m_stamp) return std::nullopt;
+        if (stamp != m_stamp) return false;
         const auto found = m_libraries.find(clsid);
-        return found == m_libraries.end() ? std::nullopt : std::optional(found->second);
+        if (found == m_libraries.end()) return false;
+        library = found->second;
+        return true;
     }
 
     void Keep(const RegistryStamp& stamp, const CLSID& clsid, const Library& library) {
@@ -97,13 +99,10 @@ public:
     std::optional<std::wstring> LibraryOf(const CLSID& clsid) const override {
         const std::shared_ptr<IRegistry> registry = Registry();
         const std::optional<RegistryStamp> stamp = registry->Stamp(RegistryRoot::kClassesRoot);
-        if (stamp) {
-            if (std::optional<std::optional<std::wstring>> known = m_known.Find(*stamp, clsid))
-                return *std::move(known);
-        }
+        KnownLibraries::Library library;
+        if (stamp && m_known.Find(*stamp, clsid, library)) return library;
         RegistryResult result{};
         std::wstring text = TextAt(*registry, KeyOf(clsid) + kServer, L"", &result);
-        std::optional<std::wstring> library;
         if (IsLibraryPath(text)) library = std::move(text);
         // Other failures say nothing about what is registered.
         if (stamp && (result == RegistryResult::kDone || result == RegistryResult::kNotFound))

@@ -295,12 +295,20 @@ TEST_F(ChangingClasses, AreNeverSeenAsTheyWereByThreads) {
     }
 }
 
-TEST_F(ChangingClasses, AreNotMixedUpBetweenRegistries) {
-    for (int number : {1, 2, 3}) {
-        SetRegistry(MakeMemoryRegistry());
-        EXPECT_FALSE(m_lookup->LibraryOf(CLSID_Tally)) << number;
-        RegisterIn(number);
-        EXPECT_EQ(m_lookup->LibraryOf(CLSID_Tally), Library(number));
+TEST_F(ChangingClasses, AreNotMixedUp) {
+    for (const auto& registry : {Open(), MakeMemoryRegistry(), MakeMemoryRegistry()}) {
+        SetRegistry(registry);
+        EXPECT_FALSE(m_lookup->LibraryOf(CLSID_Tally));
+        RegisterIn(1);
+        Write(L"CLSID\\" + g_other + L"\\InprocServer32", L"/lib/other.so");
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(m_lookup->LibraryOf(CLSID_Tally), Library(1));
+            EXPECT_EQ(m_lookup->LibraryOf(CLSID_Other), L"/lib/other.so");
+            EXPECT_FALSE(m_lookup->LibraryOf(CLSID_NULL));
+        }
+        // More of them than are kept.
+        for (uint32_t i = 1; i < 1000; ++i) EXPECT_FALSE(m_lookup->LibraryOf({i, 0, 0, {}})) << i;
+        EXPECT_EQ(m_lookup->LibraryOf(CLSID_Tally), Library(1));
     }
 }
 
