@@ -34,6 +34,7 @@ void CompareInserting(Benchmark& benchmark);
 void CompareMemory(Benchmark& benchmark);
 void CompareLogging(Benchmark& benchmark);
 void CompareRegistry(Benchmark& benchmark);
+void CompareComponents(Benchmark& benchmark);
 void CompareSettings(Benchmark& benchmark);
 void CompareSessions(Benchmark& benchmark);
 void CompareProfileLists(Benchmark& benchmark);

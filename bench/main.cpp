@@ -19,7 +19,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: hxbench [--quick] [--markdown FILE] [--only "
-    "parse,read,write,insert,memory,log,registry,settings,session,profiles,preview,editor,page]\n";
+    "parse,read,write,insert,memory,log,registry,components,settings,session,profiles,preview,editor,page]\n";
 
 struct Comparison {
     std::string name;
@@ -27,13 +27,13 @@ struct Comparison {
 };
 
 const Comparison kComparisons[] = {
-    {"parse", CompareParsing},     {"read", CompareReading},
-    {"write", CompareWriting},     {"insert", CompareInserting},
-    {"memory", CompareMemory},     {"log", CompareLogging},
-    {"registry", CompareRegistry}, {"settings", CompareSettings},
-    {"session", CompareSessions},  {"profiles", CompareProfileLists},
-    {"preview", ComparePreview},   {"editor", CompareProfileEditing},
-    {"page", ComparePages},
+    {"parse", CompareParsing},         {"read", CompareReading},
+    {"write", CompareWriting},         {"insert", CompareInserting},
+    {"memory", CompareMemory},         {"log", CompareLogging},
+    {"registry", CompareRegistry},     {"components", CompareComponents},
+    {"settings", CompareSettings},     {"session", CompareSessions},
+    {"profiles", CompareProfileLists}, {"preview", ComparePreview},
+    {"editor", CompareProfileEditing}, {"page", ComparePages},
 };
 
 struct Options {

@@ -1,16 +1,12 @@
-// The registry store beside SQLite alone, and what the class lookup in it adds to creating a component.
+// The registry store beside SQLite alone.
 #include <sqlite3.h>
 
 #include <filesystem>
-#include <memory>
 
 #include "bench/comparisons.h"
 #include "bench/expect.h"
-#include "platform/com/class_files.h"
-#include "platform/com/comptr.h"
-#include "platform/com/loader.h"
+#include "bench/temporary_store.h"
 #include "platform/registry/registry.h"
-#include "platform/system/files.h"
 
 namespace hx::bench {
 namespace {
@@ -18,28 +14,6 @@ namespace {
 constexpr int kRuns = 1000;
 constexpr RegistryRoot kRoot = RegistryRoot::kLocalMachine;
 constexpr wchar_t kKey[] = L"Software\\Orvel\\HXAPI4\\Configuration";
-
-// A store in a folder of its own, gone with this.
-class TemporaryStore {
-public:
-    TemporaryStore() {
-        std::filesystem::remove_all(m_folder);
-        registry = OpenRegistryStore(m_folder / "machine", m_folder / "user");
-    }
-    TemporaryStore(const TemporaryStore&) = delete;
-    TemporaryStore& operator=(const TemporaryStore&) = delete;
-    ~TemporaryStore() {
-        registry.reset();
-        std::filesystem::remove_all(m_folder);
-    }
-
-    std::filesystem::path File() const { return m_folder / "machine"; }
-
-    std::shared_ptr<IRegistry> registry;
-
-private:
-    const std::filesystem::path m_folder = std::filesystem::temp_directory_path() / "hxbench_registry";
-};
 
 void Set(IRegistry& registry, const std::wstring& name, uint32_t value) {
     Expect(registry.SetValue(kRoot, kKey, name, value) == RegistryResult::kDone, "HX", "set");
@@ -109,7 +83,9 @@ void AddRow(Table& table, const char* operation, const std::vector<double>& medi
                FormatNumber(medians[0] / medians[1], 2)});
 }
 
-void CompareOperations(Benchmark& benchmark) {
+}  // namespace
+
+void CompareRegistry(Benchmark& benchmark) {
     const TemporaryStore store;
     IRegistry& registry = *store.registry;
     Expect(registry.CreateKey(kRoot, kKey) == RegistryResult::kDone, "HX", "create");
@@ -131,54 +107,6 @@ void CompareOperations(Benchmark& benchmark) {
                  {"SQLite", nothing, Times([&](int i) { bare.Set(i); })}},
                 benchmark.HowMuch()));
     benchmark.report.Add(table.Markdown());
-}
-
-void Register(IRegistry& registry, const ClassEntry& entry) {
-    const std::wstring key = L"CLSID\\" + GuidToText(entry.clsid);
-    const std::pair<std::wstring, std::wstring> values[] = {
-        {key + L"\\InprocServer32", entry.library},
-        {key + L"\\ProgID", entry.prog_id},
-        {key + L"\\VersionIndependentProgID", entry.version_independent_prog_id},
-        {entry.prog_id + L"\\CLSID", GuidToText(entry.clsid)},
-    };
-    for (const auto& [path, value] : values) {
-        registry.CreateKey(RegistryRoot::kClassesRoot, path);
-        registry.SetValue(RegistryRoot::kClassesRoot, path, L"", value);
-    }
-}
-
-void Create(const CLSID& clsid) {
-    ComPtr<IUnknown> object;
-    Expect(SUCCEEDED(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IID_IUnknown, object.put_void())), "HX",
-           "create");
-}
-
-void CompareCreation(Benchmark& benchmark) {
-    const TemporaryStore store;
-    const std::shared_ptr<IClassLookup> tables = ReadClassFiles(ThisLibraryFolder());
-    const std::vector<ClassEntry> entries = tables->All();
-    Expect(!entries.empty(), "HX", "text tables");
-    SetRegistry(store.registry);
-    for (const ClassEntry& entry : entries) Register(*store.registry, entry);
-    Table table("Creating components",
-                "One CoCreateInstance and Release of a component whose library is loaded, its class being "
-                "registered in the store on disk, or listed in the text tables that are read once.",
-                {"Class", "Registered", "In text tables", "Registered / in tables"});
-    const auto create = Times([clsid = entries[0].clsid](int) { Create(clsid); });
-    AddRow(table, "settings factory",
-           Compete({{"registered", [] { SetClassLookup(nullptr); }, create},
-                    {"tables", [&] { SetClassLookup(tables); }, create}},
-                   benchmark.HowMuch()));
-    benchmark.report.Add(table.Markdown());
-    SetClassLookup(nullptr);
-    SetRegistry(MakeMemoryRegistry());
-}
-
-}  // namespace
-
-void CompareRegistry(Benchmark& benchmark) {
-    CompareOperations(benchmark);
-    CompareCreation(benchmark);
 }
 
 }  // namespace hx::bench

@@ -1,7 +1,8 @@
-# hx_module_resources(TARGET MODULE): the texts, dialogs and menus of a module, from the scripts of the calling folder.
-# MODULE.rc is embedded in whatever links TARGET, with the registration scripts (*.rgs) that it names; MODULE_<tag>.rc
-# lies beside it as the satellite of a language. A script that cannot be read fails the build.
-function(hx_module_resources target module)
+# hx_module_resources(TARGET MODULE COMPONENT): the texts, dialogs and menus of a module, from the scripts of the calling
+# folder. MODULE.rc is embedded in whatever links TARGET, with the registration scripts (*.rgs) that it names;
+# MODULE_<tag>.rc lies beside it as the satellite of a language, and is installed with COMPONENT. A script that cannot be
+# read fails the build.
+function(hx_module_resources target module component)
     set(base ${CMAKE_CURRENT_SOURCE_DIR}/${module}.rc)
     set(version ${CMAKE_CURRENT_BINARY_DIR}/version.rc)
     set(HX_MODULE ${module})
@@ -9,6 +10,7 @@ function(hx_module_resources target module)
 
     # How the assembler lays them down, for embedded_scripts.cpp.
     file(GLOB registrations CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.rgs)
+    file(GLOB bitmaps CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.bmp)
     set(registration_table)
     foreach(registration ${registrations})
         get_filename_component(name ${registration} NAME)
@@ -23,7 +25,7 @@ function(hx_module_resources target module)
         OUTPUT ${checked}
         COMMAND hxcheckscript --module ${base} ${version}
         COMMAND ${CMAKE_COMMAND} -E touch ${checked}
-        DEPENDS hxcheckscript ${base} ${version} ${registrations} ${registration_file}
+        DEPENDS hxcheckscript ${base} ${version} ${registrations} ${registration_file} ${bitmaps}
         COMMENT "Checking ${module}.rc"
         VERBATIM)
 
@@ -41,6 +43,7 @@ function(hx_module_resources target module)
             VERBATIM)
         list(APPEND satellites ${satellite})
     endforeach()
+    install(FILES ${satellites} DESTINATION ${HX_COMPONENT_DIR} COMPONENT ${component})
     add_custom_target(${target}_scripts ALL DEPENDS ${checked} ${satellites})
 
     # Compiled anew for each module: it carries this one's scripts.

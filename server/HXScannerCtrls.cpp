@@ -1,9 +1,12 @@
 // The library's entry points; what they do stands in CHXScannerCtrlsApp.h. Any thread.
 #include "server/CHXScannerCtrlsApp.h"
+#include "server/TypeLibrary.h"
 
 namespace {
 
 hx::CHXScannerCtrlsApp g_app;
+
+const hx::ModuleTypes g_types(hx::kTypeLibrary);
 
 }  // namespace
 

@@ -36,15 +36,6 @@ private:
     void* const m_handle;
 };
 
-void SetDescription(const std::wstring& description) {
-    ComPtr<ICreateErrorInfo> information;
-    if (FAILED(CreateErrorInfo(information.put()))) return;
-    Bstr text(description);
-    if (SUCCEEDED(information->SetDescription(text.get()))) {
-        SetErrorInfo(0, information.as<IErrorInfo>().get());
-    }
-}
-
 // The library may have set an object of its own, whose code goes with it.
 void CopyErrorInfo() {
     ComPtr<IErrorInfo> theirs;
@@ -77,7 +68,7 @@ EntryPoint FindOrTell(const LoadedLibrary& library, const char* name) {
     const EntryPoint entry_point = library.Find(name);
     if (entry_point) return entry_point;
     const char* const reason = dlerror();
-    if (reason) SetDescription(FromDamagedUtf8(reason));
+    if (reason) LeaveErrorInfo(L"", FromDamagedUtf8(reason));
     return nullptr;
 }
 

@@ -69,23 +69,30 @@ private:
         } else if (m_parser.AcceptWord(L"REGISTRY")) {
             Enter(m_registrations, id, line);
             m_resources.registrations.emplace(id, ReadRegistration(line));
+        } else if (m_parser.AcceptWord(L"BITMAP")) {
+            Enter(m_bitmaps, id, line);
+            m_resources.bitmaps.emplace(id, ReadFileName(line, L"bitmap", L".bmp"));
         } else {
-            m_parser.FailExpected(L"DIALOGEX, MENU, VERSIONINFO or REGISTRY");
+            m_parser.FailExpected(L"DIALOGEX, MENU, VERSIONINFO, REGISTRY or BITMAP");
         }
     }
 
-    std::wstring ReadRegistration(uint32_t line) {
-        if (!m_files) throw ScriptError{line, L"only a module itself holds registration scripts"};
+    // Of what the build takes from files beside the module's script.
+    std::wstring ReadFileName(uint32_t line, const std::wstring& what, const std::wstring& extension) {
+        if (!m_files) throw ScriptError{line, L"only a module itself holds " + what + L"s"};
         m_parser.SkipAttributes();
-        const std::wstring name = m_parser.ExpectText(L"the file of a registration script");
-        // The build embeds these.
-        if (!name.ends_with(L".rgs") || name.find_first_of(L"/\\") != std::wstring::npos) {
-            throw ScriptError{
-                line,
-                L"a registration script is a file *.rgs that lies beside this one, not \"" + name + L"\""};
+        std::wstring name = m_parser.ExpectText(L"the file of a " + what);
+        if (!name.ends_with(extension) || name.find_first_of(L"/\\") != std::wstring::npos) {
+            throw ScriptError{line, L"a " + what + L" is a file *" + extension +
+                                        L" that lies beside this one, not " + Quoted(name)};
         }
+        return name;
+    }
+
+    std::wstring ReadRegistration(uint32_t line) {
+        const std::wstring name = ReadFileName(line, L"registration script", L".rgs");
         std::optional<std::wstring> text = m_files(name);
-        if (!text) throw ScriptError{line, L"the registration script \"" + name + L"\" cannot be read"};
+        if (!text) throw ScriptError{line, L"the registration script " + Quoted(name) + L" cannot be read"};
         return std::move(*text);
     }
 
@@ -97,6 +104,7 @@ private:
     Kind m_menus{L"menu", {}};
     Kind m_versions{L"version information", {}};
     Kind m_registrations{L"registration script", {}};
+    Kind m_bitmaps{L"bitmap", {}};
 };
 
 }  // namespace

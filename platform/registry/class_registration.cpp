@@ -91,6 +91,10 @@ HRESULT RegisterClassRows(std::span<const ClassRow> rows, std::wstring_view libr
         const std::shared_ptr<IRegistry> registry = Registry();
         const std::wstring library = RegisteredPath(library_file);
         RegistrationError error;
+        if (is_registering && library.empty()) {
+            LeaveErrorInfo(library_file, L"the library lies where only a path that is no UTF-8 leads");
+            return SELFREG_E_CLASS;
+        }
         for (const ClassRow& row : rows) {
             const ClassRegistration of = {row.clsid,       row.prog_id, row.version_independent_prog_id,
                                           row.description, library,     row.threading_model};

@@ -23,6 +23,7 @@ public:
 
     RegistryResult CreateKey(RegistryRoot root, std::wstring_view path) override {
         const std::lock_guard guard(m_mutex);
+        ++m_changes;
         const std::vector<std::wstring_view> names = SplitRegistryPath(path);
         if (!IsRoot(root) || names.size() > kMaxRegistryDepth) return RegistryResult::kInvalid;
         Key* key = &m_roots[static_cast<size_t>(root)];
@@ -39,6 +40,7 @@ public:
         if (names.empty()) return RegistryResult::kInvalid;
         const auto parent = static_cast<size_t>(names.back().data() - path.data());
         return WithKey(root, path.substr(0, parent), [&](Key& key) {
+            ++m_changes;
             return key.keys.erase(FoldCase(names.back())) != 0 ? RegistryResult::kDone
                                                                : RegistryResult::kNotFound;
         });
@@ -57,6 +59,7 @@ public:
     RegistryResult SetValue(RegistryRoot root, std::wstring_view path, std::wstring_view name,
                             const RegistryValue& value) override {
         return WithKey(root, path, [&](Key& key) {
+            ++m_changes;
             const auto [place, is_new] = key.values.try_emplace(FoldCase(name));
             if (is_new) place->second.name = name;
             place->second.value = value;
@@ -66,6 +69,7 @@ public:
 
     RegistryResult DeleteValue(RegistryRoot root, std::wstring_view path, std::wstring_view name) override {
         return WithKey(root, path, [&](Key& key) {
+            ++m_changes;
             return key.values.erase(FoldCase(name)) != 0 ? RegistryResult::kDone : RegistryResult::kNotFound;
         });
     }
@@ -88,6 +92,11 @@ public:
         });
     }
 
+    std::optional<RegistryStamp> Stamp(RegistryRoot) override {
+        const std::lock_guard guard(m_mutex);
+        return RegistryStamp{m_source, {m_changes}};
+    }
+
 private:
     static constexpr size_t kRoots = 3;
     static bool IsRoot(RegistryRoot root) { return static_cast<size_t>(root) < kRoots; }
@@ -105,7 +114,9 @@ private:
         return action(*key);
     }
 
+    const uint64_t m_source = NewRegistrySource();
     std::mutex m_mutex;
+    uint64_t m_changes = 0;
     Key m_roots[kRoots];
 };
 

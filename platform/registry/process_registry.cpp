@@ -1,3 +1,4 @@
+#include <atomic>
 #include <mutex>
 
 #include "platform/registry/registry.h"
@@ -27,6 +28,11 @@ std::shared_ptr<IRegistry> Registry() {
         process.registry = OpenRegistryStore(location.machine, location.user);
     }
     return process.registry;
+}
+
+uint64_t NewRegistrySource() {
+    static std::atomic<uint64_t> g_last = 0;
+    return ++g_last;
 }
 
 void SetRegistry(std::shared_ptr<IRegistry> registry) {

@@ -94,7 +94,9 @@ private:
                                                         L" begins no %NAME%; by itself it is written twice"};
             }
             const std::wstring_view name = rest.substr(begin + 1, end - begin - 1);
-            const std::optional<std::wstring_view> value = name.empty() ? L"%" : m_values(name);
+            const std::optional<std::wstring_view> value = name.empty() ? L"%"
+                                                           : m_values   ? m_values(name)
+                                                                        : L"?";
             if (!value) {
                 throw RegistrationError{token.line, L"there is no replacement for " +
                                                         QuotedForError(rest.substr(begin, name.size() + 2))};
@@ -170,7 +172,9 @@ private:
         if (AcceptWord(L"s")) return ExpectText(L"a text");
         if (AcceptWord(L"d")) {
             const uint32_t line = m_token.line;
+            const bool is_unknown = !m_values && m_token.text.find(L'%') != std::wstring::npos;
             const std::wstring text = ExpectText(L"a number");
+            if (is_unknown) return 0u;
             if (const std::optional<uint32_t> number = NumberOf(text)) return *number;
             throw RegistrationError{line, L"expected a number of 32 bits, found " + QuotedForError(text)};
         }

@@ -46,8 +46,8 @@ struct RegistrationRoot {
 // The value of %NAME%; nothing if there is no such replacement.
 using RegistrationValues = std::function<std::optional<std::wstring_view>(std::wstring_view name)>;
 
-// Throws a RegistrationError for what is no script, and std::bad_alloc. No key lies deeper than
-// kMaxRegistryDepth.
+// Throws a RegistrationError for what is no script, and std::bad_alloc. Without `values` only what does not
+// depend on them is checked. No key lies deeper than kMaxRegistryDepth.
 std::vector<RegistrationRoot> ReadRegistrationScript(std::wstring_view script,
                                                      const RegistrationValues& values);
 

@@ -129,8 +129,7 @@ HRESULT RunRegistrationScript(IRegistry& registry, std::wstring_view script,
 bool CheckRegistrationScript(std::wstring_view script, RegistrationError& error) {
     error = {};
     try {
-        // Fit to be a name, a text and a number.
-        ReadRegistrationScript(script, [](std::wstring_view) { return L"1"; });
+        ReadRegistrationScript(script, {});
         return true;
     } catch (RegistrationError& refused) {
         error = std::move(refused);

@@ -7,11 +7,13 @@
 // and hold any character, but a key name no "\". No key lies deeper than kMaxRegistryDepth.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -59,6 +61,14 @@ struct NamedRegistryValue {
     RegistryValue value;
 };
 
+// The state of what holds a root, compared and never looked into.
+struct RegistryStamp {
+    uint64_t source = 0;  // NewRegistrySource() of whoever gave it; none other gives an equal stamp
+    std::array<uint64_t, 7> state{};
+
+    bool operator==(const RegistryStamp&) const = default;
+};
+
 // Throws std::bad_alloc only.
 class IRegistry {
 public:
@@ -85,7 +95,15 @@ public:
                                     std::vector<std::wstring>& names) = 0;
     virtual RegistryResult ListValues(RegistryRoot root, std::wstring_view path,
                                       std::vector<NamedRegistryValue>& values) = 0;
+
+    // For whoever keeps what was read: as long as equal stamps are given, what was read after the first of
+    // them, and ended with kDone or kNotFound, would be read again. Far cheaper than reading. Nothing if that
+    // cannot be told now.
+    virtual std::optional<RegistryStamp> Stamp([[maybe_unused]] RegistryRoot root) { return std::nullopt; }
 };
+
+// A number that this process has not given to anybody yet.
+HX_PLATFORM_API uint64_t NewRegistrySource();
 
 // The registry of this process: the store on disk, opened at the first call, unless another was installed.
 // Where it lies stands in store_location.h.

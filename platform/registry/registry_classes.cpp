@@ -1,5 +1,8 @@
 #include "platform/registry/registry_classes.h"
 
+#include <functional>
+#include <mutex>
+#include <unordered_map>
 #include <utility>
 
 #include "platform/com/class_files.h"
@@ -17,10 +20,12 @@ std::wstring KeyOf(const CLSID& clsid) {
 }
 
 // Empty if there is no such text.
-std::wstring TextAt(IRegistry& registry, std::wstring_view path, std::wstring_view name = L"") {
+std::wstring TextAt(IRegistry& registry, std::wstring_view path, std::wstring_view name = L"",
+                    RegistryResult* result = nullptr) {
     RegistryValue value;
-    if (registry.QueryValue(RegistryRoot::kClassesRoot, path, name, value) != RegistryResult::kDone)
-        return L"";
+    const RegistryResult query = registry.QueryValue(RegistryRoot::kClassesRoot, path, name, value);
+    if (result) *result = query;
+    if (query != RegistryResult::kDone) return L"";
     std::wstring* const text = std::get_if<std::wstring>(&value);
     return text ? std::move(*text) : L"";
 }
@@ -34,6 +39,47 @@ std::optional<CLSID> ClsidOf(IRegistry& registry, const std::wstring& prog_id) {
     CLSID clsid{};
     return GuidFromText(TextAt(registry, prog_id + L"\\CLSID"), clsid) ? std::optional(clsid) : std::nullopt;
 }
+
+// Libraries of classes as they were read while the registry had one stamp, and of classes without one. The
+// loader asks for a few classes over and over again, and reading the store takes several times as long as its
+// stamp.
+//
+// What is found here is what reading would give now. It was put here with a stamp taken before it was read,
+// and the stamp taken before it is found is the same: so between the two nothing has changed, and the reading
+// lies between them or, if it came later than the second stamp, is itself not older than the request.
+class KnownLibraries {
+public:
+    using Library = std::optional<std::wstring>;
+
+    // False if it is not known; else `library` is it, or that there is none.
+    bool Find(const RegistryStamp& stamp, const CLSID& clsid, Library& library) {
+        const std::lock_guard guard(m_mutex);
+        if (stamp != m_stamp) return false;
+        const auto found = m_libraries.find(clsid);
+        if (found == m_libraries.end()) return false;
+        library = found->second;
+        return true;
+    }
+
+    void Keep(const RegistryStamp& stamp, const CLSID& clsid, const Library& library) {
+        constexpr size_t kMost = 256;  // far more classes than a host uses
+        const std::lock_guard guard(m_mutex);
+        if (stamp != m_stamp || m_libraries.size() >= kMost) m_libraries.clear();
+        m_stamp = stamp;
+        m_libraries.insert_or_assign(clsid, library);
+    }
+
+private:
+    struct Hash {
+        size_t operator()(const CLSID& clsid) const {
+            return std::hash<std::string_view>()({reinterpret_cast<const char*>(&clsid), sizeof clsid});
+        }
+    };
+
+    std::mutex m_mutex;
+    RegistryStamp m_stamp;
+    std::unordered_map<CLSID, Library, Hash> m_libraries;
+};
 
 class RegistryClasses final : public IClassLookup {
 public:
@@ -53,8 +99,17 @@ public:
     }
 
     std::optional<std::wstring> LibraryOf(const CLSID& clsid) const override {
-        std::wstring library = TextAt(*Registry(), KeyOf(clsid) + kServer);
-        return IsLibraryPath(library) ? std::optional(std::move(library)) : std::nullopt;
+        const std::shared_ptr<IRegistry> registry = Registry();
+        const std::optional<RegistryStamp> stamp = registry->Stamp(RegistryRoot::kClassesRoot);
+        KnownLibraries::Library library;
+        if (stamp && m_known.Find(*stamp, clsid, library)) return library;
+        RegistryResult result{};
+        std::wstring text = TextAt(*registry, KeyOf(clsid) + kServer, L"", &result);
+        if (IsLibraryPath(text)) library = std::move(text);
+        // Other failures say nothing about what is registered.
+        if (stamp && (result == RegistryResult::kDone || result == RegistryResult::kNotFound))
+            m_known.Keep(*stamp, clsid, library);
+        return library;
     }
 
     std::optional<CLSID> ByProgId(std::wstring_view prog_id) const override {
@@ -78,6 +133,9 @@ public:
         }
         return entries;
     }
+
+private:
+    mutable KnownLibraries m_known;
 };
 
 // What is registered, and what is not but stands in the text tables: those of a build folder, say.

@@ -127,6 +127,34 @@ void SqliteConnection::Execute(const char* sql) {
     Checked(database, [&] { return sqlite3_exec(database, sql, nullptr, nullptr, nullptr); });
 }
 
+void SqliteConnection::FindLogHead() {
+    // The part of the index that its file format calls the first block.
+    constexpr int kFirstBlock = 0, kBlockSize = 32768;
+    // In another mode, asking for the index would make one.
+    if (QueryText("PRAGMA journal_mode") != "wal") return;
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(m_database.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (!file || !file->pMethods || file->pMethods->iVersion < 2) return;
+    volatile void* block = nullptr;
+    const int code = file->pMethods->xShmMap(file, kFirstBlock, kBlockSize, 0, &block);
+    // Who may only read the index shares it nevertheless. By other codes SQLite says that it keeps one of its
+    // own, which it makes anew for each transaction.
+    if (code == SQLITE_OK || code == SQLITE_READONLY) m_log_head = static_cast<volatile uint64_t*>(block);
+}
+
+std::optional<SqliteLogHead> SqliteConnection::LogHead() const {
+    if (!m_log_head) return std::nullopt;
+    // It lies there twice. A writer fills the second place, then the first; readers go the other way.
+    const auto read = [](const volatile uint64_t* from) {
+        SqliteLogHead head;
+        for (uint64_t& word : head) word = __atomic_load_n(from++, __ATOMIC_ACQUIRE);
+        return head;
+    };
+    const SqliteLogHead head = read(m_log_head);
+    if (read(m_log_head + head.size()) != head) return std::nullopt;
+    return head;
+}
+
 int64_t SqliteConnection::QueryInteger(const char* sql) {
     SqliteStatement statement(*this, sql);
     SqliteRun run(statement);

@@ -3,9 +3,11 @@
 // time.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +15,11 @@ struct sqlite3;
 struct sqlite3_stmt;
 
 namespace hx {
+
+// What SQLite tells its readers by, in memory that all processes share, that somebody has committed: the head
+// of the index of the write-ahead log. A connection whose last transaction saw this very head goes on using
+// the pages that it has read; so may whoever keeps what was read.
+using SqliteLogHead = std::array<uint64_t, 6>;
 
 class SqliteConnection {
 public:
@@ -33,6 +40,13 @@ public:
     void KeepLogAsIs();
 
     void Execute(const char* sql);
+    // Looks for the log's head, when something was read before. There is none for who may only read and is
+    // alone: SQLite cannot tell then whether what it finds is true. Once found it stays.
+    void FindLogHead();
+    bool HasLogHead() const { return m_log_head != nullptr; }
+    // The head now; nothing if it was not found, or somebody is writing it at this moment.
+    std::optional<SqliteLogHead> LogHead() const;
+
     // The first column of the first row of the answer.
     int64_t QueryInteger(const char* sql);
     std::string QueryText(const char* sql);
@@ -46,6 +60,8 @@ private:
         void operator()(sqlite3* database) const;
     };
     std::unique_ptr<sqlite3, Close> m_database;
+    // Stays where it is until the connection is closed.
+    const volatile uint64_t* m_log_head = nullptr;
 };
 
 class SqliteStatement {

@@ -1,5 +1,6 @@
 #include "platform/registry/store_file.h"
 
+#include <algorithm>
 #include <thread>
 #include <utility>
 
@@ -108,6 +109,8 @@ void StoreFile::Connect(SqliteConnection::Mode mode) {
     m_connection->Execute(kSettings);
     ExamineTables(*m_connection);
     m_tables.emplace(*m_connection);
+    m_source = NewRegistrySource();
+    m_connection->FindLogHead();
     m_connection->SetPatience(std::chrono::milliseconds(0));
     m_may_write = MayWrite(*m_connection);
     m_connection->SetPatience(m_patience);
@@ -120,13 +123,45 @@ void StoreFile::Close() {
     m_why_frozen.reset();
 }
 
-bool StoreFile::IsCurrent() const {
+std::optional<FileState> StoreFile::CurrentState() const {
     try {
         const std::optional<FileState> now = StateOf(m_place.file);
-        if (!now || !m_state || now->identity != m_state->identity) return false;
-        return !m_why_frozen || (now->written_ns == m_state->written_ns && HasEmptyLog(m_file));
+        if (!now || !m_state || now->identity != m_state->identity) return std::nullopt;
+        const bool is_same = !m_why_frozen || (now->written_ns == m_state->written_ns && HasEmptyLog(m_file));
+        return is_same ? now : std::nullopt;
     } catch (const StoreError&) {
-        return false;
+        return std::nullopt;
+    }
+}
+
+// Equal stamps are from one connection. It holds its file open, so no other file has got its identity; and
+// each stamp was given while the path led there, as each operation ends. Every commit of any process changes
+// the log's head before it is done, and SQLite itself would take its pages for current by an equal one. So
+// between two equal stamps nobody has committed.
+// Who may not write and is alone has no share in the head. To such a one, a commit is in the log until it is
+// in the file and the file's time tells of it. Therefore the log is looked at first.
+std::optional<RegistryStamp> StoreFile::Stamp() {
+    const std::lock_guard guard(m_mutex);
+    if (!m_tables) return std::nullopt;
+    try {
+        RegistryStamp stamp;
+        stamp.source = m_source;
+        const bool is_alone = !m_connection->HasLogHead() && HasEmptyLog(m_file);
+        if (!is_alone) {
+            // Somebody who writes has come meanwhile.
+            if (!m_connection->HasLogHead() && !m_why_frozen) m_connection->FindLogHead();
+            const std::optional<SqliteLogHead> head = m_connection->LogHead();
+            if (!head) return std::nullopt;
+            static_assert(std::tuple_size_v<SqliteLogHead> < std::tuple_size_v<decltype(stamp.state)>);
+            std::ranges::copy(*head, stamp.state.begin());
+        }
+        const std::optional<FileState> now = CurrentState();
+        if (!now) return std::nullopt;
+        // Somebody who writes over the file, past SQLite, may have damaged it.
+        stamp.state.back() = static_cast<uint64_t>(now->written_ns);
+        return stamp;
+    } catch (const StoreError&) {
+        return std::nullopt;
     }
 }
 

@@ -45,6 +45,10 @@ public:
         return result;
     }
 
+    // Equal as long as the store is open, is the one that the path leads to, and nobody has changed it. See
+    // IRegistry::Stamp.
+    std::optional<RegistryStamp> Stamp();
+
 private:
     // More than any sequence of replaced stores; with the pauses between them some seconds.
     static constexpr int kMostAttempts = 200;
@@ -73,8 +77,10 @@ private:
     void Open();
     void Connect(SqliteConnection::Mode mode);
     void Close();
-    // True while the file that was opened is the one that the path leads to.
-    bool IsCurrent() const;
+    // The state of the file that was opened, while it is the one that the path leads to and, if it is read
+    // frozen, nobody has changed it.
+    std::optional<FileState> CurrentState() const;
+    bool IsCurrent() const { return CurrentState().has_value(); }
 
     // What the caller is told, or nothing if it is to be tried again.
     std::optional<RegistryResult> HandleError(const StoreError& error);
@@ -89,6 +95,7 @@ private:
     std::mutex m_mutex;                // of everything below
     std::string m_file;                // where the place really is
     std::optional<FileState> m_state;  // of the file when it was opened
+    uint64_t m_source = 0;             // the same for one connection
     std::optional<SqliteConnection> m_connection;
     std::optional<StoreTables> m_tables;
     bool m_may_write = false;

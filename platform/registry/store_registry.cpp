@@ -106,6 +106,10 @@ public:
         return List(root, path, values, &StoreTables::ListValues);
     }
 
+    std::optional<RegistryStamp> Stamp(RegistryRoot root) override {
+        return IsRoot(root) ? StoreOf(root).Stamp() : std::nullopt;
+    }
+
 private:
     StoreFile& StoreOf(RegistryRoot root) { return root == RegistryRoot::kCurrentUser ? m_user : m_machine; }
 

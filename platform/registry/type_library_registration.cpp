@@ -9,8 +9,18 @@ namespace {
 
 constexpr const wchar_t* kPlatform = sizeof(void*) == 8 ? L"\\0\\linux64" : L"\\0\\linux32";
 
+constexpr std::wstring_view kLibraries = L"TypeLib";
+
 std::wstring KeyOf(const GUID& library) {
-    return L"TypeLib\\" + GuidToText(library);
+    return std::wstring(kLibraries) + L"\\" + GuidToText(library);
+}
+
+HRESULT DeleteUnlessInUse(IRegistry& registry, std::wstring_view key, RegistrationError& error) {
+    std::vector<std::wstring> below;
+    const RegistryResult listed = registry.ListKeys(RegistryRoot::kClassesRoot, key, below);
+    if (listed == RegistryResult::kNotFound) return S_OK;
+    if (listed != RegistryResult::kDone) return KeyRefused(listed, L"read", key, error);
+    return below.empty() ? DeleteRegistration(registry, key, error) : S_OK;
 }
 
 }  // namespace
@@ -31,13 +41,12 @@ HRESULT WriteTypeLibraryRegistration(IRegistry& registry, const TypeLibraryRegis
 HRESULT DeleteTypeLibraryRegistration(IRegistry& registry, const TypeLibraryRegistration& of,
                                       RegistrationError& error) {
     const std::wstring key = KeyOf(of.id);
-    const HRESULT result = DeleteRegistration(registry, key + L"\\" + std::wstring(of.version), error);
-    if (FAILED(result)) return result;
-    std::vector<std::wstring> versions;
-    const RegistryResult listed = registry.ListKeys(RegistryRoot::kClassesRoot, key, versions);
-    if (listed == RegistryResult::kNotFound) return S_OK;
-    if (listed != RegistryResult::kDone) return KeyRefused(listed, L"read", key, error);
-    return versions.empty() ? DeleteRegistration(registry, key, error) : S_OK;
+    HRESULT result = DeleteRegistration(registry, key + L"\\" + std::wstring(of.version), error);
+    // Nothing of a library without a version, and no key for libraries where there is none.
+    for (const std::wstring_view each : {std::wstring_view(key), kLibraries}) {
+        if (SUCCEEDED(result)) result = DeleteUnlessInUse(registry, each, error);
+    }
+    return result;
 }
 
 }  // namespace hx

@@ -23,7 +23,7 @@ struct TypeLibraryRegistration {
 
 HX_PLATFORM_API HRESULT WriteTypeLibraryRegistration(IRegistry& registry, const TypeLibraryRegistration& of,
                                                      RegistrationError& error);
-// That version alone; behind the last one the library's key.
+// That version alone; behind the last one the library's key, and behind the last library that of all.
 HX_PLATFORM_API HRESULT DeleteTypeLibraryRegistration(IRegistry& registry, const TypeLibraryRegistration& of,
                                                       RegistrationError& error);
 

@@ -70,6 +70,11 @@ HRESULT UpdateLibraryRegistration(RegistrationAction action) noexcept {
         const ModuleHandle module = ThisModule();
         const std::shared_ptr<IRegistry> registry = Registry();
         RegistrationRun run = {*registry, action, *module, RegisteredPath(module->FileName())};
+        if (run.library.empty() && action == RegistrationAction::kRegister) {
+            run.error.text = L"the library lies where only a path that is no UTF-8 leads";
+            Tell({L"path", nullptr, kItsOwn}, run, E_FAIL);
+            return E_FAIL;
+        }
         for (const Step& step : kSteps) {
             const HRESULT result = TakeStep(step, run);
             if (FAILED(result)) return result;

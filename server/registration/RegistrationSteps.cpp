@@ -6,6 +6,7 @@
 #include "hxapi/HXScannerCtrlsClasses.h"
 #include "platform/registry/type_library_registration.h"
 #include "server/SettingsClasses.h"
+#include "server/TypeLibrary.h"
 
 namespace hx {
 namespace {
@@ -52,8 +53,9 @@ HRESULT UpdateSettingsClasses(RegistrationRun& run) {
 }
 
 HRESULT UpdateTypeLibrary(RegistrationRun& run) {
-    const TypeLibraryRegistration of = {LIBID_HXScannerCtrls, L"1.0", L"HXScannerCtrls 1.0 Type Library",
-                                        run.library};
+    const std::wstring version =
+        std::to_wstring(kTypeLibrary.major_version) + L"." + std::to_wstring(kTypeLibrary.minor_version);
+    const TypeLibraryRegistration of = {kTypeLibrary.libid, version, kTypeLibrary.description, run.library};
     return run.action == RegistrationAction::kRegister
                ? WriteTypeLibraryRegistration(run.registry, of, run.error)
                : DeleteTypeLibraryRegistration(run.registry, of, run.error);

@@ -41,7 +41,7 @@ const std::vector<Room>& Rooms() {
         {"apps/hxctl/", {"apps/hosting/", "settings/", "core/", "hxapi/", "platform/"}},
         {"apps/hosting/report/", {"core/", "hxapi/", "platform/"}},
         {"apps/", {"hxapi/", "platform/"}},
-        {"bench/", {"controls/", "preview/", "settings/", "core/", "hxapi/", "platform/"}},
+        {"bench/", {"server/", "controls/", "preview/", "settings/", "core/", "hxapi/", "platform/"}},
         {"fuzz/", {"simulator/", "settings/", "core/", "hxapi/", "platform/"}},
         {"tests/",
          {"fuzz/", "bench/allocations.h", "apps/hosting/", "apps/hxctl/", "apps/hxhost/", "server/",

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include <cstdlib>
+
 #include "apps/hxctl/record_json.h"
 #include "platform/system/utf8.h"
 #include "tests/settings/arbitrary_record.h"
@@ -11,6 +13,11 @@ namespace {
 
 // A record that is only ever read.
 constexpr size_t kNeverWritten = 1;
+
+#ifdef __SANITIZE_ADDRESS__
+// Ten times slower then.
+[[maybe_unused]] const int kRuns = setenv("RC_PARAMS", "max_success=40", 0);
+#endif
 
 TEST(WrittenRecords, AreReadBackWhateverTheirValues) {
     size_t took_part = 0;

@@ -13,7 +13,11 @@ namespace {
 
 using namespace hosted;
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr uint64_t kUsualSteps = 6000;
+#else
 constexpr uint64_t kUsualSteps = 12000;
+#endif
 constexpr size_t kStepsOfARun = 100;
 
 class PageMonkey : public WithMemoryRegistry {

@@ -55,7 +55,7 @@ private:
 TEST_F(PresetStoreKill, TheOldListOrTheNewOne) {
     ASSERT_EQ(Save(kKillLists[0], kModel, kKillOwner), S_OK);
     int seen[2] = {};
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 120; ++round) {
         ASSERT_NO_FATAL_FAILURE(RunAndKill("save", 3));
         const Loaded loaded = Load(kModel, kKillOwner);
         ASSERT_EQ(loaded.result, S_OK);

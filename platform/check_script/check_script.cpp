@@ -1,6 +1,6 @@
 // hxcheckscript [--module] FILE...: reads resource scripts as the library does: those of satellites, or those
-// that a module embeds, with the registration scripts beside them. Says where one is broken, in the form that
-// editors jump to, and exits with 1; silent if all is well.
+// that a module embeds, with the registration scripts and bitmaps beside them. Says where one is broken, in
+// the form that editors jump to, and exits with 1; silent if all is well.
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -43,6 +43,13 @@ bool CheckSatellite(const fs::path& path) {
                   error.resources.text.empty() ? L"cannot be read" : error.resources.text);
 }
 
+// Beside the script of that path.
+bool CheckBitmap(const fs::path& path, const std::wstring& file_name) {
+    const fs::path file = path.parent_path() / hx::ToUtf8(file_name);
+    std::string bytes;
+    return (!hx::ReadFile(file, bytes) && bytes.starts_with("BM")) || Refuse(file, 0, L"is no bitmap");
+}
+
 bool CheckModule(const fs::path& path) {
     const std::optional<std::wstring> script = ReadText(path);
     if (!script) return false;
@@ -56,8 +63,10 @@ bool CheckModule(const fs::path& path) {
         return text;
     };
     hx::ResourceError error;
-    if (hx::ReadResourceScript(*script, error, read_registration)) return is_well;
-    return Refuse(path, error.line, error.text);
+    const auto resources = hx::ReadResourceScript(*script, error, read_registration);
+    if (!resources) return Refuse(path, error.line, error.text);
+    for (const auto& [id, name] : resources->bitmaps) is_well = CheckBitmap(path, name) && is_well;
+    return is_well;
 }
 
 }  // namespace
