@@ -25,7 +25,7 @@ void Conformance::SetUpTestSuite() {
     setenv("HX_DATA", PathOf("../data").c_str(), 0);
     hx::SetRegistry(hx::MakeMemoryRegistry());
     for (const char* library : kLibraries) {
-        ASSERT_EQ(hx::RegisterComponentLibrary(*hx::FromUtf8(PathOf(library))), S_OK) << library;
+        ASSERT_EQ(hx::RegisterComponentLibrary(LibraryOf(library)), S_OK) << library;
     }
     hx::SetClassLookup(hx::MakeRegistryClassLookup());
 }
@@ -40,6 +40,10 @@ void Conformance::TearDown() {
     CoFreeUnusedLibraries();
     for (const char* library : kLibraries)
         EXPECT_FALSE(IsLoaded(library)) << "something is alive of " << library;
+}
+
+std::wstring Conformance::LibraryOf(const std::string& file_name) {
+    return *hx::FromUtf8(PathOf(file_name));
 }
 
 bool Conformance::IsLoaded(const std::string& library) {

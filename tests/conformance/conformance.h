@@ -10,11 +10,12 @@
 #include "tests/conformance/class_rows.h"
 
 class Conformance : public testing::Test {
-protected:
+public:
     static void SetUpTestSuite();
     static void TearDownTestSuite();
     void TearDown() override;
 
+    static std::wstring LibraryOf(const std::string& file_name);
     static bool IsLoaded(const std::string& library);
     static bool IsAnyLoaded();
 

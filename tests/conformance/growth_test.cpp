@@ -8,6 +8,7 @@
 
 #include "hxapi/HXSimulatorClasses.h"
 #include "hxapi/IProfileSettingsFactory.h"
+#include "platform/com/self_registration.h"
 #include "tests/conformance/conformance.h"
 
 namespace {
@@ -28,22 +29,34 @@ bool AreBytesCounted() {
     return counted;
 }
 
-TEST_F(Conformance, NothingIsLeftOfObjectsThatAreGone) {
+void NothingIsLeftOf(const ClassPromises& row, int creations) {
+    const auto factory = Conformance::FactoryOf(row.clsid);  // the library stays
+    const auto create = [&](int times) {
+        for (int i = 0; i < times; ++i) ASSERT_TRUE(Conformance::Create(row.clsid));
+    };
     const bool counted = AreBytesCounted();
-    ForEachClass([&](const ClassPromises& row) {
-        const auto factory = FactoryOf(row.clsid);  // the library stays
-        const auto create = [&](int times) {
-            for (int i = 0; i < times; ++i) ASSERT_TRUE(Create(row.clsid));
-        };
-        create(100);
-        const size_t before = BytesInUse();
-        create(counted ? row.creations : row.creations / 100);
-        // Less than the smallest block for every other object.
-        if (counted) {
-            EXPECT_LT(BytesInUse(), before + static_cast<size_t>(row.creations) * 8);
-        }
-        EXPECT_EQ(CountOf(*factory), 2u);
-    });
+    create(100);
+    const size_t before = BytesInUse();
+    create(counted ? creations : creations / 100);
+    // Less than the smallest block for every other object.
+    if (counted) {
+        EXPECT_LT(BytesInUse(), before + static_cast<size_t>(creations) * 8);
+    }
+    EXPECT_EQ(CountOf(*factory), 2u);
+}
+
+TEST_F(Conformance, NothingIsLeftOfObjectsThatAreGone) {
+    ForEachClass([&](const ClassPromises& row) { NothingIsLeftOf(row, row.creations); });
+}
+
+// That have no host whose language they would read first.
+TEST_F(Conformance, NothingIsLeftOfPagesAlone) {
+    const auto simulator = LibraryOf("HXSimulator.so");
+    ASSERT_EQ(hx::UnregisterComponentLibrary(simulator), S_OK);
+    for (const ClassPromises& row : AllClasses()) {
+        if (row.threading_model == L"Apartment") NothingIsLeftOf(row, 100'000);
+    }
+    EXPECT_EQ(hx::RegisterComponentLibrary(simulator), S_OK);
 }
 
 // Each thread has its own objects; the pages, which share what they edit, are all of the one thread of the
