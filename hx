@@ -14,7 +14,8 @@ usage: ./hx COMMAND
   bench [ARGS...]          compares speed with other libraries and prints ratios; --markdown FILE writes the tables
   fuzz TARGET [SECONDS]    feeds a target with arbitrary input (600 s if left out); TARGET: xml_document,
                            tagged_reader, tagged_optional_reader, resource_script, chain_document,
-                           registry_filers, records, properties, preset_file
+                           registration_script, registry_filers, records, properties, preset_file
+  package [FOLDER]         builds the Debian packages and puts them into FOLDER (build/packages if left out)
   docs                     writes docs/settings_format.md, from the tables of the records
   lint                     clang-format and clang-tidy over the whole tree
   ctl ARGS...              runs hxctl
@@ -23,10 +24,11 @@ TEXT
 
 TOOLS=(g++ cmake ninja-build)
 LIBRARIES=(libcli11-dev nlohmann-json3-dev libsqlite3-dev libicu-dev qt6-base-dev fonts-dejavu-core)
-TESTING=(libgtest-dev librapidcheck-dev binutils)
+TESTING=(libgtest-dev librapidcheck-dev binutils pkgconf dpkg-dev file)
 BENCHING=(libpugixml-dev libtinyxml2-dev libexpat1-dev libxml2-dev libcereal-dev libboost-dev
           libboost-serialization-dev)
 FUZZING=(clang libclang-rt-14-dev)
+PACKAGING=(dpkg-dev file desktop-file-utils appstream groff-base)
 LINTING=(clang-format clang-tidy git)
 
 # Installs those of the given packages that are missing, and says so.
@@ -90,9 +92,26 @@ run_demo() {
     hxctl keys list
     hxctl keys set 79 true
     hxctl keys get 79
+    demo_classes
     demo_scanner
     demo_log
     demo_page
+}
+
+# The component classes in a registry of their own: what is written when they are registered, and what stays of it.
+demo_classes() {
+    local folder
+    folder=$(mktemp -d build/demo-XXXXXX)
+    classes() { HX_REGISTRY=$folder/registry HX_DATA=$folder/data hxctl "$@"; }
+    say "The component libraries are registered ($folder), and their classes are listed:"
+    classes register
+    classes classes
+    say "The keys that they have in the registry:"
+    classes classes --tree
+    say "Unregistered again, they leave one path of keys:"
+    classes unregister
+    classes classes --tree
+    rm -r "$folder"
 }
 
 # The main job: the pages in the desktop host, whose window and profiles are the next time as they were left. Without a
@@ -248,6 +267,25 @@ golden_seeds() {
     esac
 }
 
+# The same commit gives the same packages: times in them are those of the commit.
+run_package() {
+    need "${TOOLS[@]}" "${LIBRARIES[@]}" "${PACKAGING[@]}"
+    local folder=${1:-build/packages} staging=build/package/packages page
+    export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || date +%s)}
+    desktop-file-validate packaging/desktop/hxhost.desktop
+    appstreamcli validate --no-net packaging/desktop/hxhost.metainfo.xml >&2
+    build package
+    for page in build/package/packaging/*.[18]; do
+        [ -z "$(groff -man -Tutf8 -ww -z "$page" 2>&1 | tee /dev/stderr)" ]
+    done
+    rm -rf "$staging"
+    cpack --config build/package/CPackConfig.cmake -B "$staging" >&2
+    mkdir -p "$folder"
+    rm -f "$folder"/hxscannerctrls*.deb
+    mv "$staging"/*.deb "$folder"
+    ls "$folder"/*.deb
+}
+
 # Written aside and then moved: a build that fails leaves the document as it is.
 run_docs() {
     need "${TOOLS[@]}" "${LIBRARIES[@]}"
@@ -265,7 +303,7 @@ run_lint() {
     git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror
     # The preset that builds with clang knows no flag that clang-tidy does not.
     cmake --preset fuzz >&2
-    git ls-files '*.cpp' | grep -vE '^(bench|fuzz|tests)/' | xargs -P "$(nproc)" -n 1 clang-tidy --quiet -p build/fuzz
+    git ls-files '*.cpp' | grep -vE '^(bench|fuzz|packaging|tests)/' | xargs -P "$(nproc)" -n 1 clang-tidy --quiet -p build/fuzz
 }
 
 command=${1:-}
@@ -279,6 +317,7 @@ case "$command" in
         build/bench/bin/hxbench "$@"
         ;;
     fuzz) run_fuzz "$@" ;;
+    package) run_package "$@" ;;
     docs) run_docs ;;
     lint) run_lint ;;
     ctl)

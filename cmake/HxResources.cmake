@@ -1,18 +1,31 @@
-# hx_module_resources(TARGET MODULE): the texts, dialogs and menus of a module, from the scripts of the calling folder.
-# MODULE.rc is embedded in whatever links TARGET, and MODULE_<tag>.rc lies beside it as the satellite of a language.
-# A script that cannot be read fails the build.
-function(hx_module_resources target module)
+# hx_module_resources(TARGET MODULE COMPONENT): the texts, dialogs and menus of a module, from the scripts of the calling
+# folder. MODULE.rc is embedded in whatever links TARGET, with the registration scripts (*.rgs) that it names;
+# MODULE_<tag>.rc lies beside it as the satellite of a language, and is installed with COMPONENT. A script that cannot be
+# read fails the build.
+function(hx_module_resources target module component)
     set(base ${CMAKE_CURRENT_SOURCE_DIR}/${module}.rc)
     set(version ${CMAKE_CURRENT_BINARY_DIR}/version.rc)
     set(HX_MODULE ${module})
     configure_file(${PROJECT_SOURCE_DIR}/resources/version.rc.in ${version} @ONLY)
 
+    # How the assembler lays them down, for embedded_scripts.cpp.
+    file(GLOB registrations CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.rgs)
+    file(GLOB bitmaps CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.bmp)
+    set(registration_table)
+    foreach(registration ${registrations})
+        get_filename_component(name ${registration} NAME)
+        string(APPEND registration_table
+            ".asciz \"${name}\"\n.quad 2f - 1f\n1: .incbin \"${registration}\"\n2:\n")
+    endforeach()
+    set(registration_file ${CMAKE_CURRENT_BINARY_DIR}/registrations.inc)
+    file(CONFIGURE OUTPUT ${registration_file} CONTENT "${registration_table}" @ONLY)
+
     set(checked ${CMAKE_CURRENT_BINARY_DIR}/embedded.checked)
     add_custom_command(
         OUTPUT ${checked}
-        COMMAND hxcheckscript ${base} ${version}
+        COMMAND hxcheckscript --module ${base} ${version}
         COMMAND ${CMAKE_COMMAND} -E touch ${checked}
-        DEPENDS hxcheckscript ${base} ${version}
+        DEPENDS hxcheckscript ${base} ${version} ${registrations} ${registration_file} ${bitmaps}
         COMMENT "Checking ${module}.rc"
         VERBATIM)
 
@@ -30,6 +43,7 @@ function(hx_module_resources target module)
             VERBATIM)
         list(APPEND satellites ${satellite})
     endforeach()
+    install(FILES ${satellites} DESTINATION ${HX_COMPONENT_DIR} COMPONENT ${component})
     add_custom_target(${target}_scripts ALL DEPENDS ${checked} ${satellites})
 
     # Compiled anew for each module: it carries this one's scripts.
@@ -38,6 +52,7 @@ function(hx_module_resources target module)
     target_link_libraries(${target} INTERFACE ${CMAKE_DL_LIBS})
     add_dependencies(${target} ${target}_scripts)
     set_source_files_properties(${embedded} PROPERTIES
-        COMPILE_DEFINITIONS "HX_SCRIPT=\"${base}\";HX_VERSION_SCRIPT=\"${version}\""
-        OBJECT_DEPENDS "${base};${version};${checked}")
+        COMPILE_DEFINITIONS
+            "HX_SCRIPT=\"${base}\";HX_VERSION_SCRIPT=\"${version}\";HX_REGISTRATIONS=\"${registration_file}\""
+        OBJECT_DEPENDS "${base};${version};${registrations};${registration_file};${checked}")
 endfunction()

@@ -32,6 +32,7 @@ std::span<const Target> Targets() {
         {"tagged_reader", &TaggedReader},
         {"tagged_optional_reader", &TaggedOptionalReader},
         {"resource_script", &ResourceScript},
+        {"registration_script", &RegistrationScript},
         {"chain_document", &ChainDocument},
         {"registry_filers", &RegistryFilers},
         {"records", &Records},

@@ -40,6 +40,8 @@ void TaggedReader(Input input);
 void TaggedOptionalReader(Input input);
 // Reads a resource script, writes what it means as a script, and reads that.
 void ResourceScript(Input input);
+// Registers and unregisters, each twice, what a registration script and a replacement say.
+void RegistrationScript(Input input);
 // Formats what another component says of its failure, and sends it on.
 void ChainDocument(Input input);
 // Writes and reads values of all types in groups of any name, in a registry in memory.

@@ -97,6 +97,8 @@ std::wstring Script(const hx::Resources& resources) {
     for (const auto& [id, dialog] : resources.dialogs) script += Dialog(id, dialog);
     for (const auto& [id, menu] : resources.menus) script += Number(id) + L" MENU " + Items(menu.items);
     if (!resources.version.empty()) script += Version(resources.version);
+    for (const auto& [id, file] : resources.registrations) script += Number(id) + L" REGISTRY " + Text(file);
+    for (const auto& [id, file] : resources.bitmaps) script += Number(id) + L" BITMAP " + Text(file);
     return script;
 }
 
@@ -105,7 +107,8 @@ std::wstring Script(const hx::Resources& resources) {
 void ResourceScript(Input input) {
     const std::wstring script = input.Text(SIZE_MAX);
     hx::ResourceError error;
-    const std::optional<hx::Resources> resources = hx::ReadResourceScript(script, error);
+    const auto name_of_file = [](const std::wstring& name) { return name; };
+    const std::optional<hx::Resources> resources = hx::ReadResourceScript(script, error, name_of_file);
     if (!resources) {
         const auto lines = static_cast<size_t>(std::count(script.begin(), script.end(), L'\n')) + 1;
         Require(error.line >= 1 && error.line <= lines, "an error is in a line of the script");
@@ -114,7 +117,8 @@ void ResourceScript(Input input) {
         return;
     }
     hx::VersionOf(*resources);
-    const std::optional<hx::Resources> again = hx::ReadResourceScript(Script(*resources), error);
+    const std::optional<hx::Resources> again =
+        hx::ReadResourceScript(Script(*resources), error, name_of_file);
     Require(again.has_value(), "what was read can be written as a script");
     Require(*again == *resources, "and is the same when read again");
 }

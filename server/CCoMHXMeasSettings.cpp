@@ -15,10 +15,12 @@ namespace {
 constexpr int32_t kExceptionKind = 10;
 constexpr const char* kSourceName = "CCoMHXMeasSettings";
 
+// Of ITriggerSource and what derives from it.
+template <class I>
 constexpr DispatchMember kMembers[] = {
-    DispatchMembersOf<ICoMHXMeasSettings>::Method<&ITriggerSource::SetMaximumTriggerFrequency>(
+    DispatchMembersOf<I>::template Method<&ITriggerSource::SetMaximumTriggerFrequency>(
         3, L"SetMaximumTriggerFrequency", L"frequency"),
-    DispatchMembersOf<ICoMHXMeasSettings>::Method<&ITriggerSource::SetMinimumTriggerFrequency>(
+    DispatchMembersOf<I>::template Method<&ITriggerSource::SetMinimumTriggerFrequency>(
         4, L"SetMinimumTriggerFrequency", L"frequency"),
 };
 
@@ -33,7 +35,9 @@ HRESULT HandOut(const MErrorLocation& location, MException& exception) {
 }  // namespace
 
 constinit const DispatchType CCoMHXMeasSettings::kDispatchType{L"ICoMHXMeasSettings", IID_ICoMHXMeasSettings,
-                                                               kMembers};
+                                                               kMembers<ICoMHXMeasSettings>};
+constinit const DispatchType CCoMHXMeasSettings::kTriggerSourceType{L"ITriggerSource", IID_ITriggerSource,
+                                                                    kMembers<ITriggerSource>};
 
 HRESULT CCoMHXMeasSettings::ReadXmlBstr(BSTR xml) {
     const MFlowScope scope("CCoMHXMeasSettings::ReadXmlBstr", kSourceName, 50);

@@ -22,6 +22,7 @@ class CCoMHXMeasSettings final
                                 ITriggerSource, IDispatch, ISupportErrorInfo, IGetPointer> {
 public:
     static const DispatchType kDispatchType;
+    static const DispatchType kTriggerSourceType;
 
     HRESULT STDMETHODCALLTYPE ReadXmlBstr(BSTR xml) override;
     HRESULT STDMETHODCALLTYPE WriteXmlBstr(BSTR* xml) override;

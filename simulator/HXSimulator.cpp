@@ -1,6 +1,8 @@
 // The simulator's entry points and its class table.
 #include "hxapi/HXSimulatorClasses.h"
 #include "platform/com/class_table.h"
+#include "platform/module/this_module.h"
+#include "platform/registry/class_registration.h"
 #include "simulator/api/ApiObject.h"
 #include "simulator/api/InitialiserObject.h"
 #include "simulator/api/RecorderObject.h"
@@ -25,6 +27,11 @@ hx::ModuleClasses& Classes() {
     return classes;
 }
 
+HRESULT UpdateRegistry(hx::RegistrationAction action) {
+    return hx::AtBoundary(
+        [&] { return hx::RegisterClassRows(kClasses, hx::ThisModule()->FileName(), action); });
+}
+
 }  // namespace
 
 // A class factory of this library, [caller owns]. Any thread. CLASS_E_CLASSNOTAVAILABLE for a class that is
@@ -38,4 +45,13 @@ STDAPI DllCanUnloadNow() {
     const HRESULT result = Classes().CanUnloadNow();
     if (result == S_OK) JoinRetiredThreads();
     return result;
+}
+
+// The classes are entered in the registry of the machine, or removed. S_OK, SELFREG_E_CLASS, E_OUTOFMEMORY.
+STDAPI DllRegisterServer() {
+    return UpdateRegistry(hx::RegistrationAction::kRegister);
+}
+
+STDAPI DllUnregisterServer() {
+    return UpdateRegistry(hx::RegistrationAction::kUnregister);
 }

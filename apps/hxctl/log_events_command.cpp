@@ -1,6 +1,7 @@
 // hxctl log --events: what the component library's event store holds after a short session with it.
 #include <filesystem>
 
+#include "apps/hosting/HowToRegister.h"
 #include "apps/hosting/SettingsObject.h"
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/json.h"
@@ -41,7 +42,8 @@ Outcome RunLogEvents(const std::string& file, bool json) {
     const hosting::CalledLast answer = UseSettings();
     CoFreeUnusedLibraries();
     if (FAILED(answer.result)) {
-        return Refused(std::string(answer.operation) + " answered " + NamedResult(answer.result));
+        return Refused(std::string(answer.operation) + " answered " + NamedResult(answer.result) +
+                       hosting::HowToRegister(answer.result));
     }
     std::string dump;
     const bool is_there = std::filesystem::is_regular_file(std::filesystem::symlink_status(path, error));

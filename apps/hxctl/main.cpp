@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "apps/hxctl/classes/classes_arguments.h"
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/page/page_arguments.h"
 #include "apps/hxctl/registry_reports.h"
@@ -28,6 +29,7 @@ public:
         AddException(app);
         AddKeys(app);
         AddLog(app);
+        m_classes.Add(app);
         m_scanner.Add(app);
         m_page.Add(app);
         m_screenshot.Add(app);
@@ -155,6 +157,7 @@ private:
     std::string m_events_file;
     bool m_tree = false;
     bool m_json = false;
+    hxctl::ClassesArguments m_classes{m_run, m_json};
     hxctl::ScannerArguments m_scanner{m_run, m_json};
     hxctl::PageArguments m_page{m_run, m_json};
     hxctl::ScreenshotArguments m_screenshot{m_run, m_json};

@@ -1,5 +1,6 @@
 // hxctl settings: a settings object as the scanner API uses it, created through the component library.
 
+#include "apps/hosting/HowToRegister.h"
 #include "apps/hosting/SettingsObject.h"
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/json.h"
@@ -48,7 +49,8 @@ Outcome RunSettings(const SettingsRequest& request, bool json) {
     CoFreeUnusedLibraries();
 
     if (FAILED(answer.result)) {
-        outcome = Refused(std::string(answer.operation) + " answered " + NamedResult(answer.result));
+        outcome = Refused(std::string(answer.operation) + " answered " + NamedResult(answer.result) +
+                          hosting::HowToRegister(answer.result));
         if (!codes.empty()) outcome.reason += "\nError codes:\n" + codes;
     }
     if (json) {

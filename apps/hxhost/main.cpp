@@ -3,6 +3,7 @@
 #include <cmath>
 #include <iostream>
 
+#include "apps/hosting/HowToRegister.h"
 #include "apps/hxhost/HostDialog.h"
 #include "apps/hxhost/host_options.h"
 #include "apps/hxhost/picture.h"
@@ -56,7 +57,8 @@ int Run(const hxhost::HostOptions& options) {
     hxhost::SimulatedScanner scanner;
     const auto locale = hx::FromUtf8(options.locale);
     if (const HRESULT result = scanner.Create(*locale); FAILED(result)) {
-        return Refuse("no simulated scanner: " + hx::ToUtf8(hxhost::NameOf(result)));
+        return Refuse("no simulated scanner: " + hx::ToUtf8(hxhost::NameOf(result)) +
+                      hosting::HowToRegister(result));
     }
     // A picture looks the same whatever was done before.
     hxhost::WindowMemory memory = options.picture.empty() ? hxhost::LoadMemory() : hxhost::WindowMemory();

@@ -1,9 +1,11 @@
 // The members of DHXConfigCtrl, and the properties that every control has, as they are called by name and
-// number. For ConfigCtrl, which is `Control` and gives its StockTexts; on its thread.
+// number. For ConfigCtrl, which is `Control` and gives its StockTexts; `void` stands for any object with the
+// interface, as the type library describes it. On the object's thread.
 #pragma once
 
 #include <array>
 #include <string>
+#include <type_traits>
 
 #include "hxapi/DHXConfigCtrl.h"
 #include "platform/com/dispatch_type.h"
@@ -23,6 +25,13 @@ HRESULT WriteStockText(std::wstring& text, const VARIANT& value);
 // Initialise of a DHXConfigCtrl; an exception becomes error information.
 HRESULT CallInitialise(void* object, const VARIANT* arguments, VARIANT* result);
 
+// Through the object's own IDispatch: whose the texts are is not known.
+HRESULT ReadProperty(void* object, DISPID id, VARIANT* value);
+HRESULT WriteProperty(void* object, DISPID id, const VARIANT& value);
+
+// All that pages have.
+extern const DispatchType kConfigCtrlType;
+
 template <class Control>
 class ConfigDispatch {
 public:
@@ -39,24 +48,35 @@ private:
     static StockTexts& TextsOf(void* object) {
         return static_cast<Control*>(static_cast<DHXConfigCtrl*>(object))->Texts();
     }
-    template <StockText text>
-    static constexpr DispatchMember Get(DISPID id, const wchar_t* name) {
-        return {
-            id, name, INVOKE_PROPERTYGET, 0, {}, VT_BSTR, [](void* object, const VARIANT*, VARIANT* result) {
-                return ReadStockText(TextsOf(object).*text, result);
-            }};
+    template <StockText text, DISPID id>
+    static HRESULT Read(void* object, const VARIANT*, VARIANT* result) {
+        if constexpr (std::is_void_v<Control>) {
+            return ReadProperty(object, id, result);
+        } else {
+            return ReadStockText(TextsOf(object).*text, result);
+        }
     }
-    template <StockText text>
-    static constexpr DispatchMember Put(DISPID id, const wchar_t* name) {
+    template <StockText text, DISPID id>
+    static HRESULT Write(void* object, const VARIANT* arguments, VARIANT*) {
+        if constexpr (std::is_void_v<Control>) {
+            return WriteProperty(object, id, arguments[0]);
+        } else {
+            return WriteStockText(TextsOf(object).*text, arguments[0]);
+        }
+    }
+    template <StockText text, DISPID id>
+    static constexpr DispatchMember Get(const wchar_t* name) {
+        return {id, name, INVOKE_PROPERTYGET, 0, {}, VT_BSTR, &Read<text, id>};
+    }
+    template <StockText text, DISPID id>
+    static constexpr DispatchMember Put(const wchar_t* name) {
         return {id,
                 name,
                 INVOKE_PROPERTYPUT,
                 1,
                 {DispatchParameter{nullptr, VT_BSTR}},
                 VT_VOID,
-                [](void* object, const VARIANT* arguments, VARIANT*) {
-                    return WriteStockText(TextsOf(object).*text, arguments[0]);
-                }};
+                &Write<text, id>};
     }
     static constexpr DispatchMember Initialise() {
         DispatchMember row = Rows::Method<&DHXConfigCtrl::Initialise>(
@@ -77,10 +97,10 @@ private:
 
     // Initialise is the last: not every page has it.
     static constexpr std::array kMembers = {
-        Get<&StockTexts::caption>(DISPID_CAPTION, L"Caption"),
-        Put<&StockTexts::caption>(DISPID_CAPTION, L"Caption"),
-        Get<&StockTexts::text>(DISPID_TEXT, L"Text"),
-        Put<&StockTexts::text>(DISPID_TEXT, L"Text"),
+        Get<&StockTexts::caption, DISPID_CAPTION>(L"Caption"),
+        Put<&StockTexts::caption, DISPID_CAPTION>(L"Caption"),
+        Get<&StockTexts::text, DISPID_TEXT>(L"Text"),
+        Put<&StockTexts::text, DISPID_TEXT>(L"Text"),
         Rows::Method<&DHXConfigCtrl::SetSettingsObjectMap>(DISPID_HXCONFIG_SETSETTINGSOBJECTMAP,
                                                            L"SetSettingsObjectMap", L"pSettings"),
         Rows::Method<&DHXConfigCtrl::OnSelected>(DISPID_HXCONFIG_ONSELECTED, L"OnSelected"),

@@ -8,6 +8,11 @@
 
 namespace hx {
 
+// Which is also what they are registered with.
+inline constexpr uint32_t kPageMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
+                                            OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
+                                            OLEMISC_SETCLIENTSITEFIRST;
+
 inline constexpr ui::ControlVerb kPageVerbs[] = {
     {OLEIVERB_PROPERTIES, L"Properties", 0, 0},
     {1, L"Properties", 0, OLEVERBATTRIB_ONCONTAINERMENU},
@@ -18,10 +23,7 @@ inline constexpr CLSID kPagePropertyPages[] = {CLSID_HXScannerMeasSettingsPropPa
 // The first size is what the page's template takes in its usual font.
 constexpr ui::FullControlClass PageControlClass(const CLSID& clsid, const wchar_t* type_name,
                                                 const ui::Size& first_size) {
-    return {{clsid, type_name,
-             OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
-                 OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST,
-             ui::ToHimetric(first_size)},
+    return {{clsid, type_name, kPageMiscStatus, ui::ToHimetric(first_size)},
             0x00010000,
             kPageVerbs,
             kPagePropertyPages,

@@ -1,5 +1,5 @@
 // What the catalog declares about one key: a row of its table. The rows stand in the ...Keys.h beside this
-// file, MRegistryKeyLib gathers them; new keys are described in docs/add_a_registry_key.md. Any thread.
+// file, MRegistryKeyLib gathers them; new keys are described in docs/add_a_key.md. Any thread.
 #pragma once
 
 #include <cstdint>

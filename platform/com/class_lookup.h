@@ -18,6 +18,8 @@ struct ClassEntry {
     std::wstring version_independent_prog_id;  // empty if it has none
     std::wstring threading_model;              // empty if it does not say
     std::wstring library;                      // absolute path
+    std::wstring description;                  // for people; empty if it has none
+    bool is_registered = false;                // or only listed in a text table
 };
 
 class IClassLookup {

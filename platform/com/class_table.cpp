@@ -74,8 +74,6 @@ private:
     std::atomic<uint32_t> m_references{1};
 };
 
-ModuleClasses::ModuleClasses(std::span<const ClassRow> rows) : m_rows(rows), m_factories(rows.size()) {}
-
 ModuleClasses::~ModuleClasses() {
     for (ClassFactory* factory : m_factories) {
         if (factory) factory->Drop();
@@ -95,6 +93,7 @@ HRESULT ModuleClasses::GetClassObject(REFCLSID clsid, REFIID iid, void** object)
 }
 
 ClassFactory& ModuleClasses::FactoryOf(const ClassRow& row) {
+    if (m_factories.empty()) m_factories.resize(m_rows.size());
     ClassFactory*& factory = m_factories[static_cast<size_t>(&row - m_rows.data())];
     if (!factory) factory = new ClassFactory(row);
     return *factory;

@@ -47,7 +47,7 @@ class ClassFactory;
 
 class ModuleClasses {
 public:
-    explicit ModuleClasses(std::span<const ClassRow> rows);
+    explicit ModuleClasses(std::span<const ClassRow> rows) noexcept : m_rows(rows) {}
     ModuleClasses(const ModuleClasses&) = delete;
     ModuleClasses& operator=(const ModuleClasses&) = delete;
     ~ModuleClasses();
@@ -68,7 +68,7 @@ private:
 
     std::span<const ClassRow> m_rows;
     std::mutex m_mutex;
-    std::vector<ClassFactory*> m_factories;  // one per row, null until first asked for
+    std::vector<ClassFactory*> m_factories;  // none yet, or one per row; null until asked for
 };
 
 }  // namespace hx

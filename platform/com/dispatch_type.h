@@ -48,11 +48,14 @@ struct DispatchMember {
     HRESULT (*call)(void* object, const VARIANT* arguments, VARIANT* result);
 };
 
-// What is described lives as long as the library.
+// What is described lives as long as the library. An interface that is a vtable only has the kind
+// TKIND_INTERFACE and no flags; its members are not described.
 struct DispatchType {
     const wchar_t* name;
     IID iid;
     std::span<const DispatchMember> members;
+    TYPEKIND kind = TKIND_DISPATCH;
+    WORD flags = TYPEFLAG_FDUAL | TYPEFLAG_FDISPATCHABLE;
 };
 
 // How a parameter of type T travels.

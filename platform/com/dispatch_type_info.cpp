@@ -1,8 +1,9 @@
-// The description of a dispatch interface as an object: ITypeInfo over the table of its members. What the
-// table does not hold is answered as a type library without it would.
+// The description of an interface as an object: ITypeInfo over the table of its members. What the table does
+// not hold is answered as a type library without it would.
 #include "platform/com/boundary.h"
-#include "platform/com/class_table.h"
 #include "platform/com/dispatch_type.h"
+#include "platform/com/type_info_base.h"
+#include "platform/com/type_library.h"
 
 #include <algorithm>
 #include <memory>
@@ -43,22 +44,7 @@ struct MemberDescription {
     std::array<TYPEDESC, kMostDispatchParameters> elements{};
 };
 
-HRESULT Copy(const wchar_t* text, BSTR* copy) {
-    *copy = SysAllocString(text);
-    return *copy ? S_OK : E_OUTOFMEMORY;
-}
-
-// Gives nothing for what is asked. Outputs may be omitted.
-template <class... Outputs>
-HRESULT Nothing(HRESULT result, Outputs*... outputs) {
-    const auto clear = [](auto* output) {
-        if (output) *output = {};
-    };
-    (clear(outputs), ...);
-    return result;
-}
-
-class TypeInfo final : public Implements<TypeInfo, FreeThreaded, ITypeInfo> {
+class TypeInfo final : public TypeInfoBase<TypeInfo> {
 public:
     explicit TypeInfo(const DispatchType& type) : m_type(type) {}
 
@@ -70,15 +56,14 @@ public:
             made->guid = m_type.iid;
             made->memidConstructor = made->memidDestructor = MEMBERID_NIL;
             made->cbSizeInstance = made->cbAlignment = sizeof(void*);
-            made->typekind = TKIND_DISPATCH;
+            made->typekind = m_type.kind;
             made->cFuncs = static_cast<WORD>(m_type.members.size());
-            made->wTypeFlags = TYPEFLAG_FDUAL | TYPEFLAG_FDISPATCHABLE;
+            made->wTypeFlags = m_type.flags;
             made->wMajorVerNum = 1;
             *attributes = made.release();
             return S_OK;
         });
     }
-    void STDMETHODCALLTYPE ReleaseTypeAttr(TYPEATTR* attributes) override { delete attributes; }
 
     HRESULT STDMETHODCALLTYPE GetFuncDesc(UINT index, FUNCDESC** description) override {
         if (!description) return E_POINTER;
@@ -104,7 +89,7 @@ public:
         const UINT known = std::min(room, named + 1);
         while (*count < known) {
             const UINT i = *count;
-            const HRESULT copied = Copy(i == 0 ? row->name : row->parameters[i - 1].name, &names[i]);
+            const HRESULT copied = CopyText(i == 0 ? row->name : row->parameters[i - 1].name, &names[i]);
             if (FAILED(copied)) {
                 for (; *count > 0; --*count) SysFreeString(std::exchange(names[*count - 1], nullptr));
                 return copied;
@@ -115,10 +100,10 @@ public:
     }
     HRESULT STDMETHODCALLTYPE GetDocumentation(MEMBERID member, BSTR* name, BSTR* text, DWORD* help_context,
                                                BSTR* help_file) override {
-        Nothing(S_OK, name, text, help_context, help_file);
+        GiveNothing(S_OK, name, text, help_context, help_file);
         const DispatchMember* const row = Find(member);
         if (!row && member != MEMBERID_NIL) return TYPE_E_ELEMENTNOTFOUND;
-        return name ? Copy(row ? row->name : m_type.name, name) : S_OK;
+        return name ? CopyText(row ? row->name : m_type.name, name) : S_OK;
     }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(LPOLESTR* names, UINT count, MEMBERID* ids) override {
         return IdsOfNames(m_type, names, count, ids);
@@ -128,36 +113,8 @@ public:
         return InvokeMember(m_type, instance, member, flags, arguments, result, exception, bad_argument);
     }
 
-    // There are no variables, base types, entry points and classes in it, and no library around it.
-    HRESULT STDMETHODCALLTYPE GetVarDesc(UINT, VARDESC** description) override {
-        return Nothing(TYPE_E_ELEMENTNOTFOUND, description);
-    }
-    void STDMETHODCALLTYPE ReleaseVarDesc(VARDESC*) override {}
-    HRESULT STDMETHODCALLTYPE GetRefTypeOfImplType(UINT, HREFTYPE* type) override {
-        return Nothing(TYPE_E_ELEMENTNOTFOUND, type);
-    }
-    HRESULT STDMETHODCALLTYPE GetImplTypeFlags(UINT, INT* flags) override {
-        return Nothing(TYPE_E_ELEMENTNOTFOUND, flags);
-    }
-    HRESULT STDMETHODCALLTYPE GetRefTypeInfo(HREFTYPE, ITypeInfo** info) override {
-        return Nothing(TYPE_E_ELEMENTNOTFOUND, info);
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeComp(ITypeComp** compiler) override {
-        return Nothing(E_NOTIMPL, compiler);
-    }
-    HRESULT STDMETHODCALLTYPE GetDllEntry(MEMBERID, INVOKEKIND, BSTR* library, BSTR* name,
-                                          WORD* ordinal) override {
-        return Nothing(E_NOTIMPL, library, name, ordinal);
-    }
-    HRESULT STDMETHODCALLTYPE AddressOfMember(MEMBERID, INVOKEKIND, void** address) override {
-        return Nothing(E_NOTIMPL, address);
-    }
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID, void** object) override {
-        return Nothing(E_NOTIMPL, object);
-    }
-    HRESULT STDMETHODCALLTYPE GetMops(MEMBERID, BSTR* mops) override { return Nothing(E_NOTIMPL, mops); }
     HRESULT STDMETHODCALLTYPE GetContainingTypeLib(ITypeLib** library, UINT* index) override {
-        return Nothing(E_NOTIMPL, library, index);
+        return ContainingLibrary(m_type.iid, library, index);
     }
 
 private:
@@ -166,7 +123,6 @@ private:
         return row != m_type.members.end() ? &*row : nullptr;
     }
 
-    ModuleLock m_module_lock;  // the table lies in the library
     const DispatchType& m_type;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/com/errorinfo.h"
 
+#include <string>
 #include <utility>
 
 #include "platform/com/boundary.h"
@@ -82,4 +83,15 @@ HRESULT GetErrorInfo(ULONG reserved, IErrorInfo** info) {
     if (reserved != 0) return E_INVALIDARG;
     *info = t_error_info.detach();
     return *info ? S_OK : S_FALSE;
+}
+
+void hx::LeaveErrorInfo(std::wstring_view source, std::wstring_view description) noexcept {
+    const HRESULT left = AtBoundary([&] {
+        const auto info = Make<ErrorInfo>();
+        HRESULT result = info->SetSource(std::wstring(source).data());
+        if (SUCCEEDED(result)) result = info->SetDescription(std::wstring(description).data());
+        if (SUCCEEDED(result)) result = SetErrorInfo(0, info.get());
+        return result;
+    });
+    if (FAILED(left)) SetErrorInfo(0, nullptr);
 }

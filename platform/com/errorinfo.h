@@ -4,6 +4,8 @@
 // called.
 #pragma once
 
+#include <string_view>
+
 #include "platform/com/bstr.h"
 #include "platform/com/unknown.h"
 
@@ -43,3 +45,11 @@ HX_PLATFORM_API HRESULT SetErrorInfo(ULONG reserved, IErrorInfo* info);
 
 // Hands this thread's error information to the caller and forgets it; S_FALSE and null if there is none.
 HX_PLATFORM_API HRESULT GetErrorInfo(ULONG reserved, IErrorInfo** info);
+
+namespace hx {
+
+// This thread's error information becomes a new one of that source and description; without memory, none: an
+// older failure's must not pass for this one's.
+HX_PLATFORM_API void LeaveErrorInfo(std::wstring_view source, std::wstring_view description) noexcept;
+
+}  // namespace hx

@@ -13,6 +13,7 @@
 #include "platform/com/boundary.h"
 #include "platform/com/class_files.h"
 #include "platform/com/comptr.h"
+#include "platform/com/library_unloading.h"
 #include "platform/com/usual_class_lookup.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
@@ -47,16 +48,32 @@ Loader& TheLoader() {
     return loader;
 }
 
+bool FindEntryPoints(void* handle, Library& library) {
+    library.handle = handle;
+    library.get_class_object = reinterpret_cast<GetClassObjectFunction>(dlsym(handle, "DllGetClassObject"));
+    library.can_unload_now = reinterpret_cast<CanUnloadNowFunction>(dlsym(handle, "DllCanUnloadNow"));
+    return library.get_class_object && library.can_unload_now;
+}
+
 HRESULT Load(const std::string& path, Library& library) {
     if (access(path.c_str(), F_OK) != 0) return CO_E_DLLNOTFOUND;
     void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!handle) return CO_E_ERRORINDLL;
-    library.handle = handle;
-    library.get_class_object = reinterpret_cast<GetClassObjectFunction>(dlsym(handle, "DllGetClassObject"));
-    library.can_unload_now = reinterpret_cast<CanUnloadNowFunction>(dlsym(handle, "DllCanUnloadNow"));
-    if (library.get_class_object && library.can_unload_now) return S_OK;
+    if (FindEntryPoints(handle, library)) return S_OK;
     dlclose(handle);
     return CO_E_ERRORINDLL;
+}
+
+// One handle is enough of a library that the loader has loaded already.
+void KeepOnce(Library library) {
+    Loader& loader = TheLoader();
+    const std::lock_guard guard(loader.mutex);
+    for (const Library& loaded : loader.libraries) {
+        if (loaded.handle != library.handle) continue;
+        dlclose(library.handle);
+        return;
+    }
+    loader.libraries.push_back(std::move(library));
 }
 
 // Holds a library in memory while a call is in it. The count of the library's own objects is not enough: it
@@ -177,6 +194,20 @@ void CoFreeUnusedLibraries() {
 }
 
 namespace hx {
+
+void UnloadWhenUnused(const std::string& path, void* handle) noexcept {
+    try {
+        Library library{path};
+        const bool is_component_library = FindEntryPoints(handle, library);
+        if (!library.can_unload_now || library.can_unload_now() == S_OK) {
+            dlclose(handle);
+        } else if (is_component_library) {
+            KeepOnce(std::move(library));
+        }
+    } catch (...) {
+        // Without memory it stays loaded.
+    }
+}
 
 void SetClassLookup(std::shared_ptr<IClassLookup> lookup) {
     Loader& loader = TheLoader();

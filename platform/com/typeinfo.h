@@ -11,7 +11,7 @@ using MEMBERID = DISPID;
 using HREFTYPE = DWORD;
 inline constexpr MEMBERID MEMBERID_NIL = DISPID_UNKNOWN;
 
-enum TYPEKIND : int32_t { TKIND_DISPATCH = 4 };
+enum TYPEKIND : int32_t { TKIND_INTERFACE = 3, TKIND_DISPATCH = 4, TKIND_COCLASS = 5 };
 enum FUNCKIND : int32_t { FUNC_DISPATCH = 4 };
 enum CALLCONV : int32_t { CC_STDCALL = 4 };
 enum INVOKEKIND : int32_t {
@@ -20,9 +20,16 @@ enum INVOKEKIND : int32_t {
     INVOKE_PROPERTYPUT = DISPATCH_PROPERTYPUT,
 };
 
+inline constexpr WORD TYPEFLAG_FCANCREATE = 0x2;
+inline constexpr WORD TYPEFLAG_FCONTROL = 0x20;
 // A vtable and an IDispatch that do the same.
 inline constexpr WORD TYPEFLAG_FDUAL = 0x40;
 inline constexpr WORD TYPEFLAG_FDISPATCHABLE = 0x1000;
+
+// What an interface is to a class: the one that is meant by its name; one that the class calls.
+inline constexpr INT IMPLTYPEFLAG_FDEFAULT = 0x1;
+inline constexpr INT IMPLTYPEFLAG_FSOURCE = 0x2;
+
 inline constexpr USHORT PARAMFLAG_FIN = 0x1;
 
 // The type of a parameter, or what a VT_PTR points at, or of what a VT_SAFEARRAY is.
@@ -93,6 +100,7 @@ struct ITypeInfo : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE GetVarDesc(UINT index, VARDESC** description) = 0;
     // The member's name, then those of its parameters, as many as there is room for. [caller owns each]
     virtual HRESULT STDMETHODCALLTYPE GetNames(MEMBERID member, BSTR* names, UINT room, UINT* count) = 0;
+    // Of a class: its interfaces, as numbers for GetRefTypeInfo, and IMPLTYPEFLAG_...
     virtual HRESULT STDMETHODCALLTYPE GetRefTypeOfImplType(UINT index, HREFTYPE* type) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetImplTypeFlags(UINT index, INT* flags) = 0;
     // As IDispatch has them; `instance` is the described interface of an object.
@@ -107,8 +115,10 @@ struct ITypeInfo : IUnknown {
                                                   WORD* ordinal) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetRefTypeInfo(HREFTYPE type, ITypeInfo** info) = 0;
     virtual HRESULT STDMETHODCALLTYPE AddressOfMember(MEMBERID member, INVOKEKIND kind, void** address) = 0;
+    // Of a class: a new object, as CoCreateInstance makes it.
     virtual HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetMops(MEMBERID member, BSTR* mops) = 0;
+    // The library that lists the type, and where. [caller owns *library]
     virtual HRESULT STDMETHODCALLTYPE GetContainingTypeLib(ITypeLib** library, UINT* index) = 0;
     virtual void STDMETHODCALLTYPE ReleaseTypeAttr(TYPEATTR* attributes) = 0;
     virtual void STDMETHODCALLTYPE ReleaseFuncDesc(FUNCDESC* description) = 0;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 // The file names are those of the build, which also makes anew what changes (cmake/HxResources.cmake).
 asm(R"(
@@ -16,6 +17,11 @@ hx_script_end:
 hx_version_script:
     .incbin ")" HX_VERSION_SCRIPT R"("
 hx_version_script_end:
+    .globl hx_registrations
+    .hidden hx_registrations
+hx_registrations:
+    .include ")" HX_REGISTRATIONS R"("
+    .byte 0
     .balign 8
     .globl hx_script_sizes
     .hidden hx_script_sizes
@@ -29,6 +35,8 @@ extern "C" {
 [[gnu::visibility("hidden")]] extern const char hx_script[];
 [[gnu::visibility("hidden")]] extern const char hx_version_script[];
 [[gnu::visibility("hidden")]] extern const uint64_t hx_script_sizes[2];
+// Name, NUL, size and text of each, with nothing in between; an empty name behind the last.
+[[gnu::visibility("hidden")]] extern const char hx_registrations[];
 }
 
 namespace hx {
@@ -39,6 +47,19 @@ std::string_view EmbeddedScript() {
 
 std::string_view EmbeddedVersionScript() {
     return {hx_version_script, static_cast<size_t>(hx_script_sizes[1])};
+}
+
+std::optional<std::string_view> EmbeddedRegistration(std::string_view file_name) {
+    for (const char* at = hx_registrations; *at != '\0';) {
+        const std::string_view name = at;
+        uint64_t size = 0;
+        at += name.size() + 1;
+        std::memcpy(&size, at, sizeof size);
+        at += sizeof size;
+        if (name == file_name) return std::string_view(at, static_cast<size_t>(size));
+        at += size;
+    }
+    return std::nullopt;
 }
 
 }  // namespace hx

@@ -1,14 +1,17 @@
-// The resource scripts that the build puts into the module which this code is linked into, as UTF-8 text. For
-// this_module.cpp; any thread.
+// The resource scripts and registration scripts that the build puts into the module which this code is linked
+// into, as UTF-8 text. For this_module.cpp; any thread.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 namespace hx {
 
-// resources/HXScannerCtrls.rc: everything that people read.
+// As resources/HXScannerCtrls.rc: everything that people read.
 std::string_view EmbeddedScript();
 // The version resource, which the build makes from the project's version.
 std::string_view EmbeddedVersionScript();
+// The file *.rgs of that name which lies beside the module's script; nothing if there is none.
+std::optional<std::string_view> EmbeddedRegistration(std::string_view file_name);
 
 }  // namespace hx

@@ -11,7 +11,7 @@ namespace {
 // Reads a script statement by statement; each id of one kind stands once.
 class ScriptReader {
 public:
-    explicit ScriptReader(std::wstring_view script) : m_parser(script) {}
+    ScriptReader(std::wstring_view script, const ResourceFiles& files) : m_parser(script), m_files(files) {}
 
     Resources Read() {
         while (true) {
@@ -66,24 +66,53 @@ private:
             if (id != 1) throw ScriptError{line, L"version information has the id 1 (VS_VERSION_INFO)"};
             Enter(m_versions, id, line);
             m_resources.version = ReadVersion(m_parser);
+        } else if (m_parser.AcceptWord(L"REGISTRY")) {
+            Enter(m_registrations, id, line);
+            m_resources.registrations.emplace(id, ReadRegistration(line));
+        } else if (m_parser.AcceptWord(L"BITMAP")) {
+            Enter(m_bitmaps, id, line);
+            m_resources.bitmaps.emplace(id, ReadFileName(line, L"bitmap", L".bmp"));
         } else {
-            m_parser.FailExpected(L"DIALOGEX, MENU or VERSIONINFO");
+            m_parser.FailExpected(L"DIALOGEX, MENU, VERSIONINFO, REGISTRY or BITMAP");
         }
     }
 
+    // Of what the build takes from files beside the module's script.
+    std::wstring ReadFileName(uint32_t line, const std::wstring& what, const std::wstring& extension) {
+        if (!m_files) throw ScriptError{line, L"only a module itself holds " + what + L"s"};
+        m_parser.SkipAttributes();
+        std::wstring name = m_parser.ExpectText(L"the file of a " + what);
+        if (!name.ends_with(extension) || name.find_first_of(L"/\\") != std::wstring::npos) {
+            throw ScriptError{line, L"a " + what + L" is a file *" + extension +
+                                        L" that lies beside this one, not " + Quoted(name)};
+        }
+        return name;
+    }
+
+    std::wstring ReadRegistration(uint32_t line) {
+        const std::wstring name = ReadFileName(line, L"registration script", L".rgs");
+        std::optional<std::wstring> text = m_files(name);
+        if (!text) throw ScriptError{line, L"the registration script " + Quoted(name) + L" cannot be read"};
+        return std::move(*text);
+    }
+
     ScriptParser m_parser;
+    const ResourceFiles& m_files;
     Resources m_resources;
     Kind m_strings{L"string", {}};
     Kind m_dialogs{L"dialog", {}};
     Kind m_menus{L"menu", {}};
     Kind m_versions{L"version information", {}};
+    Kind m_registrations{L"registration script", {}};
+    Kind m_bitmaps{L"bitmap", {}};
 };
 
 }  // namespace
 
-std::optional<Resources> ReadResourceScript(std::wstring_view script, ResourceError& error) {
+std::optional<Resources> ReadResourceScript(std::wstring_view script, ResourceError& error,
+                                            const ResourceFiles& files) {
     try {
-        return ScriptReader(script).Read();
+        return ScriptReader(script, files).Read();
     } catch (const ScriptError& refused) {
         error = {refused.line, refused.text};
         return std::nullopt;

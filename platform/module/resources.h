@@ -2,11 +2,13 @@
 // text in the syntax of the system's resource compiler, as far as dialogs here use it. Made once, then
 // unchanged: readable on any thread.
 //
-// Read are STRINGTABLE, DIALOGEX, MENU and VERSIONINFO with ids in numbers or in names that the script
-// itself defines (#define NAME number); LANGUAGE, #include and #pragma code_page(65001) mean nothing here.
+// Read are STRINGTABLE, DIALOGEX, MENU, VERSIONINFO and, in a module's own script, REGISTRY and BITMAP with
+// the name of a file, all with ids in numbers or in names that the script itself defines (#define NAME
+// number); LANGUAGE, #include and #pragma code_page(65001) mean nothing here.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -25,6 +27,7 @@ struct Resources {
     std::map<uint32_t, DialogTemplate> dialogs;
     std::map<uint32_t, MenuTemplate> menus;
     std::map<uint32_t, std::wstring> registrations;  // texts of registration scripts (registration_script.h)
+    std::map<uint32_t, std::wstring> bitmaps;        // names of files beside the script
     VersionStrings version;
 
     bool operator==(const Resources&) const = default;
@@ -36,8 +39,14 @@ struct ResourceError {
     std::wstring text;  // one line in English, for people who write scripts
 };
 
-// The resources of a script; nothing if it is broken, and `error` then says where. Throws std::bad_alloc.
-HX_PLATFORM_API std::optional<Resources> ReadResourceScript(std::wstring_view script, ResourceError& error);
+// The text of the file that a script names, without folder; nothing if there is none.
+using ResourceFiles = std::function<std::optional<std::wstring>(const std::wstring& file_name)>;
+
+// The resources of a script; nothing if it is broken, and `error` then says where. A script without `files`,
+// as that of a satellite, has neither registration scripts nor bitmaps. Throws std::bad_alloc, and what
+// `files` throws.
+HX_PLATFORM_API std::optional<Resources> ReadResourceScript(std::wstring_view script, ResourceError& error,
+                                                            const ResourceFiles& files = {});
 
 // What a module's version resource says of it.
 struct ModuleVersion {

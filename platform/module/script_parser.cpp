@@ -21,16 +21,6 @@ bool BeginsWith(std::wstring_view word, std::wstring_view beginning) {
            std::ranges::equal(word.substr(0, beginning.size()), beginning, {}, UpperAscii, UpperAscii);
 }
 
-// For one line of an error.
-std::wstring Quoted(std::wstring_view text) {
-    constexpr size_t kLongestShown = 60;
-    std::wstring shown(text.substr(0, kLongestShown));
-    std::ranges::replace_if(
-        shown, [](wchar_t c) { return c < L' '; }, L' ');
-    if (text.size() > kLongestShown) shown += L"...";
-    return L"\"" + shown + L"\"";
-}
-
 std::wstring Shown(const ScriptToken& token) {
     switch (token.kind) {
         case ScriptTokenKind::kEnd:
@@ -43,6 +33,15 @@ std::wstring Shown(const ScriptToken& token) {
 }
 
 }  // namespace
+
+std::wstring Quoted(std::wstring_view text) {
+    constexpr size_t kLongestShown = 60;
+    std::wstring shown(text.substr(0, kLongestShown));
+    std::ranges::replace_if(
+        shown, [](wchar_t c) { return c < L' '; }, L' ');
+    if (text.size() > kLongestShown) shown += L"...";
+    return L"\"" + shown + L"\"";
+}
 
 ScriptParser::ScriptParser(std::wstring_view script) : m_lexer(script) {
     Advance();

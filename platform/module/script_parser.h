@@ -20,6 +20,9 @@ struct ScriptStyle {
     uint32_t Over(uint32_t defaults) const { return (defaults & ~cleared) | set; }
 };
 
+// A name or text of a script as one line of an error can show it.
+std::wstring Quoted(std::wstring_view text);
+
 class ScriptParser {
 public:
     // Stands at the first token. `script` must stay.

@@ -46,10 +46,15 @@ const std::wstring& OwnFileName() {
 // While it is loaded: a host may load it by a relative name and then change its current folder.
 [[maybe_unused]] const std::wstring& g_own_file_name = OwnFileName();
 
-// The build has read both scripts before: neither can be broken.
+std::optional<std::wstring> ReadRegistration(const std::wstring& file_name) {
+    const std::optional<std::string_view> script = EmbeddedRegistration(ToUtf8(file_name));
+    return script ? DecodeTextFile(*script) : std::nullopt;
+}
+
+// The build has read all scripts before: none can be broken.
 Resources ReadEmbedded(std::string_view script) {
     ResourceError error;
-    return ReadResourceScript(DecodeTextFile(script).value(), error).value();
+    return ReadResourceScript(DecodeTextFile(script).value(), error, &ReadRegistration).value();
 }
 
 ModuleHandle MakeThisModule() {

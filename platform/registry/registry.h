@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "platform/api.h"
+#include "platform/com/hresult.h"
 
 namespace hx {
 
@@ -44,6 +45,13 @@ enum class RegistryResult : uint32_t {
     kDamaged = 1009,   // the store cannot be used at all, or the value not read
     kIoFailed = 1016,  // the system could not read or write the store
 };
+
+// S_OK, or the number as the system makes an HRESULT of it: 0x80070005 for kAccessDenied.
+constexpr HRESULT HresultOf(RegistryResult result) {
+    return result == RegistryResult::kDone
+               ? S_OK
+               : static_cast<HRESULT>(0x80070000u | static_cast<uint32_t>(result));
+}
 
 // REG_SZ or REG_DWORD.
 using RegistryValue = std::variant<std::wstring, uint32_t>;

@@ -93,6 +93,8 @@ public:
         entry.threading_model = TextAt(*registry, key + kServer, L"ThreadingModel");
         entry.prog_id = TextAt(*registry, key + L"\\ProgID");
         entry.version_independent_prog_id = TextAt(*registry, key + L"\\VersionIndependentProgID");
+        entry.description = TextAt(*registry, key);
+        entry.is_registered = true;
         return entry;
     }
 

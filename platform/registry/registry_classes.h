@@ -1,4 +1,5 @@
 // The classes that are registered below HKEY_CLASSES_ROOT of this process's registry:
+//     CLSID\{...}                             default: the description
 //     CLSID\{...}\InprocServer32              default: the library's path; "ThreadingModel"
 //     CLSID\{...}\ProgID                      default: the ProgID with version
 //     CLSID\{...}\VersionIndependentProgID    default

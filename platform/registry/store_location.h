@@ -6,6 +6,8 @@
 
 #include <filesystem>
 
+#include "platform/api.h"
+
 namespace hx {
 
 struct StoreLocation {
@@ -14,6 +16,6 @@ struct StoreLocation {
 };
 
 // Absolute paths, from the environment as it is now. Throws std::bad_alloc only.
-StoreLocation LocateStores();
+HX_PLATFORM_API StoreLocation LocateStores();
 
 }  // namespace hx

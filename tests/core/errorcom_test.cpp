@@ -203,7 +203,10 @@ class OneClass final : public hx::IClassLookup {
 public:
     std::optional<hx::ClassEntry> ByClsid(const CLSID& clsid) const override {
         if (!(clsid == IID_IDispatch)) return {};
-        return hx::ClassEntry{clsid, L"Acme.Thing.1", {}, {}, {}};
+        hx::ClassEntry entry;
+        entry.clsid = clsid;
+        entry.prog_id = L"Acme.Thing.1";
+        return entry;
     }
     std::optional<CLSID> ByProgId(std::wstring_view) const override { return {}; }
     std::vector<hx::ClassEntry> All() const override { return {}; }

@@ -13,7 +13,7 @@
 #include "platform/com/persist.h"
 #include "platform/com/property_page.h"
 #include "platform/com/safearray.h"
-#include "platform/com/typeinfo.h"
+#include "platform/com/typelib.h"
 #include "tests/vtable_slot.h"
 
 namespace {
@@ -41,6 +41,7 @@ static_assert(offsetof(EXCEPINFO, dwHelpContext) == 32 && offsetof(EXCEPINFO, sc
 
 static_assert(sizeof(TYPEATTR) == 96 && offsetof(TYPEATTR, typekind) == 44);
 static_assert(offsetof(TYPEATTR, tdescAlias) == 64 && sizeof(TYPEDESC) == 16 && sizeof(ELEMDESC) == 32);
+static_assert(sizeof(TLIBATTR) == 32 && offsetof(TLIBATTR, wMajorVerNum) == 24);
 static_assert(sizeof(FUNCDESC) == 88 && offsetof(FUNCDESC, invkind) == 28);
 static_assert(offsetof(FUNCDESC, cParams) == 36 && offsetof(FUNCDESC, elemdescFunc) == 48);
 
@@ -71,6 +72,7 @@ TEST(Abi, InterfacesHaveTheirPublishedIds) {
         {IID_IClassFactory, "\1\0\0\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
         {IID_IDispatch, "\0\4\2\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
         {IID_ITypeInfo, "\1\4\2\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
+        {IID_ITypeLib, "\2\4\2\0\0\0\0\0\xC0\0\0\0\0\0\0\x46"},
         {IID_IErrorInfo, "\x20\xB1\xF2\x1C\x7D\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
         {IID_ICreateErrorInfo, "\x40\x33\xF0\x22\x7D\x54\x1B\x10\x8E\x65\x08\0\x2B\x2B\xD1\x19"},
         {IID_IConnectionPointContainer, "\x84\xB2\x96\xB1\xB4\xBA\x1A\x10\xB6\x9C\0\xAA\0\x34\x1D\x07"},
@@ -113,6 +115,10 @@ TEST(Abi, MethodsHaveTheirPublishedSlots) {
                 &ITypeInfo::AddressOfMember, &ITypeInfo::CreateInstance, &ITypeInfo::GetMops,
                 &ITypeInfo::GetContainingTypeLib, &ITypeInfo::ReleaseTypeAttr, &ITypeInfo::ReleaseFuncDesc,
                 &ITypeInfo::ReleaseVarDesc);
+    ExpectSlots("ITypeLib", 3, &ITypeLib::GetTypeInfoCount, &ITypeLib::GetTypeInfo,
+                &ITypeLib::GetTypeInfoType, &ITypeLib::GetTypeInfoOfGuid, &ITypeLib::GetLibAttr,
+                &ITypeLib::GetTypeComp, &ITypeLib::GetDocumentation, &ITypeLib::IsName, &ITypeLib::FindName,
+                &ITypeLib::ReleaseTLibAttr);
     ExpectSlots("IErrorInfo", 3, &IErrorInfo::GetGUID, &IErrorInfo::GetSource, &IErrorInfo::GetDescription,
                 &IErrorInfo::GetHelpFile, &IErrorInfo::GetHelpContext);
     ExpectSlots("ICreateErrorInfo", 3, &ICreateErrorInfo::SetGUID, &ICreateErrorInfo::SetSource,

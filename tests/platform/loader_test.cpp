@@ -6,8 +6,11 @@
 #include <thread>
 #include <utility>
 
+#include "platform/com/bstr.h"
 #include "platform/com/class_files.h"
 #include "platform/com/comptr.h"
+#include "platform/com/errorinfo.h"
+#include "platform/com/self_registration.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
 #include "tests/platform/temporary_folder.h"
@@ -144,6 +147,63 @@ TEST_F(Loader, UnloadsOnlyAroundCallsThatAreInside) {
         CoFreeUnusedLibraries();
     }
     other.join();
+}
+
+using SelfRegistration = Loader;
+
+// The description of this thread's error information; "none" without any.
+std::wstring WhatIsSaid() {
+    hx::ComPtr<IErrorInfo> information;
+    hx::Bstr description;
+    if (GetErrorInfo(0, information.put()) != S_OK) return L"none";
+    EXPECT_EQ(information->GetDescription(description.put()), S_OK);
+    return std::wstring(description.view());
+}
+
+TEST_F(SelfRegistration, WhatTheLibrarySaysOutlivesIt) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(HX_BIN_DIR);
+    for (const std::string& path : {component, std::string("libhx_test_component.so")}) {
+        EXPECT_EQ(hx::RegisterComponentLibrary(*hx::FromUtf8(path)), SELFREG_E_CLASS);
+        EXPECT_FALSE(IsLoaded(component)) << path;
+        EXPECT_EQ(WhatIsSaid(), L"no room for a tally");
+    }
+    std::filesystem::current_path(before);
+}
+
+TEST_F(SelfRegistration, SaysWhatIsNoComponentLibrary) {
+    const std::pair<std::string, HRESULT> rows[] = {
+        {"", CO_E_DLLNOTFOUND},
+        {component + ".missing", CO_E_DLLNOTFOUND},
+        {m_folder.path() / "garbage.so", CO_E_ERRORINDLL},
+        {m_folder.path(), CO_E_ERRORINDLL},
+        {no_component, CO_E_ERRORINDLL},
+    };
+    for (const auto& [path, result] : rows) {
+        hx::RegisterComponentLibrary(*hx::FromUtf8(component));  // something was said before
+        EXPECT_EQ(hx::UnregisterComponentLibrary(*hx::FromUtf8(path)), result) << path;
+        EXPECT_EQ(WhatIsSaid() != L"none", result == CO_E_ERRORINDLL) << path;
+        EXPECT_EQ(hx::CheckComponentLibrary(*hx::FromUtf8(path)), result) << path;
+    }
+    EXPECT_FALSE(IsLoaded(no_component));
+    EXPECT_EQ(hx::CheckComponentLibrary(*hx::FromUtf8(component)), S_OK);
+}
+
+TEST_F(SelfRegistration, LeavesAloneWhatIsInUse) {
+    const std::wstring path = *hx::FromUtf8(component);
+    const hx::ComPtr<ITally> tally = Create();
+    hx::RegisterComponentLibrary(path);
+    EXPECT_EQ(Create()->Created(), 2) << "loaded anew below its objects";
+}
+
+TEST_F(SelfRegistration, LeavesToTheLoaderWhatItCannotUnload) {
+    const std::wstring path = *hx::FromUtf8(component);
+    EXPECT_EQ(hx::UnregisterComponentLibrary(path), S_OK);
+    CoFreeUnusedLibraries();
+    EXPECT_TRUE(IsLoaded(component)) << "it is locked";
+    EXPECT_EQ(hx::UnregisterComponentLibrary(path), E_FAIL) << "an exception is a failure";
+    CoFreeUnusedLibraries();
+    EXPECT_FALSE(IsLoaded(component));
 }
 
 TEST(ClassLookup, ReadsTheTablesBesideThePlatformLibrary) {

@@ -25,7 +25,8 @@ Script ReadScript(const fs::path& path, const std::string& tag) {
         throw std::runtime_error(path.string() + " is no UTF-8");
     }
     hx::ResourceError error;
-    std::optional<hx::Resources> resources = hx::ReadResourceScript(*source, error);
+    const auto no_matter = [](const std::wstring&) { return std::wstring(); };
+    std::optional<hx::Resources> resources = hx::ReadResourceScript(*source, error, no_matter);
     if (!resources) {
         throw std::runtime_error(path.string() + ":" + std::to_string(error.line) + ": " +
                                  hx::ToUtf8(error.text));

@@ -1,5 +1,6 @@
 #include "apps/hxctl/page/host_answer.h"
 
+#include "apps/hosting/HowToRegister.h"
 #include "apps/hxctl/command.h"
 #include "apps/hxctl/page/script_command.h"
 #include "core/errors/MException.h"
@@ -9,7 +10,8 @@ namespace hxctl {
 
 void CheckAnswer(const char* operation, const hosting::Answer& answer) {
     if (answer.IsDone()) return;
-    std::string reason = std::string(operation) + " answered " + NamedResult(answer.result);
+    std::string reason = std::string(operation) + " answered " + NamedResult(answer.result) +
+                         hosting::HowToRegister(answer.result);
     hx::MException chain;
     const bool is_chain = hx::ReadChainDocument(answer.text, chain);
     const std::wstring text = is_chain ? hx::ErrorCodesText(chain) : answer.text;

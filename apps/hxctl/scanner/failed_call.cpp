@@ -1,5 +1,6 @@
 #include "apps/hxctl/scanner/failed_call.h"
 
+#include "apps/hosting/HowToRegister.h"
 #include "apps/hxctl/command.h"
 #include "core/messages/MErrorFormatter.h"
 #include "core/messages/MErrorFormatterResource.h"
@@ -9,7 +10,8 @@ namespace hxctl {
 namespace {
 
 [[noreturn]] void Fail(const char* operation, HRESULT result, const std::string& description) {
-    std::string reason = std::string(operation) + " answered " + NamedResult(result);
+    std::string reason =
+        std::string(operation) + " answered " + NamedResult(result) + hosting::HowToRegister(result);
     if (!description.empty()) reason += ": " + description;
     throw FailedCall(reason);
 }

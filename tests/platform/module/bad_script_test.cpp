@@ -36,8 +36,9 @@ TEST(BadScript, OfWordsAndNumbers) {
         {L"IDR_X MENU", 1,
          L"expected STRINGTABLE or the id of a resource, found \"IDR_X\", a name that is not defined"},
         {L"\"text\" \n", 1, L"expected STRINGTABLE or the id of a resource, found the text \"text\""},
-        {L"5 ICON", 1, L"expected DIALOGEX, MENU or VERSIONINFO, found \"ICON\""},
-        {L"5", 1, L"expected DIALOGEX, MENU or VERSIONINFO, found the end of the script"},
+        {L"5 ICON", 1, L"expected DIALOGEX, MENU, VERSIONINFO, REGISTRY or BITMAP, found \"ICON\""},
+        {L"2 BITMAP \"toolbox.bmp\"", 1, L"only a module itself holds bitmaps"},
+        {L"5", 1, L"expected DIALOGEX, MENU, VERSIONINFO, REGISTRY or BITMAP, found the end of the script"},
         {std::wstring(40, L'(') + L"1", 1, L"the number has too many parentheses and signs"},
         {std::wstring(1000000, L'-') + L"1", 1, L"the number has too many parentheses and signs"},
     };
@@ -90,7 +91,7 @@ TEST(BadScript, OfDirectives) {
         {L"#define A 5 + 1", 1, L"expected nothing behind the number to define"},
         {L"#define A 5\n#define A 6", 2, L"the name \"A\" is already known with another value"},
         {L"#define IDOK 2", 1, L"the name \"IDOK\" is already known with another value"},
-        {L"5 #define A 1", 1, L"expected DIALOGEX, MENU or VERSIONINFO, found \"#\""},
+        {L"5 #define A 1", 1, L"expected DIALOGEX, MENU, VERSIONINFO, REGISTRY or BITMAP, found \"#\""},
     };
     for (const Row& row : rows) ExpectRefused(row.script, row.line, row.text);
 }

@@ -153,6 +153,16 @@ TEST(GoodScript, MenusHaveItemsAndSubmenus) {
     EXPECT_EQ(resources.menus.at(262), menu);
 }
 
+TEST(GoodScript, RegistrationScriptsAreTheTextsOfTheirFiles) {
+    hx::ResourceError error;
+    const auto resources = hx::ReadResourceScript(
+        L"#define IDR_B 8\n7 REGISTRY DISCARDABLE \"a.rgs\" IDR_B registry \"B c.rgs\"", error,
+        [](const std::wstring& file_name) { return L"text of " + file_name; });
+    ASSERT_TRUE(resources);
+    const std::map<uint32_t, std::wstring> texts = {{7, L"text of a.rgs"}, {8, L"text of B c.rgs"}};
+    EXPECT_EQ(resources->registrations, texts);
+}
+
 TEST(GoodScript, TheFirstKnownLanguageOfAVersionIsTaken) {
     const auto language = [](const std::wstring& key, const std::wstring& version) {
         return L"BLOCK \"" + key +

@@ -75,6 +75,12 @@ TEST(ThisModule, HoldsTheScriptsOfTheBuild) {
     std::string script;
     ASSERT_FALSE(hx::ReadFile(fs::path(HX_SOURCE_DIR) / "resources/HXScannerCtrls.rc", script));
     EXPECT_EQ(hx::EmbeddedScript(), script);
+    for (const char* const name :
+         {"HXConnSettings.rgs", "HXMeasSettings.rgs", "HXScannerCtrls.rgs", "HXSettingsFactory.rgs"}) {
+        ASSERT_FALSE(hx::ReadFile(fs::path(HX_SOURCE_DIR) / "resources" / name, script));
+        EXPECT_EQ(hx::EmbeddedRegistration(name), script);
+    }
+    EXPECT_FALSE(hx::EmbeddedRegistration("HXSettings.rgs"));
     EXPECT_EQ(hx::ThisModuleVersion().file_description, L"HXScannerCtrls");
     EXPECT_EQ(hx::ThisModuleVersion().product_version, L"" HX_PROJECT_VERSION);
 }

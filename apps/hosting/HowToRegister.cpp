@@ -1,0 +1,23 @@
+#include "apps/hosting/HowToRegister.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+
+#include "platform/system/files.h"
+
+namespace hosting {
+namespace {
+
+// No such name, no such class, or a library that is there no more.
+constexpr HRESULT kNotRegistered[] = {CO_E_CLASSSTRING, REGDB_E_CLASSNOTREG, CO_E_DLLNOTFOUND};
+
+}  // namespace
+
+std::string HowToRegister(HRESULT result) {
+    if (std::ranges::find(kNotRegistered, result) == std::end(kNotRegistered)) return {};
+    const std::filesystem::path program = hx::ComponentFolder() / "hxregister";
+    return "\nThe components are not registered. Register them, for all users: " + program.string();
+}
+
+}  // namespace hosting
