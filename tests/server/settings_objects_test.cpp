@@ -7,6 +7,7 @@
 #include "hxapi/ICoMHXMeasSettings.h"
 #include "hxapi/IProfileSettingsFactory.h"
 #include "platform/com/errorinfo.h"
+#include "platform/registry/registry.h"
 #include "platform/system/files.h"
 #include "tests/platform/temporary_folder.h"
 #include "tests/server/component_library.h"
@@ -176,6 +177,30 @@ TEST_F(SettingsObjects, TheLibraryTellsItsEventsEachTimeThatItGoes) {
         EXPECT_NE(events.find("% Scope_pop" + call, entered), std::string::npos) << events;
         EXPECT_EQ(events.find("% Scope_push", entered + 1), std::string::npos) << events;
     }
+}
+
+TEST_F(SettingsObjects, LoadingTheLibraryAgainWritesNothingToTheRegistry) {
+    const TemporaryFolder folder;
+    setenv("HX_DATA", folder.path().c_str(), 1);
+    const auto registry = hx::MakeMemoryRegistry();
+    hx::SetRegistry(registry);
+    // The registry in memory counts every attempt to change it.
+    const auto changes_of_loading = [&] {
+        const auto before = registry->Stamp(hx::RegistryRoot::kLocalMachine);
+        EXPECT_FALSE(IsLoaded());
+        EXPECT_TRUE(Factory());
+        CoFreeUnusedLibraries();
+        EXPECT_FALSE(IsLoaded());
+        return registry->Stamp(hx::RegistryRoot::kLocalMachine)->state[0] - before->state[0];
+    };
+    EXPECT_GT(changes_of_loading(), 0u) << "the configuration is entered once";
+    EXPECT_EQ(changes_of_loading(), 0u);
+    registry->DeleteValue(hx::RegistryRoot::kLocalMachine, L"Software\\Wow6432Node\\Orvel\\HXAPI4\\Logging",
+                          L"Severity");
+    EXPECT_GT(changes_of_loading(), 0u) << "what is missing is entered";
+    EXPECT_EQ(changes_of_loading(), 0u);
+    hx::SetRegistry(nullptr);
+    setenv("HX_DATA", (std::string(HX_BIN_DIR) + "/../data").c_str(), 1);
 }
 
 }  // namespace
