@@ -78,7 +78,7 @@ TEST_P(EntryPoints, NothingElseIsExported) {
         symbols.insert(std::string(line).substr(0, std::string(line).find(' ')));
     EXPECT_EQ(pclose(nm), 0);
     EXPECT_EQ(symbols, (std::set<std::string>{"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer",
-                                               "DllUnregisterServer"}));
+                                              "DllUnregisterServer"}));
 }
 
 }  // namespace

@@ -322,7 +322,8 @@ TEST_F(QtPerson, EditKeepsTheFirstLineAndNoMoreThanItTakes) {
     EXPECT_EQ(edit.text(), QStringLiteral("fi-rst"));
     EXPECT_EQ(m_page.FindAs<hx::ui::Edit>(kName)->GetSelection(), (hx::ui::Edit::Selection{3, 3}));
     // Characters of two units each, behind one of a single one.
-    User().Paste(*m_page.FindAs<hx::ui::Edit>(kName), L"x" + std::wstring(hx::ui::Edit::kTextLimit, L'\U0001F600'));
+    User().Paste(*m_page.FindAs<hx::ui::Edit>(kName),
+                 L"x" + std::wstring(hx::ui::Edit::kTextLimit, L'\U0001F600'));
     EXPECT_EQ(m_page.Find(kName)->Text(), L"x" + std::wstring(hx::ui::Edit::kTextLimit - 1, L'\U0001F600'));
 }
 
