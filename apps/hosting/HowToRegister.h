@@ -7,8 +7,8 @@
 
 namespace hosting {
 
-// How the components of this installation are registered, to be put behind a sentence; empty for a failure
-// that has another reason. Throws std::bad_alloc.
+// How the components of this installation are registered, or why nobody can tell whether they are, to be put
+// behind a sentence; empty for a failure that has another reason. Throws std::bad_alloc.
 std::string HowToRegister(HRESULT result);
 
 }  // namespace hosting

@@ -11,6 +11,7 @@
 #include "apps/hxctl/scanner/scanner_arguments.h"
 #include "apps/hxctl/screenshot/screenshot_arguments.h"
 #include "core/errors/MException.h"
+#include "platform/registry/registry.h"
 #include "platform/system/utf8.h"
 
 namespace {
@@ -180,6 +181,8 @@ int main(int argc, char** argv) {
     try {
         const Outcome outcome = commands.Run();
         hxctl::TellRegistryReports();
+        // Closed, the store is whole in its one file, which users read who may make none beside it.
+        hx::SetRegistry(nullptr);
         std::cout << outcome.output << std::flush;
         if (!outcome.reason.empty()) std::cerr << "hxctl: " << outcome.reason << '\n';
         if (std::cout) return outcome.exit;

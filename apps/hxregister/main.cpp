@@ -65,6 +65,8 @@ int Run(int argc, char** argv) {
         Tell(answer.reason);
         exit = kFailed;
     }
+    // Closed, the store is whole in its one file, which users read who may make none beside it.
+    hx::SetRegistry(nullptr);
     return exit;
 }
 

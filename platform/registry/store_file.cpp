@@ -95,9 +95,13 @@ void StoreFile::Open() {
     try {
         Connect(SqliteConnection::Mode::kNormal);
     } catch (const StoreError& error) {
-        if (!NeedsFilesBeside(error.Fault()) || !HasEmptyLog(m_file)) throw;
+        // Where the file itself is still there, one beside it is missing, and cannot be made.
+        const bool lacks_one = error.Fault() == StoreFault::kMissing && StateOf(m_file);
+        const StoreFault fault = lacks_one ? StoreFault::kNoAccess : error.Fault();
+        if (lacks_one && !HasEmptyLog(m_file)) throw StoreError(fault, error.what());
+        if (!NeedsFilesBeside(fault) || !HasEmptyLog(m_file)) throw;
         Connect(SqliteConnection::Mode::kFrozen);
-        m_why_frozen = error.Fault();
+        m_why_frozen = fault;
     }
 }
 
