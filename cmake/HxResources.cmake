@@ -1,7 +1,7 @@
 # hx_module_resources(TARGET MODULE COMPONENT): the texts, dialogs and menus of a module, from the scripts of the calling
-# folder. MODULE.rc is embedded in whatever links TARGET, with the registration scripts (*.rgs) that it names;
-# MODULE_<tag>.rc lies beside it as the satellite of a language, and is installed with COMPONENT. A script that cannot be
-# read fails the build.
+# folder. MODULE.rc is embedded in whatever links TARGET, with the registration scripts (*.rgs) and bitmaps (*.bmp)
+# beside it; MODULE_<tag>.rc lies beside it as the satellite of a language, and is installed with COMPONENT. A script that
+# cannot be read fails the build.
 function(hx_module_resources target module component)
     set(base ${CMAKE_CURRENT_SOURCE_DIR}/${module}.rc)
     set(version ${CMAKE_CURRENT_BINARY_DIR}/version.rc)
@@ -9,23 +9,22 @@ function(hx_module_resources target module component)
     configure_file(${PROJECT_SOURCE_DIR}/resources/version.rc.in ${version} @ONLY)
 
     # How the assembler lays them down, for embedded_scripts.cpp.
-    file(GLOB registrations CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.rgs)
-    file(GLOB bitmaps CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.bmp)
-    set(registration_table)
-    foreach(registration ${registrations})
-        get_filename_component(name ${registration} NAME)
-        string(APPEND registration_table
-            ".asciz \"${name}\"\n.quad 2f - 1f\n1: .incbin \"${registration}\"\n2:\n")
+    file(GLOB files CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.rgs ${CMAKE_CURRENT_SOURCE_DIR}/*.bmp)
+    set(file_table)
+    foreach(file ${files})
+        get_filename_component(name ${file} NAME)
+        string(APPEND file_table
+            ".asciz \"${name}\"\n.quad 2f - 1f\n1: .incbin \"${file}\"\n2:\n")
     endforeach()
-    set(registration_file ${CMAKE_CURRENT_BINARY_DIR}/registrations.inc)
-    file(CONFIGURE OUTPUT ${registration_file} CONTENT "${registration_table}" @ONLY)
+    set(file_list ${CMAKE_CURRENT_BINARY_DIR}/files.inc)
+    file(CONFIGURE OUTPUT ${file_list} CONTENT "${file_table}" @ONLY)
 
     set(checked ${CMAKE_CURRENT_BINARY_DIR}/embedded.checked)
     add_custom_command(
         OUTPUT ${checked}
         COMMAND hxcheckscript --module ${base} ${version}
         COMMAND ${CMAKE_COMMAND} -E touch ${checked}
-        DEPENDS hxcheckscript ${base} ${version} ${registrations} ${registration_file} ${bitmaps}
+        DEPENDS hxcheckscript ${base} ${version} ${files} ${file_list}
         COMMENT "Checking ${module}.rc"
         VERBATIM)
 
@@ -53,6 +52,6 @@ function(hx_module_resources target module component)
     add_dependencies(${target} ${target}_scripts)
     set_source_files_properties(${embedded} PROPERTIES
         COMPILE_DEFINITIONS
-            "HX_SCRIPT=\"${base}\";HX_VERSION_SCRIPT=\"${version}\";HX_REGISTRATIONS=\"${registration_file}\""
-        OBJECT_DEPENDS "${base};${version};${registrations};${registration_file};${checked}")
+            "HX_SCRIPT=\"${base}\";HX_VERSION_SCRIPT=\"${version}\";HX_FILES=\"${file_list}\""
+        OBJECT_DEPENDS "${base};${version};${files};${file_list};${checked}")
 endfunction()

@@ -5,6 +5,8 @@
 
 #include "fuzz/fuzz_target.h"
 #include "platform/module/resources.h"
+#include "platform/system/files.h"
+#include "platform/system/utf8.h"
 
 namespace fuzz {
 namespace {
@@ -98,7 +100,8 @@ std::wstring Script(const hx::Resources& resources) {
     for (const auto& [id, menu] : resources.menus) script += Number(id) + L" MENU " + Items(menu.items);
     if (!resources.version.empty()) script += Version(resources.version);
     for (const auto& [id, file] : resources.registrations) script += Number(id) + L" REGISTRY " + Text(file);
-    for (const auto& [id, file] : resources.bitmaps) script += Number(id) + L" BITMAP " + Text(file);
+    for (const auto& [id, file] : resources.bitmaps)
+        script += Number(id) + L" BITMAP " + Text(*hx::DecodeTextFile(file));
     return script;
 }
 
@@ -107,7 +110,8 @@ std::wstring Script(const hx::Resources& resources) {
 void ResourceScript(Input input) {
     const std::wstring script = input.Text(SIZE_MAX);
     hx::ResourceError error;
-    const auto name_of_file = [](const std::wstring& name) { return name; };
+    // Behind a mark of its own, as the name may begin with one.
+    const auto name_of_file = [](const std::wstring& name) { return "\xEF\xBB\xBF" + hx::ToUtf8(name); };
     const std::optional<hx::Resources> resources = hx::ReadResourceScript(script, error, name_of_file);
     if (!resources) {
         const auto lines = static_cast<size_t>(std::count(script.begin(), script.end(), L'\n')) + 1;

@@ -1,6 +1,7 @@
 // What a page of the hardware configuration offers to the dialog that embeds it. Implemented by the page's
 // control, called by its host on the thread of the user interface, in any order once the control is created;
-// Save and the release come last. The interface may be called by name and number, too; its events, of
+// Save and the release come last. It is one thread for all pages of a process, not one for each: they share
+// what they edit, without locks. The interface may be called by name and number, too; its events, of
 // DHXConfigCtrlEvents, are none.
 //
 // Failures inside the page are shown to the operator by the page, or logged: the methods still succeed. Each

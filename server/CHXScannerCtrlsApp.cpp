@@ -11,23 +11,33 @@ CHXScannerCtrlsApp::CHXScannerCtrlsApp() noexcept
       m_controls(ControlFactoryRows()) {}
 
 HRESULT CHXScannerCtrlsApp::GetClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept {
-    m_diagnostics.SetInUse(true);
-    const HRESULT found = m_settings.GetClassObject(clsid, iid, object);
-    return found == S_OK ? found : m_controls.GetClassObject(clsid, iid, object);
+    const HRESULT result = Enter([&] {
+        const HRESULT found = m_settings.GetClassObject(clsid, iid, object);
+        return found == S_OK ? found : m_controls.GetClassObject(clsid, iid, object);
+    });
+    // Nothing was handed out: whoever came for this alone may unload the library without a question.
+    if (FAILED(result)) CanUnloadNow();
+    return result;
 }
 
 HRESULT CHXScannerCtrlsApp::CanUnloadNow() noexcept {
+    const std::lock_guard guard(m_mutex);
     const HRESULT result = m_settings.CanUnloadNow();
     m_diagnostics.SetInUse(result != S_OK);
     return result;
 }
 
 HRESULT CHXScannerCtrlsApp::UpdateRegistry(RegistrationAction action) noexcept {
-    m_diagnostics.SetInUse(true);
-    const HRESULT result = UpdateLibraryRegistration(action);
-    // Nothing was handed out: whoever came for this alone may unload the library without a question.
+    const HRESULT result = Enter([&] { return UpdateLibraryRegistration(action); });
     CanUnloadNow();
     return result;
+}
+
+template <class Call>
+HRESULT CHXScannerCtrlsApp::Enter(Call call) noexcept {
+    const ModuleLock counted;
+    CanUnloadNow();
+    return call();
 }
 
 }  // namespace hx

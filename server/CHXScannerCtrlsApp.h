@@ -2,6 +2,8 @@
 // its event store, and ends it while it is unloaded. The entry points lead here. Any thread.
 #pragma once
 
+#include <mutex>
+
 #include "core/log/MModuleDiagnostics.h"
 #include "server/SettingsClasses.h"
 #include "server/registration/LibraryRegistration.h"
@@ -23,6 +25,12 @@ public:
     HRESULT UpdateRegistry(RegistrationAction action) noexcept;
 
 private:
+    // What the call returns. Until it does it is counted as alive itself, so no other thread finds the
+    // library unused between the call's beginning and what it hands out.
+    template <class Call>
+    HRESULT Enter(Call call) noexcept;
+
+    std::mutex m_mutex;                // for counting, and telling the diagnostics of it, in one
     MModuleDiagnostics m_diagnostics;  // outlives the others, which may log
     SettingsClasses m_settings;
     ModuleClasses m_controls;

@@ -54,10 +54,21 @@ hx::RegistryResult StoreResultOf(HRESULT result) {
     return hx::Registry()->OpenKey(hx::RegistryRoot::kClassesRoot, L"", hx::RegistryAccess::kReadWrite);
 }
 
+// A library of this installation that lies there cannot be told by a path, and is never found by one.
+bool IsInFolderThatIsNoUtf8(const std::wstring& library) {
+    if (hx::FromUtf8(hx::ComponentFolder().native())) return false;
+    const std::vector<std::wstring> own = ComponentLibraries();
+    return std::ranges::find(own, library) != own.end();
+}
+
 RegistrationAnswer Answer(const std::wstring& library, HRESULT result) {
     if (SUCCEEDED(result)) return {result, {}};
     std::wstring reason = library + L": " + ResultText(result);
-    if (result == CO_E_DLLNOTFOUND) reason += L": there is no such file";
+    if (result == CO_E_DLLNOTFOUND) {
+        reason += IsInFolderThatIsNoUtf8(library)
+                      ? L": the library lies where only a path that is no UTF-8 leads"
+                      : L": there is no such file";
+    }
     for (const std::wstring& more : {ErrorInformation(), StoreFaultText(StoreResultOf(result))}) {
         if (!more.empty()) reason += L": " + more;
     }

@@ -37,6 +37,10 @@ HRESULT Update(const ClassRow& row, uint32_t name, const FactoryRegistration& re
 
 HRESULT UpdateControl(const ClassRow& row, uint32_t name, const FactoryRegistration& registration) {
     return Update(row, name, registration, [&](const ClassRegistration& of) {
+        if (registration.module.Bitmap(kToolboxBitmap) == nullptr) {
+            registration.error = {0, L"there is no bitmap " + std::to_wstring(kToolboxBitmap)};
+            return E_FAIL;
+        }
         return WriteControlRegistration(
             registration.registry, of,
             {kToolboxBitmap, kPageMiscStatus, LIBID_HXScannerCtrls, kTypeLibraryVersion}, registration.error);

@@ -46,18 +46,12 @@ void FollowLanguageOfHost(MLocalisationHelperApi& localisation) noexcept {
 }
 
 HRESULT LeaveErrorInformation(const MException& exception) noexcept {
-    const HRESULT left = AtBoundary([&] {
-        std::wstring source = PlaceOf(exception);
-        std::wstring description = ErrorCodesText(exception);
-        ComPtr<ICreateErrorInfo> information;
-        HRESULT step = CreateErrorInfo(information.put());
-        if (SUCCEEDED(step)) step = information->SetSource(source.data());
-        if (SUCCEEDED(step)) step = information->SetDescription(description.data());
-        if (SUCCEEDED(step)) step = SetErrorInfo(0, information.as<IErrorInfo>().get());
-        return step;
+    // Without memory for the words an older failure's must not pass for this one's.
+    SetErrorInfo(0, nullptr);
+    AtBoundary([&] {
+        LeaveErrorInfo(PlaceOf(exception), ErrorCodesText(exception));
+        return S_OK;
     });
-    // An older failure's information must not pass for this one's.
-    if (FAILED(left)) SetErrorInfo(0, nullptr);
     return E_INVALIDARG;
 }
 

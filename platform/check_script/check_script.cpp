@@ -22,9 +22,8 @@ bool Refuse(const fs::path& path, uint32_t line, const std::wstring& text) {
     return false;
 }
 
-// Nothing if there is none, which it says.
-std::optional<std::wstring> ReadText(const fs::path& path) {
-    std::string bytes;
+// Nothing if there is none, or no text, which it says.
+std::optional<std::wstring> ReadText(const fs::path& path, std::string& bytes) {
     if (hx::ReadFile(path, bytes)) {
         Refuse(path, 0, L"cannot be read");
         return std::nullopt;
@@ -43,29 +42,30 @@ bool CheckSatellite(const fs::path& path) {
                   error.resources.text.empty() ? L"cannot be read" : error.resources.text);
 }
 
-// Beside the script of that path.
-bool CheckBitmap(const fs::path& path, const std::wstring& file_name) {
-    const fs::path file = path.parent_path() / hx::ToUtf8(file_name);
-    std::string bytes;
+bool CheckBitmap(const fs::path& file, std::string& bytes) {
     return (!hx::ReadFile(file, bytes) && bytes.starts_with("BM")) || Refuse(file, 0, L"is no bitmap");
 }
 
 bool CheckModule(const fs::path& path) {
-    const std::optional<std::wstring> script = ReadText(path);
+    std::string script_bytes;
+    const std::optional<std::wstring> script = ReadText(path, script_bytes);
     if (!script) return false;
     bool is_well = true;
-    const auto read_registration = [&](const std::wstring& file_name) {
+    const auto read_and_check = [&](const std::wstring& file_name) -> std::optional<std::string> {
         const fs::path file = path.parent_path() / hx::ToUtf8(file_name);
-        std::optional<std::wstring> text = ReadText(file);
+        std::string bytes;
+        if (file.extension() == ".bmp") {
+            is_well = CheckBitmap(file, bytes) && is_well;
+            return bytes;
+        }
+        const std::optional<std::wstring> text = ReadText(file, bytes);
+        if (!text) return std::nullopt;
         hx::RegistrationError error;
-        if (text && !hx::CheckRegistrationScript(*text, error))
-            is_well = Refuse(file, error.line, error.text);
-        return text;
+        if (!hx::CheckRegistrationScript(*text, error)) is_well = Refuse(file, error.line, error.text);
+        return bytes;
     };
     hx::ResourceError error;
-    const auto resources = hx::ReadResourceScript(*script, error, read_registration);
-    if (!resources) return Refuse(path, error.line, error.text);
-    for (const auto& [id, name] : resources->bitmaps) is_well = CheckBitmap(path, name) && is_well;
+    if (!hx::ReadResourceScript(*script, error, read_and_check)) return Refuse(path, error.line, error.text);
     return is_well;
 }
 

@@ -17,10 +17,10 @@ hx_script_end:
 hx_version_script:
     .incbin ")" HX_VERSION_SCRIPT R"("
 hx_version_script_end:
-    .globl hx_registrations
-    .hidden hx_registrations
-hx_registrations:
-    .include ")" HX_REGISTRATIONS R"("
+    .globl hx_files
+    .hidden hx_files
+hx_files:
+    .include ")" HX_FILES R"("
     .byte 0
     .balign 8
     .globl hx_script_sizes
@@ -35,8 +35,8 @@ extern "C" {
 [[gnu::visibility("hidden")]] extern const char hx_script[];
 [[gnu::visibility("hidden")]] extern const char hx_version_script[];
 [[gnu::visibility("hidden")]] extern const uint64_t hx_script_sizes[2];
-// Name, NUL, size and text of each, with nothing in between; an empty name behind the last.
-[[gnu::visibility("hidden")]] extern const char hx_registrations[];
+// Name, NUL, size and bytes of each, with nothing in between; an empty name behind the last.
+[[gnu::visibility("hidden")]] extern const char hx_files[];
 }
 
 namespace hx {
@@ -49,8 +49,8 @@ std::string_view EmbeddedVersionScript() {
     return {hx_version_script, static_cast<size_t>(hx_script_sizes[1])};
 }
 
-std::optional<std::string_view> EmbeddedRegistration(std::string_view file_name) {
-    for (const char* at = hx_registrations; *at != '\0';) {
+std::optional<std::string_view> EmbeddedFile(std::string_view file_name) {
+    for (const char* at = hx_files; *at != '\0';) {
         const std::string_view name = at;
         uint64_t size = 0;
         at += name.size() + 1;

@@ -1,5 +1,5 @@
-// The resource scripts and registration scripts that the build puts into the module which this code is linked
-// into, as UTF-8 text. For this_module.cpp; any thread.
+// The resource scripts, with the files that they name, that the build puts into the module which this code is
+// linked into. For this_module.cpp; any thread.
 #pragma once
 
 #include <optional>
@@ -7,11 +7,11 @@
 
 namespace hx {
 
-// As resources/HXScannerCtrls.rc: everything that people read.
+// UTF-8 text, as resources/HXScannerCtrls.rc: everything that people read.
 std::string_view EmbeddedScript();
 // The version resource, which the build makes from the project's version.
 std::string_view EmbeddedVersionScript();
-// The file *.rgs of that name which lies beside the module's script; nothing if there is none.
-std::optional<std::string_view> EmbeddedRegistration(std::string_view file_name);
+// The file *.rgs or *.bmp of that name which lies beside the module's script; nothing if there is none.
+std::optional<std::string_view> EmbeddedFile(std::string_view file_name);
 
 }  // namespace hx

@@ -100,6 +100,11 @@ const std::wstring* ResourceModule::Registration(uint32_t id) const {
     return found == m_resources.registrations.end() ? nullptr : &found->second;
 }
 
+const std::string* ResourceModule::Bitmap(uint32_t id) const {
+    const auto found = m_resources.bitmaps.find(id);
+    return found == m_resources.bitmaps.end() ? nullptr : &found->second;
+}
+
 ModuleHandle LoadResourceModule(std::wstring_view file_name, ModuleError& error) {
     error = {};
     try {

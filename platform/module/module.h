@@ -26,6 +26,8 @@ public:
     HX_PLATFORM_API const std::wstring* String(uint32_t id) const;
     // Null if the module has no such registration script.
     HX_PLATFORM_API const std::wstring* Registration(uint32_t id) const;
+    // The bytes of its file. Null if the module has no such bitmap.
+    HX_PLATFORM_API const std::string* Bitmap(uint32_t id) const;
 
 private:
     std::wstring m_file_name;

@@ -4,6 +4,7 @@
 
 #include "platform/module/script_parser.h"
 #include "platform/module/script_resources.h"
+#include "platform/system/files.h"
 
 namespace hx {
 namespace {
@@ -71,28 +72,29 @@ private:
             m_resources.registrations.emplace(id, ReadRegistration(line));
         } else if (m_parser.AcceptWord(L"BITMAP")) {
             Enter(m_bitmaps, id, line);
-            m_resources.bitmaps.emplace(id, ReadFileName(line, L"bitmap", L".bmp"));
+            m_resources.bitmaps.emplace(id, ReadBytes(line, L"bitmap", L".bmp"));
         } else {
             m_parser.FailExpected(L"DIALOGEX, MENU, VERSIONINFO, REGISTRY or BITMAP");
         }
     }
 
-    // Of what the build takes from files beside the module's script.
-    std::wstring ReadFileName(uint32_t line, const std::wstring& what, const std::wstring& extension) {
+    // Of a file beside the module's script, which the build takes in.
+    std::string ReadBytes(uint32_t line, const std::wstring& what, const std::wstring& extension) {
         if (!m_files) throw ScriptError{line, L"only a module itself holds " + what + L"s"};
         m_parser.SkipAttributes();
-        std::wstring name = m_parser.ExpectText(L"the file of a " + what);
+        const std::wstring name = m_parser.ExpectText(L"the file of a " + what);
         if (!name.ends_with(extension) || name.find_first_of(L"/\\") != std::wstring::npos) {
             throw ScriptError{line, L"a " + what + L" is a file *" + extension +
                                         L" that lies beside this one, not " + Quoted(name)};
         }
-        return name;
+        std::optional<std::string> bytes = m_files(name);
+        if (!bytes) throw ScriptError{line, L"the " + what + L" " + Quoted(name) + L" cannot be read"};
+        return std::move(*bytes);
     }
 
     std::wstring ReadRegistration(uint32_t line) {
-        const std::wstring name = ReadFileName(line, L"registration script", L".rgs");
-        std::optional<std::wstring> text = m_files(name);
-        if (!text) throw ScriptError{line, L"the registration script " + Quoted(name) + L" cannot be read"};
+        std::optional<std::wstring> text = DecodeTextFile(ReadBytes(line, L"registration script", L".rgs"));
+        if (!text) throw ScriptError{line, L"the registration script is no text"};
         return std::move(*text);
     }
 

@@ -27,7 +27,7 @@ struct Resources {
     std::map<uint32_t, DialogTemplate> dialogs;
     std::map<uint32_t, MenuTemplate> menus;
     std::map<uint32_t, std::wstring> registrations;  // texts of registration scripts (registration_script.h)
-    std::map<uint32_t, std::wstring> bitmaps;        // names of files beside the script
+    std::map<uint32_t, std::string> bitmaps;         // bytes of files *.bmp
     VersionStrings version;
 
     bool operator==(const Resources&) const = default;
@@ -39,8 +39,8 @@ struct ResourceError {
     std::wstring text;  // one line in English, for people who write scripts
 };
 
-// The text of the file that a script names, without folder; nothing if there is none.
-using ResourceFiles = std::function<std::optional<std::wstring>(const std::wstring& file_name)>;
+// The bytes of the file that a script names, without folder; nothing if there is none.
+using ResourceFiles = std::function<std::optional<std::string>(const std::wstring& file_name)>;
 
 // The resources of a script; nothing if it is broken, and `error` then says where. A script without `files`,
 // as that of a satellite, has neither registration scripts nor bitmaps. Throws std::bad_alloc, and what

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -46,15 +47,15 @@ const std::wstring& OwnFileName() {
 // While it is loaded: a host may load it by a relative name and then change its current folder.
 [[maybe_unused]] const std::wstring& g_own_file_name = OwnFileName();
 
-std::optional<std::wstring> ReadRegistration(const std::wstring& file_name) {
-    const std::optional<std::string_view> script = EmbeddedRegistration(ToUtf8(file_name));
-    return script ? DecodeTextFile(*script) : std::nullopt;
+std::optional<std::string> ReadFileBeside(const std::wstring& file_name) {
+    const std::optional<std::string_view> bytes = EmbeddedFile(ToUtf8(file_name));
+    return bytes ? std::optional<std::string>(*bytes) : std::nullopt;
 }
 
 // The build has read all scripts before: none can be broken.
 Resources ReadEmbedded(std::string_view script) {
     ResourceError error;
-    return ReadResourceScript(DecodeTextFile(script).value(), error, &ReadRegistration).value();
+    return ReadResourceScript(DecodeTextFile(script).value(), error, &ReadFileBeside).value();
 }
 
 ModuleHandle MakeThisModule() {

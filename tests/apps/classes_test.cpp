@@ -77,6 +77,23 @@ TEST_F(HxctlClasses, WhatFailsIsTold) {
     }
 }
 
+TEST_F(HxctlClasses, AFolderWhoseNameIsNoUtf8IsTheReason) {
+    const std::filesystem::path folder = m_folder / "\xE4";
+    std::filesystem::create_directory(folder);
+    for (const char* file : {"hxctl", "hxregister", "libhxplatform.so.4"})
+        std::filesystem::copy(std::filesystem::path(m_bin) / file, folder);
+    for (const char* program : {"hxctl' register", "hxregister'"}) {
+        const Answer answer = Run("--help >/dev/null; LD_LIBRARY_PATH='" + folder.string() + "' '" +
+                                  folder.string() + "/" + program);
+        EXPECT_EQ(answer.exit, 1);
+        EXPECT_NE(
+            answer.err.find("/HXPreview.so: CO_E_DLLNOTFOUND (0x800401F8): the library lies where only a "
+                            "path that is no UTF-8 leads\n"),
+            std::string::npos)
+            << answer.err;
+    }
+}
+
 TEST_F(HxctlClasses, ADamagedStoreIsTold) {
     const std::filesystem::path store = m_folder / "registry" / "machine.registry";
     std::filesystem::create_directories(store.parent_path());

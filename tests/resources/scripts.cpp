@@ -25,7 +25,7 @@ Script ReadScript(const fs::path& path, const std::string& tag) {
         throw std::runtime_error(path.string() + " is no UTF-8");
     }
     hx::ResourceError error;
-    const auto no_matter = [](const std::wstring&) { return std::wstring(); };
+    const auto no_matter = [](const std::wstring&) { return std::string(); };
     std::optional<hx::Resources> resources = hx::ReadResourceScript(*source, error, no_matter);
     if (!resources) {
         throw std::runtime_error(path.string() + ":" + std::to_string(error.line) + ": " +

@@ -69,6 +69,15 @@ TEST_P(EntryPoints, UnknownClassesAndInterfacesAreNotAvailable) {
     EXPECT_EQ(m_can(), S_FALSE) << "a factory in a client's hands";
 }
 
+// The leak checker tells what stays of a library that is unloaded without a question.
+TEST_P(EntryPoints, ARefusalAloneKeepsNothingAlive) {
+    void* out = nullptr;
+    EXPECT_EQ(m_get(CLSID_NULL, IID_IClassFactory, &out), CLASS_E_CLASSNOTAVAILABLE);
+    dlclose(m_library);
+    EXPECT_EQ(dlopen(Path().c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
+    SetUp();
+}
+
 TEST_P(EntryPoints, NothingElseIsExported) {
     FILE* const nm = popen(("nm -D --defined-only --format=posix '" + Path() + "'").c_str(), "r");
     ASSERT_NE(nm, nullptr);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/module/resources.h"
+#include "platform/system/utf8.h"
 
 namespace {
 
@@ -153,14 +154,16 @@ TEST(GoodScript, MenusHaveItemsAndSubmenus) {
     EXPECT_EQ(resources.menus.at(262), menu);
 }
 
-TEST(GoodScript, RegistrationScriptsAreTheTextsOfTheirFiles) {
+TEST(GoodScript, RegistrationScriptsAreTheTextsOfTheirFilesAndBitmapsTheBytes) {
     hx::ResourceError error;
     const auto resources = hx::ReadResourceScript(
-        L"#define IDR_B 8\n7 REGISTRY DISCARDABLE \"a.rgs\" IDR_B registry \"B c.rgs\"", error,
-        [](const std::wstring& file_name) { return L"text of " + file_name; });
+        L"#define IDR_B 8\n7 REGISTRY DISCARDABLE \"a.rgs\" IDR_B registry \"B c.rgs\" 7 BITMAP \"a.bmp\"",
+        error, [](const std::wstring& file_name) { return "\xEF\xBB\xBFtext of " + hx::ToUtf8(file_name); });
     ASSERT_TRUE(resources);
     const std::map<uint32_t, std::wstring> texts = {{7, L"text of a.rgs"}, {8, L"text of B c.rgs"}};
     EXPECT_EQ(resources->registrations, texts);
+    const std::map<uint32_t, std::string> bitmaps = {{7, "\xEF\xBB\xBFtext of a.bmp"}};
+    EXPECT_EQ(resources->bitmaps, bitmaps);
 }
 
 TEST(GoodScript, TheFirstKnownLanguageOfAVersionIsTaken) {

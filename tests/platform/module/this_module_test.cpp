@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 
 #include "platform/module/embedded_scripts.h"
@@ -75,14 +76,26 @@ TEST(ThisModule, HoldsTheScriptsOfTheBuild) {
     std::string script;
     ASSERT_FALSE(hx::ReadFile(fs::path(HX_SOURCE_DIR) / "resources/HXScannerCtrls.rc", script));
     EXPECT_EQ(hx::EmbeddedScript(), script);
-    for (const char* const name :
-         {"HXConnSettings.rgs", "HXMeasSettings.rgs", "HXScannerCtrls.rgs", "HXSettingsFactory.rgs"}) {
+    for (const char* const name : {"HXConnSettings.rgs", "HXMeasSettings.rgs", "HXScannerCtrls.rgs",
+                                   "HXSettingsFactory.rgs", "toolbox.bmp"}) {
         ASSERT_FALSE(hx::ReadFile(fs::path(HX_SOURCE_DIR) / "resources" / name, script));
-        EXPECT_EQ(hx::EmbeddedRegistration(name), script);
+        EXPECT_EQ(hx::EmbeddedFile(name), script);
     }
-    EXPECT_FALSE(hx::EmbeddedRegistration("HXSettings.rgs"));
+    EXPECT_FALSE(hx::EmbeddedFile("HXSettings.rgs"));
     EXPECT_EQ(hx::ThisModuleVersion().file_description, L"HXScannerCtrls");
     EXPECT_EQ(hx::ThisModuleVersion().product_version, L"" HX_PROJECT_VERSION);
+}
+
+TEST(ThisModule, HoldsTheBitmapThatItsControlsAreRegisteredWith) {
+    const std::string* const bitmap = hx::ThisModule()->Bitmap(2);
+    ASSERT_TRUE(bitmap != nullptr && bitmap->size() > 26);
+    uint32_t
+        header[6];  // behind "BM": the file's size, reserved, where the picture begins, its width and height
+    std::memcpy(header, bitmap->data() + 2, sizeof header);
+    EXPECT_EQ(header[0], bitmap->size());
+    EXPECT_EQ(header[4], 16u);
+    EXPECT_EQ(header[5], 16u);
+    EXPECT_EQ(hx::ThisModule()->Bitmap(3), nullptr);
 }
 
 TEST(ThisModule, FindsItsSatellitesBesideIt) {
