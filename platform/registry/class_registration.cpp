@@ -62,11 +62,15 @@ HRESULT WriteControlRegistration(IRegistry& registry, const ClassRegistration& o
 }
 
 HRESULT DeleteClassRegistration(IRegistry& registry, const ClassRegistration& of, RegistrationError& error) {
-    HRESULT result = DeleteRegistration(registry, KeyOf(of.clsid), error);
-    for (const std::wstring_view name : {of.prog_id, of.version_independent_prog_id}) {
-        if (SUCCEEDED(result) && !name.empty()) result = DeleteRegistration(registry, name, error);
-    }
-    return result;
+    const auto remove = [&of](IRegistry& changing, RegistrationError& reason) {
+        HRESULT result = DeleteRegistration(changing, KeyOf(of.clsid), reason);
+        for (const std::wstring_view name : {of.prog_id, of.version_independent_prog_id}) {
+            if (SUCCEEDED(result) && !name.empty()) result = DeleteRegistration(changing, name, reason);
+        }
+        return result;
+    };
+    return ChangeRegistration(registry, RegistryRoot::kClassesRoot, RegistrationAction::kUnregister, remove,
+                              error);
 }
 
 HRESULT RegisterCategories(IRegistry& registry, REFCLSID clsid, std::span<const ComponentCategory> categories,

@@ -92,6 +92,13 @@ public:
         });
     }
 
+    RegistryResult Change(RegistryRoot, RegistryChange,
+                          const std::function<void(IRegistry&)>& changes) override {
+        const std::lock_guard guard(m_mutex);
+        changes(*this);
+        return RegistryResult::kDone;
+    }
+
     std::optional<RegistryStamp> Stamp(RegistryRoot) override {
         const std::lock_guard guard(m_mutex);
         return RegistryStamp{m_source, {m_changes}};
@@ -115,7 +122,7 @@ private:
     }
 
     const uint64_t m_source = NewRegistrySource();
-    std::mutex m_mutex;
+    std::recursive_mutex m_mutex;
     uint64_t m_changes = 0;
     Key m_roots[kRoots];
 };

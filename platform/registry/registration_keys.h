@@ -3,6 +3,7 @@
 // std::bad_alloc only.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,7 +23,13 @@ struct RegisteredValue {
 // empty for what is no UTF-8.
 HX_PLATFORM_API std::wstring RegisteredPath(std::wstring_view file_name);
 
-// In this order, up to the first failure. `error` then names the key and says why, with line 0.
+// What `changes` ends with, which says in its second parameter why it failed, or why all of it is lost. See
+// IRegistry::Change.
+HX_PLATFORM_API HRESULT ChangeRegistration(
+    IRegistry& registry, RegistryRoot root, RegistrationAction action,
+    const std::function<HRESULT(IRegistry&, RegistrationError&)>& changes, RegistrationError& error);
+// In this order, up to the first failure, as one change. `error` then names the key and says why, with line
+// 0.
 HX_PLATFORM_API HRESULT WriteRegistration(IRegistry& registry, std::span<const RegisteredValue> values,
                                           RegistrationError& error);
 // The key below HKEY_CLASSES_ROOT with all below it. One that is not there is success.

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/registry/registration_keys.h"
 #include "platform/registry/registration_lexer.h"
 #include "platform/registry/registration_parser.h"
 #include "platform/system/case_fold.h"
@@ -96,6 +97,24 @@ private:
     RegistryRoot m_root;
 };
 
+HRESULT RunRoots(IRegistry& registry, std::span<const RegistrationRoot> roots, RegistrationAction action,
+                 RegistrationError& error) {
+    try {
+        for (const RegistrationRoot& each : roots) {
+            const RegistrationRun run(registry, each.root);
+            if (action == RegistrationAction::kRegister) {
+                run.Make(each.content, {});
+            } else {
+                run.Unmake(each.content, {});
+            }
+        }
+        return S_OK;
+    } catch (RegistrationFailure& failed) {
+        error = std::move(failed.error);
+        return HresultOf(failed.result);
+    }
+}
+
 }  // namespace
 
 HRESULT RunRegistrationScript(IRegistry& registry, std::wstring_view script,
@@ -108,21 +127,24 @@ HRESULT RunRegistrationScript(IRegistry& registry, std::wstring_view script,
         return found == replacements.end() ? std::nullopt : std::optional(found->value);
     };
     try {
-        for (const RegistrationRoot& each : ReadRegistrationScript(script, value_of)) {
-            const RegistrationRun run(registry, each.root);
-            if (action == RegistrationAction::kRegister) {
-                run.Make(each.content, {});
-            } else {
-                run.Unmake(each.content, {});
-            }
+        const std::vector<RegistrationRoot> roots = ReadRegistrationScript(script, value_of);
+        HRESULT result = S_OK;
+        for (auto first = roots.begin(); first != roots.end() && SUCCEEDED(result);) {
+            const auto last = std::find_if_not(
+                first, roots.end(), [&](const auto& each) { return LieTogether(each.root, first->root); });
+            const std::span<const RegistrationRoot> together(first, last);
+            result = ChangeRegistration(
+                registry, first->root, action,
+                [&](IRegistry& changing, RegistrationError& reason) {
+                    return RunRoots(changing, together, action, reason);
+                },
+                error);
+            first = last;
         }
-        return S_OK;
+        return result;
     } catch (RegistrationError& refused) {
         error = std::move(refused);
         return E_FAIL;
-    } catch (RegistrationFailure& failed) {
-        error = std::move(failed.error);
-        return HresultOf(failed.result);
     }
 }
 

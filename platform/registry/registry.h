@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,9 +31,17 @@ enum class RegistryRoot : uint32_t {
     kClassesRoot,   // HKEY_CLASSES_ROOT, in the machine's
 };
 
+// Whether one store holds both.
+constexpr bool LieTogether(RegistryRoot a, RegistryRoot b) {
+    return (a == RegistryRoot::kCurrentUser) == (b == RegistryRoot::kCurrentUser);
+}
+
 inline constexpr size_t kMaxRegistryDepth = 512;
 
 enum class RegistryAccess { kRead, kReadWrite };
+
+// What several changes are for; without a store, deleting makes none.
+enum class RegistryChange { kMake, kDelete };
 
 // With the numbers that the system has for them.
 enum class RegistryResult : uint32_t {
@@ -95,6 +104,17 @@ public:
                                     std::vector<std::wstring>& names) = 0;
     virtual RegistryResult ListValues(RegistryRoot root, std::wstring_view path,
                                       std::vector<NamedRegistryValue>& values) = 0;
+
+    // Runs `changes`, whose operations others see all at once, and nobody else's come between them. It uses
+    // no registry but the one it is given, only roots that lie together with `root`, and throws
+    // std::bad_alloc only. It may run several times, each time on another store, so it begins anew each time.
+    // What was done before an operation was refused stays. Anything but kDone says that all of it is lost:
+    // the store failed.
+    virtual RegistryResult Change([[maybe_unused]] RegistryRoot root, [[maybe_unused]] RegistryChange change,
+                                  const std::function<void(IRegistry&)>& changes) {
+        changes(*this);
+        return RegistryResult::kDone;
+    }
 
     // For whoever keeps what was read: as long as equal stamps are given, what was read after the first of
     // them, and ended with kDone or kNotFound, would be read again. Far cheaper than reading. Nothing if that

@@ -225,19 +225,23 @@ void SqliteRun::Bind(int index, int64_t number) {
     Checked(sqlite3_db_handle(m_statement), [&] { return sqlite3_bind_int64(m_statement, index, number); });
 }
 
-SqliteTransaction::SqliteTransaction(SqliteConnection& connection) : m_connection(connection) {
+SqliteTransaction::SqliteTransaction(SqliteConnection& connection)
+    : m_connection(connection), m_is_inner(sqlite3_get_autocommit(connection.m_database.get()) == 0) {
     // Asks for the right to write at once: later, another one's write would make it impossible.
-    m_connection.Execute("BEGIN IMMEDIATE");
+    m_connection.Execute(m_is_inner ? "SAVEPOINT inner" : "BEGIN IMMEDIATE");
 }
 
 SqliteTransaction::~SqliteTransaction() {
-    // Some failures have ended it already.
+    // Some failures have ended it already, and the outer one with it.
     sqlite3* const database = m_connection.m_database.get();
-    if (!sqlite3_get_autocommit(database)) sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+    if (m_is_done || sqlite3_get_autocommit(database)) return;
+    sqlite3_exec(database, m_is_inner ? "ROLLBACK TO inner; RELEASE inner" : "ROLLBACK", nullptr, nullptr,
+                 nullptr);
 }
 
 void SqliteTransaction::Commit() {
-    m_connection.Execute("COMMIT");
+    m_connection.Execute(m_is_inner ? "RELEASE inner" : "COMMIT");
+    m_is_done = true;
 }
 
 }  // namespace hx

@@ -109,7 +109,7 @@ private:
     sqlite3_stmt* m_statement;
 };
 
-// Everything between its making and Commit happens, or nothing.
+// Everything between its making and Commit happens, or nothing. One within another happens with that one.
 class SqliteTransaction {
 public:
     explicit SqliteTransaction(SqliteConnection& connection);
@@ -121,6 +121,8 @@ public:
 
 private:
     SqliteConnection& m_connection;
+    const bool m_is_inner;
+    bool m_is_done = false;
 };
 
 }  // namespace hx

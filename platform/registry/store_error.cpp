@@ -8,7 +8,6 @@ namespace hx {
 StoreFault FaultOfSystem(int system_error) {
     switch (system_error) {
         case ENOENT:
-        case ENOTDIR:
             return StoreFault::kMissing;
         case EACCES:
         case EPERM:

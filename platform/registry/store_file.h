@@ -65,7 +65,11 @@ private:
                 if (IsCurrent()) return result;
                 Close();
             } catch (const StoreError& error) {
-                if (const std::optional<RegistryResult> result = HandleError(error)) return *result;
+                const std::optional<RegistryResult> result = HandleError(error);
+                // What is to be made cannot be missing, but the place for it can.
+                if (use == StoreUse::kMake && result == RegistryResult::kNotFound)
+                    return RegistryResult::kIoFailed;
+                if (result) return *result;
             }
         }
         return RegistryResult::kBusy;

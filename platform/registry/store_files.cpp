@@ -81,14 +81,22 @@ std::optional<FileState> StateOf(const std::string& file) {
                          S_ISREG(status.st_mode),
                          int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec};
     }
-    if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
+    if (errno == ENOENT) return std::nullopt;
     ThrowSystemError(file);
 }
 
 std::string Resolve(const std::string& path) {
+    constexpr int kMostLinks = 40;
     std::error_code error;
-    const std::filesystem::path resolved = std::filesystem::canonical(path, error);
-    return error ? path : resolved.native();
+    std::filesystem::path file = path;
+    // The last name first: what a link leads to need not be there.
+    for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(file, error); ++i) {
+        const std::filesystem::path target = std::filesystem::read_symlink(file, error);
+        if (error) return path;
+        file = file.parent_path() / target;
+    }
+    const std::filesystem::path folder = std::filesystem::canonical(file.parent_path(), error);
+    return error ? file.native() : (folder / file.filename()).native();
 }
 
 bool HasEmptyLog(const std::string& file) {

@@ -34,7 +34,7 @@ struct FileState {
 // Nothing if there is no such file. Throws StoreError if the system does not say.
 std::optional<FileState> StateOf(const std::string& file);
 
-// The file that a path leads to through symbolic links; the path itself if that is not there yet.
+// The file that a path leads to through symbolic links; it need not be there yet.
 std::string Resolve(const std::string& path);
 
 // True unless what SQLite keeps beside the file holds something that the file may lack.

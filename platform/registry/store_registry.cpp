@@ -1,4 +1,6 @@
 // The registry on disk: paths and names as the tables want them, and the store that each root lies in.
+#include <functional>
+#include <optional>
 #include <utility>
 
 #include "platform/registry/registry.h"
@@ -43,12 +45,11 @@ RegistryResult DoneIf(bool done) {
     return done ? RegistryResult::kDone : RegistryResult::kNotFound;
 }
 
-class StoreRegistry final : public IRegistry {
-public:
-    StoreRegistry(StorePlace machine, StorePlace user, std::chrono::milliseconds patience)
-        : m_machine(std::move(machine), {kRootNames[1], kRootNames[2]}, patience),
-          m_user(std::move(user), {kRootNames[0]}, patience) {}
+using TablesAction = std::function<RegistryResult(StoreTables&)>;
 
+// The operations by whatever tables a root has.
+class TablesRegistry : public IRegistry {
+public:
     RegistryResult OpenKey(RegistryRoot root, std::wstring_view path, RegistryAccess access) override {
         const StoreUse use = access == RegistryAccess::kRead ? StoreUse::kRead : StoreUse::kChange;
         return OnExistingKey(root, path, use, [](StoreTables& tables, const StoredKey& key) {
@@ -59,7 +60,7 @@ public:
     RegistryResult CreateKey(RegistryRoot root, std::wstring_view path) override {
         const std::vector<std::wstring_view> names = SplitRegistryPath(path);
         if (!IsRoot(root) || names.size() > kMaxRegistryDepth) return RegistryResult::kInvalid;
-        return StoreOf(root).Use(StoreUse::kMake, [&](StoreTables& tables) {
+        return Use(root, StoreUse::kMake, [&](StoreTables& tables) {
             // Mostly it is there, which needs no writing.
             if (!tables.HasKey(KeyOf(root, names))) tables.AddKeys(KeysOf(root, names));
             return RegistryResult::kDone;
@@ -106,12 +107,9 @@ public:
         return List(root, path, values, &StoreTables::ListValues);
     }
 
-    std::optional<RegistryStamp> Stamp(RegistryRoot root) override {
-        return IsRoot(root) ? StoreOf(root).Stamp() : std::nullopt;
-    }
-
 private:
-    StoreFile& StoreOf(RegistryRoot root) { return root == RegistryRoot::kCurrentUser ? m_user : m_machine; }
+    // See StoreFile::Use.
+    virtual RegistryResult Use(RegistryRoot root, StoreUse use, const TablesAction& action) = 0;
 
     template <class Action>
     RegistryResult OnKey(RegistryRoot root, std::wstring_view path, StoreUse use, Action action) {
@@ -120,7 +118,7 @@ private:
         const StoredKey key = KeyOf(root, names);
         // A root is always there, so it can be written to before anything else is.
         if (use == StoreUse::kChange && names.empty()) use = StoreUse::kMake;
-        return StoreOf(root).Use(use, [&](StoreTables& tables) { return action(tables, key); });
+        return Use(root, use, [&](StoreTables& tables) { return action(tables, key); });
     }
 
     // While there is no store there is no key, except for the roots.
@@ -140,6 +138,71 @@ private:
             [&](StoreTables& tables, const StoredKey& key) { return (tables.*read)(key, found); });
         if (result == RegistryResult::kDone) list = std::move(found);
         return result;
+    }
+};
+
+// What a change is given: one store with a transaction begun. It has no stamp, since the state within is
+// nobody else's yet.
+class ChangingRegistry final : public TablesRegistry {
+public:
+    ChangingRegistry(RegistryRoot root, StoreTables& tables) : m_root(root), m_tables(tables) {}
+
+    // Throws what the store failed with, if it did: then the change is lost.
+    void CheckStore() const {
+        if (m_failure) throw StoreError(*m_failure);
+    }
+
+private:
+    RegistryResult Use(RegistryRoot root, StoreUse, const TablesAction& action) override {
+        if (!LieTogether(root, m_root)) return RegistryResult::kInvalid;
+        if (m_failure) return ResultOf(m_failure->Fault());
+        try {
+            return action(m_tables);
+        } catch (const StoreError& error) {
+            // Too long a text says nothing about the store.
+            if (error.Fault() != StoreFault::kTooBig) m_failure = error;
+            return ResultOf(error.Fault());
+        }
+    }
+
+    const RegistryRoot m_root;
+    StoreTables& m_tables;
+    std::optional<StoreError> m_failure;
+};
+
+class StoreRegistry final : public TablesRegistry {
+public:
+    StoreRegistry(StorePlace machine, StorePlace user, std::chrono::milliseconds patience)
+        : m_machine(std::move(machine), {kRootNames[1], kRootNames[2]}, patience),
+          m_user(std::move(user), {kRootNames[0]}, patience) {}
+
+    RegistryResult Change(RegistryRoot root, RegistryChange change,
+                          const std::function<void(IRegistry&)>& changes) override {
+        if (!IsRoot(root)) return RegistryResult::kInvalid;
+        const StoreUse use = change == RegistryChange::kMake ? StoreUse::kMake : StoreUse::kChange;
+        const RegistryResult result = StoreOf(root).Use(use, [&](StoreTables& tables) {
+            tables.AtOnce([&] {
+                ChangingRegistry registry(root, tables);
+                changes(registry);
+                registry.CheckStore();
+            });
+            return RegistryResult::kDone;
+        });
+        // Without a store, or the right to write, nothing can be changed; each operation says so itself.
+        if (result != RegistryResult::kNotFound && result != RegistryResult::kAccessDenied) return result;
+        changes(*this);
+        return RegistryResult::kDone;
+    }
+
+    std::optional<RegistryStamp> Stamp(RegistryRoot root) override {
+        return IsRoot(root) ? StoreOf(root).Stamp() : std::nullopt;
+    }
+
+private:
+    StoreFile& StoreOf(RegistryRoot root) { return root == RegistryRoot::kCurrentUser ? m_user : m_machine; }
+
+    RegistryResult Use(RegistryRoot root, StoreUse use, const TablesAction& action) override {
+        return StoreOf(root).Use(use, std::ref(action));
     }
 
     StoreFile m_machine;

@@ -34,6 +34,14 @@ public:
     // Prepares all statements. `connection` must outlive this.
     explicit StoreTables(SqliteConnection& connection);
 
+    // What `changes` does with these tables happens all at once, or not at all if it throws.
+    template <class Changes>
+    void AtOnce(Changes changes) {
+        SqliteTransaction transaction(m_connection);
+        changes();
+        transaction.Commit();
+    }
+
     bool HasKey(const StoredKey& key);
     // Adds those of the keys that are missing, all or none.
     void AddKeys(const std::vector<StoredKey>& keys);

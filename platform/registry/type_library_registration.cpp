@@ -40,13 +40,17 @@ HRESULT WriteTypeLibraryRegistration(IRegistry& registry, const TypeLibraryRegis
 
 HRESULT DeleteTypeLibraryRegistration(IRegistry& registry, const TypeLibraryRegistration& of,
                                       RegistrationError& error) {
-    const std::wstring key = KeyOf(of.id);
-    HRESULT result = DeleteRegistration(registry, key + L"\\" + std::wstring(of.version), error);
-    // Nothing of a library without a version, and no key for libraries where there is none.
-    for (const std::wstring_view each : {std::wstring_view(key), kLibraries}) {
-        if (SUCCEEDED(result)) result = DeleteUnlessInUse(registry, each, error);
-    }
-    return result;
+    const auto remove = [&of](IRegistry& changing, RegistrationError& reason) {
+        const std::wstring key = KeyOf(of.id);
+        HRESULT result = DeleteRegistration(changing, key + L"\\" + std::wstring(of.version), reason);
+        // Nothing of a library without a version, and no key for libraries where there is none.
+        for (const std::wstring_view each : {std::wstring_view(key), kLibraries}) {
+            if (SUCCEEDED(result)) result = DeleteUnlessInUse(changing, each, reason);
+        }
+        return result;
+    };
+    return ChangeRegistration(registry, RegistryRoot::kClassesRoot, RegistrationAction::kUnregister, remove,
+                              error);
 }
 
 }  // namespace hx

@@ -42,6 +42,7 @@ TEST_F(StoreObstacle, ABusyStore) {
     EXPECT_EQ(Set(*registry, 1), Result::kBusy);
     EXPECT_EQ(registry->CreateKey(kMachine, L"New"), Result::kBusy);
     EXPECT_EQ(registry->DeleteKey(kMachine, kKey), Result::kBusy);
+    EXPECT_EQ(registry->Change(kMachine, RegistryChange::kMake, [](IRegistry&) { FAIL(); }), Result::kBusy);
     EXPECT_EQ(Query(*registry, 1), Result::kDone) << "who writes keeps nobody from reading";
     EXPECT_EQ(registry->CreateKey(kMachine, kKey), Result::kDone) << "nothing to write";
     sqlite3_close(other);
@@ -110,6 +111,27 @@ TEST_F(StoreObstacle, AFileThatCannotBeRead) {
     EXPECT_EQ(Query(*registry, 1), Result::kIoFailed);
     EXPECT_EQ(registry->CreateKey(kMachine, kKey), Result::kIoFailed);
     EXPECT_TRUE(std::filesystem::is_symlink(MachineFile()) && Reports().empty());
+}
+
+TEST_F(StoreObstacle, ALinkThatLeadsNowhere) {
+    std::filesystem::create_symlink("there/store", MachineFile());
+    const auto registry = Open();
+    EXPECT_EQ(Query(*registry, 1), Result::kNotFound);
+    EXPECT_EQ(registry->CreateKey(kMachine, kKey), Result::kIoFailed) << "the target's folder is missing";
+    std::filesystem::create_directory(File("there"));
+    EXPECT_EQ(registry->CreateKey(kMachine, kKey), Result::kDone);
+    EXPECT_TRUE(std::filesystem::is_symlink(MachineFile()));
+    EXPECT_TRUE(std::filesystem::is_regular_file(File("there/store")));
+}
+
+TEST_F(StoreObstacle, AFileInPlaceOfItsFolder) {
+    std::ofstream(File("file")) << "x";
+    const auto registry = OpenRegistryStore(File("file") / "machine", File("file") / "below" / "user");
+    for (const RegistryRoot root : {kMachine, kUser}) {
+        EXPECT_EQ(registry->CreateKey(root, kKey), Result::kIoFailed);
+        EXPECT_EQ(registry->DeleteKey(root, kKey), Result::kIoFailed);
+    }
+    EXPECT_EQ(registry->Change(kMachine, RegistryChange::kDelete, [](IRegistry&) {}), Result::kIoFailed);
 }
 
 TEST_F(StoreObstacle, AStoreOfALaterVersion) {

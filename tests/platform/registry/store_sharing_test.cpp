@@ -51,6 +51,41 @@ TEST_F(StoreSharing, ByProcessesThatBeginItTogether) {
     ExpectAll(4 * 50);
 }
 
+// Each makes the key anew with two values below it, while the others do so and look.
+TEST_F(StoreSharing, ChangesAreSeenWholeAndNeverSpoilEachOther) {
+    std::vector<pid_t> children;
+    for (uint32_t i = 0; i < 3; ++i) {
+        children.push_back(StartChild([&] {
+            const auto registry = Open();
+            const std::wstring inner = std::wstring(kKey) + L"\\Inner";
+            Result results[3];
+            for (int time = 0; time < 100; ++time) {
+                const auto make_anew = [&](IRegistry& changing) {
+                    EXPECT_FALSE(changing.Stamp(kMachine));
+                    EXPECT_EQ(changing.CreateKey(kUser, kKey), Result::kInvalid) << "another store";
+                    changing.DeleteKey(kMachine, kKey);
+                    results[0] = changing.CreateKey(kMachine, inner);
+                    results[1] = changing.SetValue(kMachine, inner, L"", L"x");
+                    results[2] = Set(changing, 0);
+                    EXPECT_EQ(changing.DeleteKey(kMachine, L"Missing"), Result::kNotFound);
+                };
+                ASSERT_EQ(registry->Change(kMachine, RegistryChange::kMake, make_anew), Result::kDone);
+                for (const Result result : results) ASSERT_EQ(result, Result::kDone);
+                ASSERT_EQ(Query(*registry, 0), Result::kDone) << "another one's change is seen in part";
+            }
+        }));
+    }
+    for (const pid_t child : children) ExpectSuccess(child);
+    bool was_run = false;
+    const auto registry = Open();
+    EXPECT_EQ(registry->Change(kUser, RegistryChange::kDelete,
+                               [&](IRegistry& changing) {
+                                   was_run = changing.DeleteKey(kUser, kKey) == Result::kNotFound;
+                               }),
+              Result::kDone);
+    EXPECT_TRUE(was_run && !std::filesystem::exists(File("user"))) << "deleting makes no store";
+}
+
 TEST_F(StoreSharing, WhatOneWritesTheOthersSeeAtOnce) {
     const auto one = Open();
     const auto other = Open();
