@@ -13,7 +13,7 @@
 #include "platform/com/self_registration.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
-#include "tests/platform/temporary_folder.h"
+#include "tests/platform/beside_platform.h"
 #include "tests/platform/test_component.h"
 
 namespace {
@@ -207,16 +207,15 @@ TEST_F(SelfRegistration, LeavesToTheLoaderWhatItCannotUnload) {
 }
 
 TEST(ClassLookup, ReadsTheTablesBesideThePlatformLibrary) {
-    const auto table = hx::ThisLibraryFolder() / ("test_" + std::to_string(getpid()) + ".classes");
-    ASSERT_FALSE(
-        hx::WriteFileAtomically(table, Line(CLSID_Unlisted, "Hx.Beside", "libhx_test_component.so")));
-    hx::SetClassLookup(nullptr);
-    const auto entry = hx::ClassLookup()->ByClsid(CLSID_Unlisted);
-    std::filesystem::remove(table);
-    ASSERT_TRUE(entry);
-    EXPECT_EQ(std::filesystem::canonical(hx::ToUtf8(entry->library)), std::filesystem::canonical(component));
-    hx::SetClassLookup(nullptr);
-    EXPECT_FALSE(hx::ClassLookup()->ByClsid(CLSID_Unlisted)) << "read anew";
+    BesideThePlatformLibrary(Line(CLSID_Unlisted, "Hx.Beside", "beside.so"), [] {
+        const auto entry = hx::ClassLookup()->ByClsid(CLSID_Unlisted);
+        ASSERT_TRUE(entry);
+        EXPECT_EQ(hx::ToUtf8(entry->library), hx::ThisLibraryFolder() / "beside.so");
+        std::filesystem::remove(hx::ThisLibraryFolder() / "test.classes");
+        EXPECT_TRUE(hx::ClassLookup()->ByClsid(CLSID_Unlisted)) << "read once";
+        hx::SetClassLookup(nullptr);
+        EXPECT_FALSE(hx::ClassLookup()->ByClsid(CLSID_Unlisted)) << "read anew";
+    });
 }
 
 TEST(ClassFiles, ListsClassesAndSkipsBadLines) {
