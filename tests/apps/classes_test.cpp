@@ -14,10 +14,7 @@ protected:
     const std::string m_settings = m_bin + "/HXScannerCtrls.so";
 
     std::string Tree(const std::string& options = {}) const { return Run("classes --tree " + options).out; }
-    // hxregister, run by the same shell.
-    Answer RunHxregister(const std::string& arguments) const {
-        return Run("--help >/dev/null; '" + m_bin + "/hxregister' " + arguments);
-    }
+    Answer RunHxregister(const std::string& arguments) const { return RunProgram("hxregister", arguments); }
 };
 
 const std::string kKept = "HKEY_LOCAL_MACHINE\n  Software\n    Orvel\n      HXAPI4\n        Components\n";

@@ -36,11 +36,16 @@ protected:
         return std::string(std::istreambuf_iterator<char>(file), {});
     }
 
-    // Runs the tool in the folder, with `input` as its standard input.
+    // Runs the tool in the folder, with `input` as its standard input; or another program of the build,
+    // with `environment` as for env(1).
     Answer Run(const std::string& arguments, const std::string& input = {}) const {
+        return RunProgram("hxctl", arguments, input);
+    }
+    Answer RunProgram(const std::string& name, const std::string& arguments, const std::string& input = {},
+                      const std::string& environment = {}) const {
         Write("stdin", input);
-        const std::string command = "cd '" + m_folder.string() + "' && '" + HX_BIN_DIR + "/hxctl' " +
-                                    arguments + " <stdin >stdout 2>stderr";
+        const std::string command = "cd '" + m_folder.string() + "' && env " + environment + " '" +
+                                    HX_BIN_DIR + "/" + name + "' " + arguments + " <stdin >stdout 2>stderr";
         const int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Read("stdout"), Read("stderr")};
     }

@@ -16,6 +16,7 @@
 #include "hxapi/IHXLocale.h"
 #include "hxapi/IHXPreviewWatcher.h"
 #include "hxapi/IHXProfile.h"
+#include "hxapi/IHXSettingsObjectMap.h"
 #include "hxapi/IHXSimulator.h"
 #include "hxapi/IHXSimulatorPresets.h"
 #include "hxapi/IProfileSettingsFactory.h"
@@ -28,6 +29,7 @@
 #include "platform/com/persist.h"
 #include "platform/com/property_page.h"
 #include "platform/com/typeinfo.h"
+#include "platform/com/typelib.h"
 #include "preview/IHXPreview.h"
 
 namespace {
@@ -199,6 +201,7 @@ const std::vector<InterfaceRow>& AllInterfaces() {
         {IID_IClassFactory, "IClassFactory"},
         {IID_IDispatch, "IDispatch"},
         {IID_ITypeInfo, "ITypeInfo"},
+        {IID_ITypeLib, "ITypeLib"},
         {IID_IErrorInfo, "IErrorInfo"},
         {IID_ICreateErrorInfo, "ICreateErrorInfo"},
         {IID_ISupportErrorInfo, "ISupportErrorInfo"},
@@ -226,6 +229,8 @@ const std::vector<InterfaceRow>& AllInterfaces() {
         {IID_ISpecifyPropertyPages, "ISpecifyPropertyPages"},
         {IID_IConnectionPoint, "IConnectionPoint"},
         {IID_IConnectionPointContainer, "IConnectionPointContainer"},
+        {IID_IEnumConnectionPoints, "IEnumConnectionPoints"},
+        {IID_IEnumConnections, "IEnumConnections"},
         {IID_IHXPreview, "IHXPreview"},
         {IID_IHXPreviewWatcher, "IHXPreviewWatcher"},
         {IID_ITrackingCycleObserver, "ITrackingCycleObserver"},
@@ -233,6 +238,7 @@ const std::vector<InterfaceRow>& AllInterfaces() {
         {IID_IHXApiEvents, "IHXApiEvents"},
         {IID_IHXApiInternal, "IHXApiInternal"},
         {IID_IHXLocale, "IHXLocale"},
+        {IID_IHXSettingsObjectMap, "IHXSettingsObjectMap"},
         {IID_IHXProfile, "IHXProfile"},
         {IID_IHXSimulator, "IHXSimulator"},
         {IID_IHXSimulatorPresets, "IHXSimulatorPresets"},

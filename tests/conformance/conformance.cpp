@@ -55,11 +55,3 @@ bool Conformance::IsLoaded(const std::string& library) {
 bool Conformance::IsAnyLoaded() {
     return std::ranges::any_of(kLibraries, [](const char* library) { return IsLoaded(library); });
 }
-
-std::wstring Conformance::TakeErrorInformation() {
-    hx::ComPtr<IErrorInfo> information;
-    if (GetErrorInfo(0, information.put()) != S_OK) return {};
-    hx::Bstr description;
-    EXPECT_EQ(information->GetDescription(description.put()), S_OK);
-    return std::wstring(description.view());
-}

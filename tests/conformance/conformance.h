@@ -33,9 +33,6 @@ public:
             S_OK);
         return factory;
     }
-
-    // What the thread's error information says, which is forgotten then; empty if there is none.
-    static std::wstring TakeErrorInformation();
 };
 
 // The count of references, from which nothing is taken and to which nothing is added.

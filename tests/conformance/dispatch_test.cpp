@@ -267,7 +267,8 @@ TEST_F(Dispatch, TheTypeInformationTellsTheSameMembers) {
         EXPECT_EQ(none, nullptr);
         ASSERT_EQ(object->GetTypeInfo(0, 0, info.put()), S_OK);
         object.reset();
-        CoFreeUnusedLibraries();  // the description keeps its library
+        CoFreeUnusedLibraries();
+        EXPECT_TRUE(IsLoaded(row.library)) << "the description keeps it";
         TYPEATTR* attributes = nullptr;
         ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
         EXPECT_EQ(attributes->guid, row.dispatch);

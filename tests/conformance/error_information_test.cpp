@@ -8,6 +8,7 @@
 #include "hxapi/IProfileSettingsFactory.h"
 #include "platform/com/safearray.h"
 #include "tests/conformance/conformance.h"
+#include "tests/told_error.h"
 
 namespace {
 
@@ -79,7 +80,7 @@ TEST_F(Conformance, ErrorInformationIsLeftWherePromisedAndNowhereElse) {
         SCOPED_TRACE(row.what);
         LeaveOlderInformation();
         EXPECT_EQ(row.call(), row.result);
-        const std::wstring left = TakeErrorInformation();
+        const std::wstring left = TakeToldError().description;
         if (row.leaves_information) {
             EXPECT_NE(left.find(L"CCoMHXMeasSettings.ReadXmlBstr"), std::wstring::npos);
         } else {
@@ -122,7 +123,7 @@ TEST_F(Conformance, MalformedArgumentsOfAPageAreExceptions) {
             EXPECT_TRUE(FAILED(exception.scode));
             EXPECT_EQ(source.view(), each.place);
             EXPECT_TRUE(description.view().starts_with(each.place + L":" + row.error + L" "));
-            EXPECT_EQ(TakeErrorInformation(), L"") << "it was handed over";
+            EXPECT_EQ(TakeToldError().description, L"") << "it was handed over";
             EXPECT_ANY_THROW(page->Initialise(nullptr, nullptr, nullptr, &array));
         }
     }

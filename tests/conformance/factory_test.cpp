@@ -78,7 +78,7 @@ TEST_F(Conformance, LibrariesGoWhenTheyMayAndComeBack) {
             factory.reset();
             stays(row, true, "an object");
             factory = FactoryOf(row.clsid);
-            for (const BOOL lock : {TRUE, TRUE}) EXPECT_EQ(factory->LockServer(lock), S_OK);
+            for (const BOOL lock : {TRUE, BOOL{-1}}) EXPECT_EQ(factory->LockServer(lock), S_OK);
             object.reset();
             factory.reset();
             stays(row, true, "two locks");

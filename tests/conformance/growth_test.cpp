@@ -73,7 +73,8 @@ TEST_F(Conformance, EightThreadsCreateWhileLibrariesComeAndGo) {
             for (const ClassPromises& row : AllClasses()) {
                 if (row.threading_model == L"Apartment" && !is_user_interface) continue;
                 for (int i = 0; i < 3; ++i) objects.push_back(Create(row.clsid));
-                if (objects.back()) {
+                // A page that is being made asks the newest scanner API for its language.
+                if (objects.back() && row.clsid != CLSID_HXSimulator) {
                     EXPECT_EQ(CountOf(*objects.back()), 1u);
                 }
             }

@@ -54,10 +54,9 @@ const Probe kProbes[] = {
         [](auto& o) { return o.CreateSettingsObject(ScannerMeasurementSettings, nullptr); }),
     On<DHXConfigCtrl>("api", E_INVALIDARG, [](auto& o) { return o.SetHXApi(nullptr); }),
     On<IOleObject>("site", E_POINTER, [](auto& o) { return o.GetClientSite(nullptr); }),
-    On<IOleObject>("no site", E_FAIL,
-                   [](auto& o) {
-                       return Emptied<IOleClientSite>([&](auto out) { return o.GetClientSite(out), E_FAIL; });
-                   }),
+    On<IOleObject>(
+        "no site", S_OK,
+        [](auto& o) { return Emptied<IOleClientSite>([&](auto out) { return o.GetClientSite(out); }); }),
     On<IOleObject>("moniker", E_POINTER, [](auto& o) { return o.GetMoniker(1, 1, nullptr); }),
     On<IOleObject>(
         "no moniker", E_NOTIMPL,
@@ -78,11 +77,8 @@ const Probe kProbes[] = {
         [](auto& o) { return Emptied<IEnumSTATDATA>([&](auto out) { return o.EnumAdvise(out); }); }),
     On<IOleObject>("status", E_POINTER, [](auto& o) { return o.GetMiscStatus(DVASPECT_CONTENT, nullptr); }),
     On<IOleWindow>("window", E_POINTER, [](auto& o) { return o.GetWindow(nullptr); }),
-    On<IOleWindow>("no window", E_UNEXPECTED + 0,
-                   [](auto& o) {
-                       return Emptied<HWND__>(
-                           [&](auto out) { return SUCCEEDED(o.GetWindow(out)) ? S_OK : E_UNEXPECTED; });
-                   }),
+    On<IOleWindow>("no window", OLE_E_NOT_INPLACEACTIVE,
+                   [](auto& o) { return Emptied<HWND__>([&](auto out) { return o.GetWindow(out); }); }),
     On<IOleInPlaceObject>("place", E_POINTER, [](auto& o) { return o.SetObjectRects(nullptr, nullptr); }),
     On<IOleControl>("keys", E_POINTER, [](auto& o) { return o.GetControlInfo(nullptr); }),
     On<IPersist>("class to store", E_POINTER, [](auto& o) { return o.GetClassID(nullptr); }),

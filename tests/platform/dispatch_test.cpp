@@ -46,6 +46,9 @@ public:
         EXPECT_EQ(CreateErrorInfo(information.put()), S_OK);
         std::wstring text = L"no ink";
         EXPECT_EQ(information->SetDescription(text.data()), S_OK);
+        EXPECT_EQ(information->SetSource(text.data() + 3), S_OK);
+        EXPECT_EQ(information->SetHelpFile(text.data() + 1), S_OK);
+        EXPECT_EQ(information->SetHelpContext(7), S_OK);
         EXPECT_EQ(SetErrorInfo(0, information.as<IErrorInfo>().get()), S_OK);
         return E_ACCESSDENIED;
     }
@@ -230,7 +233,11 @@ TEST_F(Dispatch, OnlyMethodsThatThereAreAreCalled) {
               DISP_E_UNKNOWNINTERFACE);
     EXPECT_EQ(m_plotter->Invoke(-5, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr),
               E_INVALIDARG);
-    for (DISPPARAMS bad : {DISPPARAMS{nullptr, nullptr, 1, 0}, DISPPARAMS{nullptr, nullptr, 0, 1}}) {
+    // More of the arguments are named than there are, and none are there.
+    DISPID first[] = {0, 0};
+    VARIANT argument = Of(VT_UNKNOWN).detach();
+    for (DISPPARAMS bad : {DISPPARAMS{nullptr, nullptr, 1, 0}, DISPPARAMS{nullptr, nullptr, 0, 1},
+                           DISPPARAMS{&argument, first, 1, 2}}) {
         EXPECT_EQ(m_plotter->Invoke(8, IID_NULL, 0, DISPATCH_METHOD, &bad, nullptr, nullptr, nullptr),
                   E_INVALIDARG);
     }
@@ -267,9 +274,14 @@ TEST_F(Dispatch, AFailureIsToldAsAnException) {
     m_plotter->tell = true;
     EXPECT_EQ(Invoke(-5, {}), DISP_E_EXCEPTION);
     EXPECT_EQ(m_exception.scode, E_ACCESSDENIED);
-    hx::Bstr description;
+    hx::Bstr description, source, help_file;
     description.attach(m_exception.bstrDescription);
+    source.attach(m_exception.bstrSource);
+    help_file.attach(m_exception.bstrHelpFile);
     EXPECT_EQ(description.view(), L"no ink");
+    EXPECT_EQ(source.view(), L"ink");
+    EXPECT_EQ(help_file.view(), L"o ink");
+    EXPECT_EQ(m_exception.dwHelpContext, 7u);
     // What an earlier call left behind is not taken for this one's.
     EXPECT_EQ(m_plotter->Fail(), E_ACCESSDENIED);
     m_plotter->tell = false;
@@ -352,6 +364,8 @@ struct Output {
 TEST_F(Dispatch, WhatIsNotDescribedIsNull) {
     ComPtr<ITypeInfo> info;
     ASSERT_EQ(m_plotter->GetTypeInfo(0, 0, info.put()), S_OK);
+    DISPPARAMS none{};
+    EXPECT_EQ(info->Invoke(nullptr, -5, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr), E_INVALIDARG);
     constexpr HRESULT kAbsent = TYPE_E_ELEMENTNOTFOUND;
     UINT count = 9;
     Output o[14];

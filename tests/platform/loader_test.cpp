@@ -13,8 +13,9 @@
 #include "platform/com/self_registration.h"
 #include "platform/system/files.h"
 #include "platform/system/utf8.h"
-#include "tests/platform/temporary_folder.h"
+#include "tests/platform/beside_platform.h"
 #include "tests/platform/test_component.h"
+#include "tests/told_error.h"
 
 namespace {
 
@@ -82,6 +83,8 @@ TEST_F(Loader, FindsClassesByProgId) {
     CoTaskMemFree(prog_id);
     EXPECT_EQ(ProgIDFromCLSID(CLSID_Unlisted, &prog_id), REGDB_E_CLASSNOTREG);
     EXPECT_EQ(prog_id, nullptr);
+    EXPECT_EQ(ProgIDFromCLSID(CLSID_Tally, nullptr), E_INVALIDARG);
+    EXPECT_EQ(CLSIDFromProgID(L"Hx.Tally", nullptr), E_INVALIDARG);
 }
 
 TEST_F(Loader, SaysWhatIsWrong) {
@@ -108,6 +111,9 @@ TEST_F(Loader, SaysWhatIsWrong) {
         EXPECT_EQ(out, nullptr) << &row - rows;
     }
     EXPECT_FALSE(IsLoaded(no_component)) << "refused, yet kept";
+    void* out = &m_folder;
+    EXPECT_EQ(CoGetClassObject(CLSID_Tally, CLSCTX_ALL, &m_folder, IID_IClassFactory, &out), E_INVALIDARG);
+    EXPECT_EQ(out, nullptr);
 }
 
 TEST_F(Loader, UnloadsWhatNobodyUses) {
@@ -117,6 +123,7 @@ TEST_F(Loader, UnloadsWhatNobodyUses) {
               S_OK);
     CoFreeUnusedLibraries();
     EXPECT_TRUE(IsLoaded(component)) << "a factory in use keeps its library";
+    EXPECT_EQ(dlsym(RTLD_DEFAULT, "DllGetClassObject"), nullptr) << "its names are for nobody else";
     hx::ComPtr<ITally> tally;
     EXPECT_EQ(factory->CreateInstance(nullptr, IID_ITally, tally.put_void()), S_OK);
     factory.reset();
@@ -151,22 +158,16 @@ TEST_F(Loader, UnloadsOnlyAroundCallsThatAreInside) {
 
 using SelfRegistration = Loader;
 
-// The description of this thread's error information; "none" without any.
-std::wstring WhatIsSaid() {
-    hx::ComPtr<IErrorInfo> information;
-    hx::Bstr description;
-    if (GetErrorInfo(0, information.put()) != S_OK) return L"none";
-    EXPECT_EQ(information->GetDescription(description.put()), S_OK);
-    return std::wstring(description.view());
-}
-
 TEST_F(SelfRegistration, WhatTheLibrarySaysOutlivesIt) {
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(HX_BIN_DIR);
     for (const std::string& path : {component, std::string("libhx_test_component.so")}) {
         EXPECT_EQ(hx::RegisterComponentLibrary(*hx::FromUtf8(path)), SELFREG_E_CLASS);
         EXPECT_FALSE(IsLoaded(component)) << path;
-        EXPECT_EQ(WhatIsSaid(), L"no room for a tally");
+        const ToldError told = TakeToldError();
+        EXPECT_EQ(told.guid, CLSID_Tally);
+        EXPECT_EQ(told.source, L"Hx.Tally.2");
+        EXPECT_EQ(told.description, L"no room for a tally");
     }
     std::filesystem::current_path(before);
 }
@@ -182,7 +183,7 @@ TEST_F(SelfRegistration, SaysWhatIsNoComponentLibrary) {
     for (const auto& [path, result] : rows) {
         hx::RegisterComponentLibrary(*hx::FromUtf8(component));  // something was said before
         EXPECT_EQ(hx::UnregisterComponentLibrary(*hx::FromUtf8(path)), result) << path;
-        EXPECT_EQ(WhatIsSaid() != L"none", result == CO_E_ERRORINDLL) << path;
+        EXPECT_EQ(TakeToldError().description != L"", result == CO_E_ERRORINDLL) << path;
         EXPECT_EQ(hx::CheckComponentLibrary(*hx::FromUtf8(path)), result) << path;
     }
     EXPECT_FALSE(IsLoaded(no_component));
@@ -207,16 +208,15 @@ TEST_F(SelfRegistration, LeavesToTheLoaderWhatItCannotUnload) {
 }
 
 TEST(ClassLookup, ReadsTheTablesBesideThePlatformLibrary) {
-    const auto table = hx::ThisLibraryFolder() / ("test_" + std::to_string(getpid()) + ".classes");
-    ASSERT_FALSE(
-        hx::WriteFileAtomically(table, Line(CLSID_Unlisted, "Hx.Beside", "libhx_test_component.so")));
-    hx::SetClassLookup(nullptr);
-    const auto entry = hx::ClassLookup()->ByClsid(CLSID_Unlisted);
-    std::filesystem::remove(table);
-    ASSERT_TRUE(entry);
-    EXPECT_EQ(std::filesystem::canonical(hx::ToUtf8(entry->library)), std::filesystem::canonical(component));
-    hx::SetClassLookup(nullptr);
-    EXPECT_FALSE(hx::ClassLookup()->ByClsid(CLSID_Unlisted)) << "read anew";
+    BesideThePlatformLibrary(Line(CLSID_Unlisted, "Hx.Beside", "beside.so"), [] {
+        const auto entry = hx::ClassLookup()->ByClsid(CLSID_Unlisted);
+        ASSERT_TRUE(entry);
+        EXPECT_EQ(hx::ToUtf8(entry->library), hx::ThisLibraryFolder() / "beside.so");
+        std::filesystem::remove(hx::ThisLibraryFolder() / "test.classes");
+        EXPECT_TRUE(hx::ClassLookup()->ByClsid(CLSID_Unlisted)) << "read once";
+        hx::SetClassLookup(nullptr);
+        EXPECT_FALSE(hx::ClassLookup()->ByClsid(CLSID_Unlisted)) << "read anew";
+    });
 }
 
 TEST(ClassFiles, ListsClassesAndSkipsBadLines) {

@@ -40,6 +40,14 @@ TEST_F(MeasurementObject, KeepsTheFrequenciesForWhoeverComesByItsPointer) {
     EXPECT_EQ(m_object->Invoke(4, IID_NULL, 0, DISPATCH_METHOD, &arguments, nullptr, nullptr, nullptr), S_OK);
     EXPECT_EQ(object.MaximumTriggerFrequency(), -5.0);
     EXPECT_EQ(object.MinimumTriggerFrequency(), 12.5);
+    // Whatever they are.
+    constexpr double kEnds[][2] = {{0, 7}, {9, 3}, {NAN, -INFINITY}, {INFINITY, NAN}};
+    for (const auto& [minimum, maximum] : kEnds) {
+        EXPECT_EQ(m_object->SetMaximumTriggerFrequency(maximum), S_OK);
+        EXPECT_EQ(m_object->SetMinimumTriggerFrequency(minimum), S_OK);
+        EXPECT_EQ(std::to_string(object.MaximumTriggerFrequency()), std::to_string(maximum));
+        EXPECT_EQ(std::to_string(object.MinimumTriggerFrequency()), std::to_string(minimum));
+    }
     EXPECT_EQ(object.Settings().Version, 0);
 }
 

@@ -10,6 +10,7 @@
 #include "platform/com/errorinfo.h"
 #include "platform/com/variant.h"
 #include "tests/server/component_library.h"
+#include "tests/told_error.h"
 
 namespace {
 
@@ -71,19 +72,12 @@ protected:
         return std::wstring(text.view());
     }
 
-    // Of the thread; forgets it. Empty if there is none.
+    // The description of that which is left, if any.
     static std::wstring ErrorInformation() {
-        ComPtr<IErrorInfo> information;
-        if (GetErrorInfo(0, information.put()) != S_OK) return {};
-        Bstr source;
-        Bstr description;
-        GUID about{};
-        EXPECT_EQ(information->GetGUID(&about), S_OK);
-        EXPECT_EQ(about, IID_IXmlBstrSerializable);
-        EXPECT_EQ(information->GetSource(source.put()), S_OK);
-        EXPECT_EQ(source.view(), kProgIdHXMeasSettings);
-        EXPECT_EQ(information->GetDescription(description.put()), S_OK);
-        return std::wstring(description.view());
+        const ToldError told = TakeToldError();
+        EXPECT_EQ(told.guid, told.description.empty() ? GUID_NULL : IID_IXmlBstrSerializable);
+        EXPECT_EQ(told.source, told.description.empty() ? L"" : kProgIdHXMeasSettings);
+        return told.description;
     }
 
     ComPtr<IXmlBstrSerializable> m_settings;

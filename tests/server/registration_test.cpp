@@ -11,6 +11,7 @@
 #include "platform/registry/registry_classes.h"
 #include "platform/system/utf8.h"
 #include "tests/server/component_library.h"
+#include "tests/told_error.h"
 
 namespace {
 
@@ -224,13 +225,6 @@ TEST_F(Registration, LeavesTheKeysOfOthersAlone) {
     EXPECT_EQ(KeysOf(*m_registry), before);
 }
 
-std::wstring TakenErrorText() {
-    hx::ComPtr<IErrorInfo> information;
-    hx::Bstr text;
-    if (GetErrorInfo(0, information.put()) == S_OK) information->GetDescription(text.put());
-    return std::wstring(text.view());
-}
-
 // The code that a refused operation ends with, by the step that it belongs to: the type library is entered
 // twice, then come the controls, then the place of components.
 HRESULT CodeOf(const Operations& all, size_t refused) {
@@ -266,14 +260,14 @@ TEST_F(Registration, EndsAtTheFirstRefusalWithTheCodeOfItsStep) {
         HRESULT result = E_UNEXPECTED;
         const Operations all = run(RefusingRegistry::kNone, result);
         EXPECT_EQ(result, S_OK);
-        EXPECT_EQ(TakenErrorText(), L"");
+        EXPECT_EQ(TakeToldError().description, L"");
         for (size_t i = 0; i < all.size(); ++i) {
             SCOPED_TRACE(testing::PrintToString(all[i]));
             const Operations done = run(i, result);
             EXPECT_EQ(result, CodeOf(all, i));
             EXPECT_TRUE(
                 std::equal(done.begin(), done.end(), all.begin(), all.begin() + static_cast<long>(i) + 1));
-            const std::wstring text = TakenErrorText();
+            const std::wstring text = TakeToldError().description;
             EXPECT_NE(text.find(all[i].substr(all[i].find_last_of(L"\\ ") + 1)), std::wstring::npos)
                 << testing::PrintToString(text);
             EXPECT_NE(text.find(L"0x80070005"), std::wstring::npos);
@@ -306,7 +300,7 @@ TEST_F(Registration, EntersTheClassesThatTheTablesList) {
 
     hx::SetRegistry(std::make_shared<RefusingRegistry>(m_registry, 0));
     EXPECT_EQ(libraries[1].Register(), SELFREG_E_CLASS);
-    EXPECT_NE(TakenErrorText(), L"");
+    EXPECT_NE(TakeToldError().description, L"");
 }
 
 TEST_F(Registration, CategoriesLieBelowTheClass) {

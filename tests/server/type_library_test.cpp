@@ -3,6 +3,10 @@
 
 #include "hxapi/DHXConfigCtrl.h"
 #include "hxapi/HXScannerCtrlsClasses.h"
+#include "hxapi/ICoMHXConnSettings.h"
+#include "hxapi/ICoMHXMeasSettings.h"
+#include "hxapi/IGetPointer.h"
+#include "hxapi/IProfileSettingsFactory.h"
 #include "platform/com/ole_control.h"
 #include "platform/com/typelib.h"
 #include "tests/server/component_library.h"
@@ -53,27 +57,36 @@ protected:
 };
 
 TEST_F(TypeLibraryOfTheProduct, ListsTypesAndClassesWhoseObjectsHaveWhatItSays) {
+    constexpr WORD kDual = TYPEFLAG_FDUAL | TYPEFLAG_FDISPATCHABLE,
+                   kPage = TYPEFLAG_FCANCREATE | TYPEFLAG_FCONTROL;
     const struct {
         TYPEKIND kind;
+        GUID guid;
+        WORD flags;
         HRESULT created;
         const wchar_t* text;
     } rows[] = {
-        {TKIND_INTERFACE, E_NOTIMPL, L"IXmlBstrSerializable"},
-        {TKIND_DISPATCH, E_NOTIMPL, L"ITriggerSource"},
-        {TKIND_INTERFACE, E_NOTIMPL, L"IGetPointer"},
-        {TKIND_DISPATCH, E_NOTIMPL, L"ICoMHXMeasSettings"},
-        {TKIND_INTERFACE, E_NOTIMPL, L"ICoMHXConnSettings"},
-        {TKIND_INTERFACE, E_NOTIMPL, L"IProfileSettingsFactory"},
-        {TKIND_DISPATCH, E_NOTIMPL, L"DHXConfigCtrl"},
-        {TKIND_DISPATCH, E_NOTIMPL, L"DHXConfigCtrlEvents"},
-        {TKIND_COCLASS, S_OK,
+        {TKIND_INTERFACE, IID_IXmlBstrSerializable, 0, E_NOTIMPL, L"IXmlBstrSerializable"},
+        {TKIND_DISPATCH, IID_ITriggerSource, kDual, E_NOTIMPL, L"ITriggerSource"},
+        {TKIND_INTERFACE, IID_IGetPointer, 0, E_NOTIMPL, L"IGetPointer"},
+        {TKIND_DISPATCH, IID_ICoMHXMeasSettings, kDual, E_NOTIMPL, L"ICoMHXMeasSettings"},
+        {TKIND_INTERFACE, IID_ICoMHXConnSettings, 0, E_NOTIMPL, L"ICoMHXConnSettings"},
+        {TKIND_INTERFACE, IID_IProfileSettingsFactory, 0, E_NOTIMPL, L"IProfileSettingsFactory"},
+        {TKIND_DISPATCH, IID_DHXConfigCtrl, kDual, E_NOTIMPL, L"DHXConfigCtrl"},
+        {TKIND_DISPATCH, IID_DHXConfigCtrlEvents, TYPEFLAG_FDISPATCHABLE, E_NOTIMPL, L"DHXConfigCtrlEvents"},
+        {TKIND_COCLASS, CLSID_CoMHXMeasSettings, TYPEFLAG_FCANCREATE, S_OK,
          L"CoMHXMeasSettings +ICoMHXMeasSettings IXmlBstrSerializable ITriggerSource IGetPointer"},
-        {TKIND_COCLASS, S_OK, L"CoMHXSettingsFactory +IProfileSettingsFactory"},
-        {TKIND_COCLASS, S_OK, L"CoMHXConnSettings +ICoMHXConnSettings IXmlBstrSerializable"},
-        {TKIND_COCLASS, S_OK, L"HXScannerMeasSettingsCtrl +DHXConfigCtrl +<!DHXConfigCtrlEvents"},
-        {TKIND_COCLASS, S_OK, L"HXScannerHandheldMeasSettingsCtrl +DHXConfigCtrl +<!DHXConfigCtrlEvents"},
-        {TKIND_COCLASS, S_OK, L"HXScannerDiagnosticsCtrl +DHXConfigCtrl +<!DHXConfigCtrlEvents"},
-        {TKIND_COCLASS, REGDB_E_CLASSNOTREG,
+        {TKIND_COCLASS, CLSID_CoMHXSettingsFactory, TYPEFLAG_FCANCREATE, S_OK,
+         L"CoMHXSettingsFactory +IProfileSettingsFactory"},
+        {TKIND_COCLASS, CLSID_CoMHXConnSettings, TYPEFLAG_FCANCREATE, S_OK,
+         L"CoMHXConnSettings +ICoMHXConnSettings IXmlBstrSerializable"},
+        {TKIND_COCLASS, CLSID_HXScannerMeasSettingsCtrl, kPage, S_OK,
+         L"HXScannerMeasSettingsCtrl +DHXConfigCtrl +<!DHXConfigCtrlEvents"},
+        {TKIND_COCLASS, CLSID_HXScannerHandheldMeasSettingsCtrl, kPage, S_OK,
+         L"HXScannerHandheldMeasSettingsCtrl +DHXConfigCtrl +<!DHXConfigCtrlEvents"},
+        {TKIND_COCLASS, CLSID_HXScannerDiagnosticsCtrl, kPage, S_OK,
+         L"HXScannerDiagnosticsCtrl +DHXConfigCtrl +<!DHXConfigCtrlEvents"},
+        {TKIND_COCLASS, CLSID_HXScannerRorSettingsCtrl, kPage, REGDB_E_CLASSNOTREG,
          L"HXScannerRorSettingsCtrl +DHXConfigCtrl +<DHXConfigCtrlEvents"},
     };
     ComPtr<ITypeInfo> own;
@@ -88,6 +101,15 @@ TEST_F(TypeLibraryOfTheProduct, ListsTypesAndClassesWhoseObjectsHaveWhatItSays) 
         ComPtr<IUnknown> object;
         EXPECT_EQ(info->CreateInstance(nullptr, IID_IUnknown, object.put_void()), rows[i].created) << i;
         EXPECT_EQ(NameOf(*info) + InterfacesOf(*info, object), rows[i].text);
+        TYPEATTR* attributes = nullptr;
+        ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
+        EXPECT_EQ(attributes->guid, rows[i].guid) << i;
+        EXPECT_EQ(attributes->wTypeFlags, rows[i].flags) << i;
+        info->ReleaseTypeAttr(attributes);
+        if (rows[i].created != S_OK) continue;
+        void* none = &own;
+        EXPECT_EQ(info->CreateInstance(library.get(), IID_IUnknown, &none), CLASS_E_NOAGGREGATION) << i;
+        EXPECT_EQ(none, nullptr);
     }
 }
 

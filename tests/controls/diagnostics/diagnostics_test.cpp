@@ -2,6 +2,8 @@
 #include <stdlib.h>
 
 #include "controls/diagnostics/CDiagnosticsDlg.h"
+#include "controls/shell/ConfigCtrl.h"
+#include "controls/shell/PageControlClass.h"
 #include "core/errors/MException.h"
 #include "core/locale/MResourceLocale.h"
 #include "core/messages/MMatchingRule.h"
@@ -32,6 +34,16 @@ public:
     HRESULT Resume(IErrorInfo**) override { return S_OK; }
     HRESULT GetDeviceManager(IDeviceManager**, IErrorInfo**) override { return E_NOTIMPL; }
 };
+
+// Keeps the API that it is given, and fails whenever it can.
+struct FailingPage final : ui::Dialog {
+    static constexpr uint32_t kTemplate = CDiagnosticsDlg::kTemplate;
+    void SetApi(const ComPtr<IHXApi>& api) { given = api; }
+    HRESULT OnSelected() { return E_ABORT; }
+    HRESULT OnDeselected() { return E_ACCESSDENIED; }
+    inline static ComPtr<IHXApi> given;
+};
+constexpr ui::FullControlClass kFailingClass = PageControlClass(CLSID_NULL, L"Failing", {1, 1});
 
 std::wstring ChainSaying(const std::wstring& message) {
     MError error(L"Arm.Move:Stuck");
@@ -304,6 +316,16 @@ TEST_F(DiagnosticsPage, FollowsTheWidthAndKeepsLongTextsReadable) {
         EXPECT_EQ(page->Find(235)->ToolTip(), wider ? L"" : scanner.DisplayName);
         EXPECT_EQ(page->Find(236)->ToolTip(), L"");
     }
+}
+
+TEST_F(DiagnosticsPage, ItsControlPassesFailuresOnAndRefusesHalfAnApi) {
+    const auto control = Make<ConfigCtrl<FailingPage, kFailingClass>>();
+    EXPECT_EQ(control->OnSelected(), E_ABORT);
+    EXPECT_EQ(control->OnDeselected(), E_ACCESSDENIED);
+    const auto whole = Make<scripted::Api>(script).as<IHXApi>();
+    EXPECT_EQ(control->SetHXApi(whole.get()), S_OK);
+    EXPECT_EQ(control->SetHXApi(Make<OldApi>().get()), E_INVALIDARG);
+    EXPECT_EQ(std::exchange(FailingPage::given, nullptr), whole) << "the one before stays";
 }
 
 }  // namespace

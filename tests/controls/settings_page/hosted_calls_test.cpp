@@ -127,6 +127,7 @@ TEST_F(HostedPage, WithAScannerFromTheBeginning) {
         {"slower", [&] { User().Scroll(At<hx::ui::TrackBar>(289), TB_TOP); },
          Scan(1, 0, 3) + Activate("$DARK") + kRate},
         {"another profile, cancelled", [&] { User().ClickRow(At<hx::ui::ListBox>(6000), 0); }, ""},
+        {"closing, with nowhere to answer", [&] { EXPECT_EQ(m_page->Save(nullptr), E_INVALIDARG); }, ""},
         {"closing, cancelled", [&] { EXPECT_FALSE(Save()); }, Store("$DARK")},
         {"closing, discarded",
          [&] {

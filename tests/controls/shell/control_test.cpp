@@ -24,12 +24,21 @@ class Map final : public hx::Implements<Map, hx::SingleThreaded, IHXSettingsObje
     }
 };
 
+class Site final : public hx::Implements<Site, hx::SingleThreaded, IPropertyPageSite> {
+    HRESULT STDMETHODCALLTYPE OnStatusChange(DWORD) override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE GetLocaleID(LCID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetPageContainer(IUnknown**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*) override { return S_FALSE; }
+};
+
 // What the control needs of a container, as it is in use or being designed.
-class Container final
-    : public hx::Implements<Container, hx::SingleThreaded, IOleClientSite, IOleInPlaceSite, IDispatch> {
+class Container final : public hx::Implements<Container, hx::SingleThreaded, IOleClientSite, IOleInPlaceSite,
+                                              IOleControlSite, IDispatch> {
 public:
     explicit Container(ui::Window& window) : m_window(window) {}
     bool is_designed = false;
+    HRESULT frame_answer = E_NOTIMPL;  // of its own frame for property pages
+    int frames = 0;                    // it was asked for
 
     HRESULT SaveObject() override { return E_NOTIMPL; }
     HRESULT GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
@@ -56,6 +65,16 @@ public:
     HRESULT DiscardUndoState() override { return E_NOTIMPL; }
     HRESULT DeactivateAndUndo() override { return E_NOTIMPL; }
     HRESULT OnPosRectChange(const RECT*) override { return E_NOTIMPL; }
+    HRESULT OnControlInfoChanged() override { return S_OK; }
+    HRESULT LockInPlaceActive(BOOL) override { return E_NOTIMPL; }
+    HRESULT GetExtendedControl(IDispatch**) override { return E_NOTIMPL; }
+    HRESULT TransformCoords(POINT*, POINTF*, DWORD) override { return E_NOTIMPL; }
+    HRESULT TranslateAccelerator(MSG*, DWORD) override { return S_FALSE; }
+    HRESULT OnFocus(BOOL) override { return S_OK; }
+    HRESULT ShowPropertyFrame() override {
+        ++frames;
+        return frame_answer;
+    }
     HRESULT GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     HRESULT GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
@@ -367,6 +386,10 @@ TEST_F(ControlTest, DesignersSeeAPicture) {
 TEST_F(ControlTest, PropertiesAreATextOnAPage) {
     EXPECT_EQ(Do(OLEIVERB_PROPERTIES), S_OK);
     EXPECT_EQ(Do(1), S_OK);
+    EXPECT_EQ(m_container->frames, 2);
+    m_container->frame_answer = S_OK;
+    EXPECT_EQ(Do(1), S_OK);
+    EXPECT_EQ(m_container->frames, 3);
     const auto modals = m_script.TakeModals();
     ASSERT_EQ(modals.size(), 2u);
     EXPECT_EQ(modals[0].title, L"General");
@@ -380,7 +403,12 @@ TEST_F(ControlTest, PropertiesAreATextOnAPage) {
     const RECT place{0, 0, info.size.cx, info.size.cy};
     EXPECT_EQ(page->Show(SW_SHOW), E_UNEXPECTED);
     EXPECT_EQ(page->Activate(nullptr, &place, FALSE), E_INVALIDARG);
-    EXPECT_EQ(page->Activate(ui::ToHwnd(m_frame.Handle()), &place, FALSE), S_OK);
+    for (const HRESULT result : {S_OK, E_UNEXPECTED}) {
+        EXPECT_EQ(page->Activate(ui::ToHwnd(m_frame.Handle()), &place, FALSE), result);
+        EXPECT_EQ(page->SetPageSite(hx::Make<Site>().get()), result);
+    }
+    EXPECT_EQ(page->SetPageSite(nullptr), S_OK);
+    EXPECT_EQ(page->SetPageSite(hx::Make<Site>().get()), S_OK) << "after the one before was taken away";
     EXPECT_EQ(page->Show(SW_SHOW), S_OK);
     ASSERT_EQ(m_frame.Children().size(), 1u);
     EXPECT_TRUE(m_frame.Children().front()->IsVisible());

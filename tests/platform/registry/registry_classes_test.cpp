@@ -7,8 +7,8 @@
 
 #include "platform/com/comptr.h"
 #include "platform/com/loader.h"
-#include "platform/system/files.h"
 #include "tests/memory_registry.h"
+#include "tests/platform/beside_platform.h"
 #include "tests/platform/registry/child_process.h"
 #include "tests/platform/registry/store_fixture.h"
 #include "tests/platform/test_component.h"
@@ -91,21 +91,20 @@ TEST_F(RegistryClassesTest, AreMadeOutOfTheirLibrary) {
 }
 
 TEST_F(RegistryClassesTest, ComeBeforeThoseOfTheTables) {
-    const auto table = ThisLibraryFolder() / ("registry_test_" + std::to_string(getpid()) + ".classes");
-    ASSERT_FALSE(
-        WriteFileAtomically(table,
-                            "{C0000000-0000-0000-0000-0000000000A1}\tReg.Tally.1\tTable.Tally\t\tgone.so\n"
-                            "{C0000000-0000-0000-0000-0000000000C1}\tReg.Other.1\tReg.Other\t\tother.so\n"));
-    RegisterTally();
-    const auto lookup = ClassLookup();
-    std::filesystem::remove(table);
-    EXPECT_EQ(lookup->LibraryOf(CLSID_Tally), g_component);
-    EXPECT_EQ(lookup->ByClsid(CLSID_Tally)->library, g_component);
-    EXPECT_EQ(lookup->ByProgId(L"Reg.Other"), CLSID_Other);
-    EXPECT_EQ(lookup->ByClsid(CLSID_Other)->prog_id, L"Reg.Other.1");
-    const auto all = lookup->All();
-    EXPECT_EQ(std::ranges::count(all, CLSID_Tally, &ClassEntry::clsid), 1);
-    EXPECT_EQ(std::ranges::count(all, CLSID_Other, &ClassEntry::clsid), 1);
+    constexpr std::string_view kTable =
+        "{C0000000-0000-0000-0000-0000000000A1}\tReg.Tally.1\tTable.Tally\t\tgone.so\n"
+        "{C0000000-0000-0000-0000-0000000000C1}\tReg.Other.1\tReg.Other\t\tother.so\n";
+    BesideThePlatformLibrary(kTable, [] {
+        RegisterTally();
+        const auto lookup = ClassLookup();
+        EXPECT_EQ(lookup->LibraryOf(CLSID_Tally), g_component);
+        EXPECT_EQ(lookup->ByClsid(CLSID_Tally)->library, g_component);
+        EXPECT_EQ(lookup->ByProgId(L"Reg.Other"), CLSID_Other);
+        EXPECT_EQ(lookup->ByClsid(CLSID_Other)->prog_id, L"Reg.Other.1");
+        const auto all = lookup->All();
+        EXPECT_EQ(std::ranges::count(all, CLSID_Tally, &ClassEntry::clsid), 1);
+        EXPECT_EQ(std::ranges::count(all, CLSID_Other, &ClassEntry::clsid), 1);
+    });
 }
 
 TEST_F(RegistryClassesTest, MalformedEntriesArePassedOver) {
