@@ -84,9 +84,10 @@ std::vector<std::wstring> ComponentLibraries() {
     return libraries;
 }
 
-RegistrationAnswer RunRegistration(RegistrationAction action, const std::wstring& library) {
-    return Answer(library, action == RegistrationAction::kRegister ? hx::RegisterComponentLibrary(library)
-                                                                   : hx::UnregisterComponentLibrary(library));
+RegistrationAnswer RunRegistration(hx::RegistrationAction action, const std::wstring& library) {
+    return Answer(library, action == hx::RegistrationAction::kRegister
+                               ? hx::RegisterComponentLibrary(library)
+                               : hx::UnregisterComponentLibrary(library));
 }
 
 RegistrationAnswer CheckLibrary(const std::wstring& library) {

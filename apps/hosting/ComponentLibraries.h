@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/com/hresult.h"
+#include "platform/registry/registration_script.h"
 #include "platform/registry/registry.h"
 
 namespace hosting {
@@ -13,13 +14,11 @@ namespace hosting {
 // Absolute, in the order in which they are registered.
 std::vector<std::wstring> ComponentLibraries();
 
-enum class RegistrationAction { kRegister, kUnregister };
-
 struct RegistrationAnswer {
     HRESULT result;
     std::wstring reason;  // with the library's name; empty unless it failed
 };
-RegistrationAnswer RunRegistration(RegistrationAction action, const std::wstring& library);
+RegistrationAnswer RunRegistration(hx::RegistrationAction action, const std::wstring& library);
 
 // Whether objects can be made of what lies there: the library is loaded, and none is made.
 RegistrationAnswer CheckLibrary(const std::wstring& library);

@@ -33,7 +33,7 @@ void TellReport(const hx::RegistryReport& report) {
 }
 
 int Run(int argc, char** argv) {
-    hosting::RegistrationAction action = hosting::RegistrationAction::kRegister;
+    hx::RegistrationAction action = hx::RegistrationAction::kRegister;
     std::vector<std::wstring> libraries;
     bool takes_options = true;
     for (int i = 1; i < argc; ++i) {
@@ -41,7 +41,7 @@ int Run(int argc, char** argv) {
         if (takes_options && argument == "--") {
             takes_options = false;
         } else if (takes_options && (argument == "-u" || argument == "--unregister")) {
-            action = hosting::RegistrationAction::kUnregister;
+            action = hx::RegistrationAction::kUnregister;
         } else if (takes_options && (argument == "-h" || argument == "--help")) {
             std::cout << kUsage;
             return kDone;

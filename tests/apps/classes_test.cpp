@@ -104,8 +104,7 @@ using ClassesInMemory = WithMemoryRegistry;
 
 TEST_F(ClassesInMemory, AStoreThatRefusesIsNamed) {
     RefuseWrites();
-    for (const auto action :
-         {hosting::RegistrationAction::kRegister, hosting::RegistrationAction::kUnregister}) {
+    for (const auto action : {hx::RegistrationAction::kRegister, hx::RegistrationAction::kUnregister}) {
         const hxctl::Outcome refused = hxctl::RunRegistration(action, {}, false);
         EXPECT_EQ(refused.exit, 1);
         EXPECT_EQ(refused.output, "");

@@ -4,7 +4,7 @@
 
 namespace hxctl {
 
-using hosting::RegistrationAction;
+using hx::RegistrationAction;
 
 void ClassesArguments::Add(CLI::App& app) {
     AddRegistration(app, "register", "enters component classes into the registry, for all users",

@@ -17,8 +17,7 @@ public:
     void Add(CLI::App& app);
 
 private:
-    void AddRegistration(CLI::App& app, const char* name, const char* help,
-                         hosting::RegistrationAction action);
+    void AddRegistration(CLI::App& app, const char* name, const char* help, hx::RegistrationAction action);
 
     std::function<Outcome()>& m_run;
     const bool& m_json;

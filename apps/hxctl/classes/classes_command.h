@@ -11,8 +11,7 @@ namespace hxctl {
 
 // hxctl register|unregister [--library FILE]...; without one, the libraries of this installation. What
 // follows a library that fails is done all the same.
-Outcome RunRegistration(hosting::RegistrationAction action, const std::vector<std::string>& libraries,
-                        bool json);
+Outcome RunRegistration(hx::RegistrationAction action, const std::vector<std::string>& libraries, bool json);
 
 // hxctl classes: what can be created, and whether it really can be. kRefused if something cannot be.
 Outcome RunClasses(bool json);

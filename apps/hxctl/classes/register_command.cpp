@@ -6,8 +6,7 @@
 
 namespace hxctl {
 
-Outcome RunRegistration(hosting::RegistrationAction action, const std::vector<std::string>& libraries,
-                        bool json) {
+Outcome RunRegistration(hx::RegistrationAction action, const std::vector<std::string>& libraries, bool json) {
     std::vector<std::wstring> paths;
     for (const std::string& library : libraries) {
         auto path = hx::FromUtf8(library);
@@ -20,8 +19,7 @@ Outcome RunRegistration(hosting::RegistrationAction action, const std::vector<st
     hx::Registry()->OpenKey(hx::RegistryRoot::kClassesRoot, L"", hx::RegistryAccess::kReadWrite);
     TellRegistryReports();
 
-    const char* const done =
-        action == hosting::RegistrationAction::kRegister ? "registered " : "unregistered ";
+    const char* const done = action == hx::RegistrationAction::kRegister ? "registered " : "unregistered ";
     Outcome outcome;
     Json list = Json::array();
     for (const std::wstring& path : paths) {
